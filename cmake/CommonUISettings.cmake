@@ -1,0 +1,44 @@
+# What every target of this project is compiled with.
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+
+if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
+endif()
+
+include(GNUInstallDirs)
+set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
+
+find_program(COMMONUI_CCACHE ccache)
+if(COMMONUI_CCACHE)
+    # Precompiled headers are cached only with these two allowances.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+        CCACHE_SLOPPINESS=pch_defines,time_macros CCACHE_NOHASHDIR=1 "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}"
+        "${COMMONUI_CCACHE}")
+endif()
+
+add_compile_options(-Wall -Wextra -Werror)
+add_compile_definitions(
+    QT_NO_CAST_FROM_BYTEARRAY QT_NO_FOREACH QT_NO_KEYWORDS QT_STRICT_ITERATORS
+    QT_DEPRECATED_WARNINGS $<$<NOT:$<CONFIG:Debug>>:QT_NO_DEBUG_OUTPUT>)
+add_link_options(-Wl,-z,defs -Wl,--as-needed)
+
+set(COMMONUI_SANITIZER "" CACHE STRING "Sanitizers to build with: empty, 'address,undefined' or 'thread'")
+if(COMMONUI_SANITIZER)
+    add_compile_options(-fsanitize=${COMMONUI_SANITIZER} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${COMMONUI_SANITIZER})
+endif()
+
+option(COMMONUI_COVERAGE "Instrument for coverage" OFF)
+if(COMMONUI_COVERAGE)
+    add_compile_options(--coverage)
+    add_link_options(--coverage)
+endif()

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "ConfigManager.h"
+#include "TLocalTime.h"
+#include "TMemoryConfigManager.h"
+#include "TSoundServer.h"
+#include "TSystemSettingsProxy.h"
+
+#include <QTemporaryDir>
+#include <QVector>
+
+/// A clock that a test holds in its hand, in force while the object lives.
+class TManualClock
+{
+public:
+    explicit TManualClock(qint64 now = 1000000)
+        : m_Now(now)
+    {
+        TLocalTime::SetClock([this] { return m_Now; });
+    }
+    ~TManualClock() { TLocalTime::SetClock({}); }
+    TManualClock(TManualClock const&) = delete;
+    TManualClock& operator=(TManualClock const&) = delete;
+
+    void Advance(qint64 ms) { m_Now += ms; }
+    qint64 Now() const { return m_Now; }
+
+private:
+    qint64 m_Now;
+};
+
+/// Fresh settings in memory, in force while the object lives.
+class TTestConfig : public TMemoryConfigManager
+{
+public:
+    TTestConfig()
+        : m_Before(Install(this))
+    {
+    }
+    ~TTestConfig() override { Install(m_Before); }
+
+private:
+    ConfigManager* m_Before;
+};
+
+/// A USB stick in a temporary folder that a test inserts and pulls; in force while the object lives.
+class TTestDrives : public TSystemSettingsProxy
+{
+public:
+    TTestDrives()
+        : m_Before(Install(this))
+    {
+    }
+    ~TTestDrives() override { Install(m_Before); }
+
+    void Insert() { m_Present = true; }
+    void Pull() { m_Present = false; }
+    QString StickPath() const { return m_Stick.path(); }
+
+    bool IsExternalDrivePresent() const override { return m_Present; }
+    bool GetExternalDrivePath(QString& path) const override
+    {
+        if (m_Present)
+            path = m_Stick.path();
+        return m_Present;
+    }
+
+private:
+    TSystemSettingsProxy* m_Before;
+    QTemporaryDir m_Stick;
+    bool m_Present = false;
+};
+
+/// Sets one value for the lifetime of the object and puts the old one back.
+template<typename T>
+class TScopedValue
+{
+public:
+    TScopedValue(T& variable, T value)
+        : m_Variable(variable)
+        , m_Before(variable)
+    {
+        variable = value;
+    }
+    ~TScopedValue() { m_Variable = m_Before; }
+    TScopedValue(TScopedValue const&) = delete;
+    TScopedValue& operator=(TScopedValue const&) = delete;
+
+private:
+    T& m_Variable;
+    T m_Before;
+};
