@@ -1,0 +1,219 @@
+#include "Metrics.h"
+
+// Screen and margins
+int const SCREEN_WIDTH = 1024;
+#ifdef COMMONUI_SCREEN_HEIGHT
+int const SCREEN_HEIGHT = COMMONUI_SCREEN_HEIGHT;
+#else
+int const SCREEN_HEIGHT = 768;
+#endif
+int const SCREEN_MARGIN = 15;
+int const WINDOW_SHADOW = 9;
+int const WINDOW_MAX_WIDTH = 1003;
+int const WINDOW_MAX_HEIGHT = 747;
+
+// Navigation bar and window
+int const NAVBAR_WIDTH = 67;
+int const SPACE_BETWEEN_NAV_BARS = 7;
+int const NAVIGATION_WINDOW_COLUMNS = 4;
+int const NAVIGATION_BUTTON_HEIGHT = 132;
+int const NAVIGATION_BUTTON_WIDTH = 75;
+int const NAVIGATION_BUTTON_Y_POS = 160;
+
+// Mini windows
+int const MINI_WINDOW_SIZE = 256;
+int const MINI_WINDOW_CONTENT_WIDTH = 248;
+int const MINI_WINDOW_CONTENT_HEIGHT = 220;
+int const MINI_WINDOW_CONTENT_X_OFFSET = 14;
+int const MINI_WINDOW_CONTENT_Y_OFFSET = 30;
+int const MINI_WINDOW_STRIPE = 12;
+int const MINI_WINDOW_BORDER = 19;
+int const MINI_WINDOW_FRAME_SIZE = 4;
+int const MINI_WINDOW_SHADOW = 7;
+
+// Full windows
+int const FULL_WINDOW_X_POS = 335;
+int const FULL_WINDOW_Y_POS = 0;
+int const FULL_WINDOW_WIDTH = 689;
+int const FULL_WINDOW_HEIGHT = 682;
+int const FULL_WINDOW_TITLEBAR_HEIGHT = 24;
+int const FULL_WINDOW_TITLEBAR_WIDGET_HEIGHT = 40;
+
+// Popup windows
+int const POPUP_WINDOW_WIDTH = 260;
+int const POPUP_WINDOW_HEIGHT = 200;
+int const POPUP_WINDOW_POS_X = 350;
+int const POPUP_WINDOW_POS_Y = 60;
+int const POPUP_WINDOW_CONTENT_X_OFFSET = 3;
+int const POPUP_WINDOW_CONTENT_Y_OFFSET = 4;
+int const POPUP_WINDOW_TITLEBAR_HEIGHT = 30;
+int const POPUP_WINDOW_FRAME_BORDER_SIZE = 15;
+int const POPUP_PARENT_WINDOW_MARGIN = 10;
+int const POPUP_WINDOW_NESTING_MARGIN = 10;
+
+// Task windows
+int const MAX_TASK_WINDOW_HEIGHT = 622;
+int const TASK_WINDOW_TOOLBAR_GAP = 7;
+int const TASK_WINDOW_BUTTON_HEIGHT = 70;
+int const TASK_WINDOW_CONTROLS_HEIGHT = 70;
+int const TASK_WINDOW_TITLEBAR_HEIGHT = 30;
+int const TASK_WINDOW_FRAME_BORDER_WIDTH = 15;
+int const TASK_WINDOW_FRAME_BORDER_HEIGHT = 15;
+int const TASK_WINDOW_CONTENT_WIDTH = 318;
+int const TASK_WINDOW_FRAME_X_OFFSET = 3;
+int const TASK_WINDOW_FRAME_Y_OFFSET = 3;
+int const TASK_WINDOW_CONTENT_X_OFFSET = 3;
+int const TASK_WINDOW_CONTENT_Y_OFFSET = 3;
+int const TASK_WINDOW_SETUP_CONTENT_STANDARD_WIDTH = 845;
+int const TASK_WINDOW_SETUP_CONTENT_STANDARD_HEIGHT = 315;
+int const WINDOW_TOOLBAR_WIDTH = 72;
+int const WINDOW_TOOLBAR_BUTTON_WIDTH = 72;
+int const WINDOW_TOOLBAR_BUTTON_HEIGHT = 64;
+int const TASK_TOOLBAR_BUTTON_WIDTH = 72;
+int const TASK_TOOLBAR_BUTTON_HEIGHT = 62;
+int const TASK_TOOLBAR_ICON_SIZE = 46;
+float const TASK_WINDOW_DEFAULT_BACKROUND_OPACITY = 1.0F;
+
+// Setup windows and inline edit
+int const SETUP_WINDOW_POS_X = 82;
+int const SETUP_WINDOW_POS_Y = 26;
+int const SETUP_WINDOW_WIDTH = 860;
+int const SETUP_WINDOW_HEIGHT = 400;
+int const SETUP_AREA_HEIGHT = 444;
+int const SETUP_TOP_MARGIN = 23;
+int const SETUP_BOTTOM_MARGIN = 15;
+int const SETUP_BUTTON_RIGHT_MARGIN = 0;
+int const SETUP_WINDOW_TITLE_MIN_FONT = 12;
+int const SETUP_WINDOW_TITLE_MAX_FONT = 24;
+int const TITLEBAR_HEIGHT = 46;
+int const TITLE_X_OFFSET = 38;
+int const TITLE_BAR_OVERLAP = 5;
+int const FRAME_OVERLAP = 10;
+int const CONTROL_BUTTON_OVERLAP = 20;
+int const SETUP_TAB_FRAME_WIDTH = 752;
+int const SETUP_TAB_FRAME_HEIGHT = 370;
+int const SETUP_TAB_FRAME_CORNER_WIDTH = 33;
+int const SETUP_TAB_FRAME_CORNER_HEIGHT = 30;
+int const INLINE_EDIT_FONT_SIZE = 14;
+int const IE_TOP_MARGIN = 15;
+int const IE_BOTTOM_MARGIN = 26;
+int const IE_LEFT_BORDER = 19;
+int const IE_RIGHT_BORDER = 18;
+int const IE_MIN_COLUMN_WIDTH = 245;
+int const IE_TABLE_LEFT_MARGIN = 25;
+int const IE_TABLE_RIGHT_MARGIN = 25;
+int const ROW_OFFSET = 64;
+int const MAX_VISIBLE_ITEMS = 20;
+int const ICON_X_OFFSET = 15;
+int const INV_CATEGORY_MARGIN = 0;
+
+// Panels
+int const PANEL_COLUMN_WIDTH = 150;
+int const PANEL_WINDOW_MAXIMUM_WIDTH = 300;
+int const PANEL_HEIGHT = 450;
+int const PANEL_HORIZONTAL_HEIGHT = 192;
+int const PANEL_TITLEBAR_BUTTON_HEIGHT = 50;
+int const PANEL_TITLEBAR_BUTTON_HEIGHT_SHORT = 35;
+
+// Tab bars and tab buttons
+int const TABBAR_HEIGHT = 58;
+int const TABBAR_BUTTON_SPACING = 50;
+int const TABBAR_HORIZONTAL_BUTTON_SIZE = 50;
+int const TABBAR_VERTICAL_WIDTH = 96;
+int const TABBAR_VERTICAL_BUTTON_SIZE = 60;
+int const TABBAR_VERTICAL_BUTTON_SPACING = 60;
+int const TABBAR_VERTICAL_OFFSET = 3;
+int const TABBAR_OVERLAP = 15;
+int const TAB_OFFSET = 1;
+int const TAB_BUTTON_WIDTH = 63;
+int const SMALL_TAB_BUTTON_HEIGHT = 94;
+int const BOTTOM_TAB_BUTTON_BLANK_HEIGHT = 12;
+
+// Buttons and icons
+int const STANDARD_BUTTON_WIDTH = 60;
+int const STANDARD_BUTTON_HEIGHT = 57;
+int const CONTROL_BUTTON_MIN_WIDTH = 70;
+int const FLOATING_CONTROL_BUTTON_HEIGHT = 66;
+int const SHORTCUT_BUTTON_WIDTH = 59;
+int const SHORTCUT_BUTTON_HEIGHT = 55;
+int const CONFIGURATION_BUTTON_HEIGHT = 65;
+int const BUTTON_BLANK_AREA = 3;
+int const STANDARD_ICON_SIZE = 46;
+int const VIEW_ICON_SIZE = 60;
+int const VIEW_ICONS_HEIGHT = 60;
+int const CONTROL_MARGIN = 42;
+
+// System tool bar and off-screen buttons
+int const SYSTEM_TOOLBAR_BUTTON_WIDTH = 72;
+int const SYSTEM_TOOLBAR_BUTTON_HEIGHT = 84;
+int const SYSTEM_TOOLBAR_INTER_BUTTON_SPACING = 10;
+int const SYSTEM_TOOLBAR_MAX_BUTTONS = 5;
+int const OFF_SCREEN_BUTTON_SIZE = 88;
+int const OFF_SCREEN_BUTTON_OVERLAP = 10;
+int const OFF_SCREEN_BUTTON_BOTTOM_MARGIN = 30;
+
+// Dashboard
+int const TYPICAL_DASHBOARD_HEIGHT = 86;
+int const DASHBOARD_PANEL_STANDARD_WIDTH = 110;
+int const DASHBOARD_PANEL_STANDARD_HEIGHT = 86;
+int const DASHBOARD_INTER_BLOCK_SPACING = 5;
+float const DASHBOARD_OPACITY = 1.0F;
+
+// Lists, property pages, tables
+int const LIST_ROW_HEIGHT = 50;
+int const FILE_LIST_ROW_HEIGHT = 40;
+int const LIST_BORDER = 20;
+int const LIST_TITLE_OFFSET = 15;
+int const LIST_SCROLL_BUTTON_HEIGHT = 0;
+int const PROPERTY_WIDGET_HEIGHT = 60;
+int const PROPERTY_WIDGET_HEIGHT_MULTILINE = 69;
+int const TABLE_SEPARATION = 5;
+int const ITEM_SELECT_HEIGHT = 100;
+int const ITEM_SELECT_Y_POS = 5;
+int const INPUT_WINDOW_MARGIN = 10;
+int const INPUT_WINDOW_SHADOW_SIZE = 9;
+int const ALARM_WIDTH = 616;
+int const PIVOT_PROGRESS_BAR_VERTICAL_POS = 225;
+int const STATUS_WINDOW_HEIGHT = 26;
+int const STATUS_WINDOW_LEFT_MARGIN = 122;
+int const STATUS_WINDOW_RIGHT_MARGIN = 118;
+
+// Menus and guide
+int const MIN_MENU_HEIGHT = 63;
+int const MAX_MENU_HEIGHT = 110;
+int const LEVEL_SPACER = 96;
+int const TABLE_OF_CONTENTS_HEIGHT = 385;
+float const TABLE_OF_CONTENTS_DRAG_RATIO = 0.5F;
+float const TABLE_OF_CONTENTS_SCALE_FACTOR = 1.0F;
+
+// Keyboard and number pad
+int const KEY_HEIGHT = 57;
+int const KEY_WIDTH_MIN = 25;
+int const KEY_WIDTH_MAX = 60;
+int const KEY_PAD_GAP_MIN = 2;
+int const KEY_PAD_GAP_MAX = 5;
+int const KEY_PAD_NUM_ROWS = 6;
+int const NUMPAD_KEYS_WIDTH = 70;
+int const NUMPAD_KEYS_HEIGHT = 66;
+int const BORDER_X_OFFSET = 20;
+int const BORDER_Y_OFFSET = 85;
+int const BORDER_RIGHT_SHADOW_SIZE = 10;
+
+// On-screen obstruction bar
+int const OB_TOP_ALIGNMENT = 5;
+int const OB_TOP = 8;
+int const OB_BOTTOM = 7;
+int const OB_LEFT = 9;
+int const OB_RIGHT = 9;
+int const OB_HEIGHT = 72;
+
+// Font sizes
+int const MINIMUM_FONT_SIZE = 10;
+int const SMALL_FONT_SIZE = 12;
+int const STANDARD_FONT_SIZE = 14;
+
+// Variables
+int MAX_TASK_WINDOW_CONTENT_WIDTH = 588;
+int MAX_TASK_WINDOW_CONTENT_WIDTH_AND_OVERLAP_MINIVIEWS = 900;
+int TASK_WINDOW_CONTENT_STANDARD_WIDTH = 318;
+int TABBAR_WIDTH_REDUCTION = 96;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "CommonUILibExport.h"
+#include "ESoundType.h"
+
+class QWidget;
+class TScreen;
+
+namespace KVN
+{
+class PixmapManager;
+}
+
+/// The one screen; null until the host stores it here, and again once it is gone. Code that may run without a
+/// screen tests it.
+extern COMMONUILIB_EXPORT TScreen* MainScreen;
+
+/// The address of MainScreen, for modules that are bound at run time.
+COMMONUILIB_EXPORT TScreen** GetMainScreen();
+
+/// Plays a sound, if the sound setting allows and there is a screen with a sound server.
+COMMONUILIB_EXPORT void tscreenPlaySound(ESoundType type);
+
+/// \name The screen, for leaf widgets
+/// What buttons and bars ask of the screen, without its header. Without a screen: null, and no effect.
+/// @{
+COMMONUILIB_EXPORT KVN::PixmapManager* tscreenPixmapManager();
+COMMONUILIB_EXPORT void tscreenPushMMIWidget(QWidget* widget);
+/// @}
