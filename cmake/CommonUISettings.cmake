@@ -17,6 +17,9 @@ endif()
 include(GNUInstallDirs)
 set(CMAKE_INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR};$ORIGIN")
 
+if(COMMONUI_CCACHE AND NOT EXISTS "${COMMONUI_CCACHE}")
+    unset(COMMONUI_CCACHE CACHE)
+endif()
 find_program(COMMONUI_CCACHE ccache)
 if(COMMONUI_CCACHE)
     # Precompiled headers are cached only with these two allowances.
@@ -41,4 +44,10 @@ option(COMMONUI_COVERAGE "Instrument for coverage" OFF)
 if(COMMONUI_COVERAGE)
     add_compile_options(--coverage)
     add_link_options(--coverage)
+endif()
+
+option(COMMONUI_CLAZY "Check Qt idiom with the clazy plugin; the compiler must be clang" OFF)
+if(COMMONUI_CLAZY)
+    add_compile_options("SHELL:-Xclang -load -Xclang ClazyPlugin.so" "SHELL:-Xclang -add-plugin -Xclang clazy"
+        "SHELL:-Xclang -plugin-arg-clazy -Xclang level0,level1")
 endif()
