@@ -1,24 +1,30 @@
-// Precompiled into every library: the Qt headers that nearly every source needs.
+// Precompiled into every library: the Qt headers that nearly every source needs, of the modules it links.
 #pragma once
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QDomDocument>
+#include <functional>
+#include <memory>
 #include <QEvent>
 #include <QHash>
 #include <QList>
 #include <QMap>
-#include <QMouseEvent>
 #include <QObject>
-#include <QPainter>
-#include <QPixmap>
 #include <QPointer>
 #include <QSharedPointer>
 #include <QString>
 #include <QTimer>
 #include <QVariant>
 #include <QVector>
-#include <QWidget>
-#include <functional>
-#include <memory>
 #include <vector>
+
+#ifdef QT_XML_LIB
+#include <QDomDocument>
+#endif
+
+#ifdef QT_WIDGETS_LIB
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPixmap>
+#include <QWidget>
+#endif

@@ -2,6 +2,7 @@
 
 #include "PlatformCommonExport.h"
 
+#include <QMetaType>
 #include <QString>
 #include <QUuid>
 
