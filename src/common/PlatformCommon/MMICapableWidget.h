@@ -9,8 +9,9 @@ class QWidget;
 
 namespace KVN
 {
-/// The mixin by which a widget takes part in wheel navigation. A class inherits it beside its Qt base. The navigator
-/// finds the stops of the widget on top, highlights one, and calls the virtuals below. GUI thread only.
+/// The mixin by which a widget takes part in wheel navigation. A class inherits it beside its Qt base. The
+/// navigator finds the stops of the widget on top, highlights one, and calls the virtuals below. GUI thread
+/// only.
 class PLATFORMCOMMON_EXPORT MMICapableWidget
 {
 public:
@@ -28,10 +29,11 @@ public:
     virtual void OnMMIHighlight();
     /// This widget ceased to be the selection. The base does nothing.
     virtual void OnMMIUnHighlight();
-    /// Whether the navigator draws its glow around the selected widget; false for a widget that shows the selection
-    /// itself. The base answers what SetUseDefaultMMIHighlight() set, true at first.
+    /// Whether the navigator draws its glow around the selected widget; false for a widget that shows the
+    /// selection itself. The base answers what SetUseDefaultMMIHighlight() set, true at first.
     virtual bool UseDefaultMMIHighlight();
-    /// The enter key. The result, if not null, is the widget to descend into. The base gives GetMMIEntryWidget().
+    /// The enter key. The result, if not null, is the widget to descend into. The base gives
+    /// GetMMIEntryWidget().
     virtual MMICapableWidget* OnMMIEnter();
     /// The base answers what SetMMIBehaviour() set, MMI_NORMAL at first.
     virtual EMMIWidgetBehaviour GetMMIBehaviour();
@@ -41,23 +43,24 @@ public:
     virtual bool GetMMIColumnFirst();
     /// The widget whose children are navigated when this one is entered. The base answers this widget.
     virtual MMICapableWidget* GetMMIEntryWidget();
-    /// Asked of the selected child when a level is entered: true keeps it selectable at the end of the new level. The base
-    /// answers false.
+    /// Asked of the selected child when a level is entered: true keeps it selectable at the end of the new
+    /// level. The base answers false.
     virtual bool GetMMICarryOverSelection();
-    /// Whether the selection vanishes after 30 s without the wheel while this widget is on top. The base answers true.
+    /// Whether the selection vanishes after 30 s without the wheel while this widget is on top. The base
+    /// answers true.
     virtual bool GetMMITimeoutEnabled() const;
     /// Milliseconds for which nothing is highlighted after this widget was entered. The base answers 0.
     virtual unsigned GetMMISelectionDelay();
-    /// May the wheel stop on \a child? The base answers whether some part of the child is within the visible part of its
-    /// parent; scrolling containers answer true, since they bring the child in. False for null.
+    /// May the wheel stop on \a child? The base answers whether some part of the child is within the visible
+    /// part of its parent; scrolling containers answer true, since they bring the child in. False for null.
     virtual bool IsMMIChildNavigatable(MMICapableWidget* child) const;
 
     /// This object as a widget; null when it is none.
     QWidget* Widget();
     QWidget const* Widget() const;
 
-    /// The rectangle of the highlight: the widget's own, in the coordinates of \a reference. Empty without a widget or a
-    /// reference.
+    /// The rectangle of the highlight: the widget's own, in the coordinates of \a reference. Empty without a
+    /// widget or a reference.
     QRect GetMMIHighlightRect(QWidget* reference);
 
     /// Visible and enabled.

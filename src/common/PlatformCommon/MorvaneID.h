@@ -8,9 +8,10 @@
 
 namespace KVN
 {
-/// Identifies a module, or one view within a module: the module's UUID and the number of the view in it, 0 for the
-/// module itself. Ordered by module, then view. The string form consists of hexadecimal digits and hyphens only: the
-/// UUID in lower case without braces, followed, for a view other than 0, by a hyphen and the view in hexadecimal.
+/// Identifies a module, or one view within a module: the module's UUID and the number of the view in it, 0
+/// for the module itself. Ordered by module, then view. The string form consists of hexadecimal digits and
+/// hyphens only: the UUID in lower case without braces, followed, for a view other than 0, by a hyphen and
+/// the view in hexadecimal.
 class PLATFORMCOMMON_EXPORT MorvaneID
 {
 public:
@@ -22,8 +23,8 @@ public:
     /// The string form; empty for an invalid id.
     QString ToString() const;
 
-    /// The id that ToString() gave \a text for. Letters may be of either case and the UUID may stand in braces; anything
-    /// else gives an invalid id.
+    /// The id that ToString() gave \a text for. Letters may be of either case and the UUID may stand in
+    /// braces; anything else gives an invalid id.
     static MorvaneID FromString(QString const& text);
 
     /// False for a default constructed id and for one of a null UUID.

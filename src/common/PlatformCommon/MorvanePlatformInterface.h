@@ -11,8 +11,8 @@ class QWidget;
 class TPopupWindow;
 class TTaskWindow;
 
-/// What the toolkit asks of the platform around it: the stacks of popups and task windows, the tool tips. The host
-/// implements it once; a unit test may run without any, then tool tips do nothing. GUI thread only.
+/// What the toolkit asks of the platform around it: the stacks of popups and task windows, the tool tips. The
+/// host implements it once; a unit test may run without any, then tool tips do nothing. GUI thread only.
 class PLATFORMCOMMON_EXPORT MorvanePlatformInterface : public QObject
 {
     Q_OBJECT
@@ -32,8 +32,8 @@ public:
     virtual bool ToolTipVisible() const = 0;
     /// Is the tool tip of \a source on the screen.
     virtual bool IsToolTipShownFor(QWidget* source) const = 0;
-    /// Shows the tool tip of \a source in place of any other. \a placement is 0 for the platform's own choice. The icon may
-    /// be null.
+    /// Shows the tool tip of \a source in place of any other. \a placement is 0 for the platform's own
+    /// choice. The icon may be null.
     virtual void ShowToolTipFor(QWidget* source, int placement, QString const& text,
                                 QSharedPointer<QPixmap> icon) = 0;
     /// Takes the tool tip off the screen, if there is one.

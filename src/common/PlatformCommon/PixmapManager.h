@@ -16,12 +16,12 @@ enum EIconState
     ICON_DISABLED = 1 ///< the same in grey
 };
 
-/// All art by logical name. Images are decoded at their first use and shared; resized forms are kept in a cache with a bound
-/// on its bytes, the least recently used going first. Pixmaps that are still in use stay valid when the cache lets go of
-/// them. GUI thread only.
+/// All art by logical name. Images are decoded at their first use and shared; resized forms are kept in a
+/// cache with a bound on its bytes, the least recently used going first. Pixmaps that are still in use stay
+/// valid when the cache lets go of them. GUI thread only.
 ///
-/// A name that nobody registered gives the image "UndefinedPixmap" and one line in the log for each name. An empty name gives
-/// a null pixmap in silence.
+/// A name that nobody registered gives the image "UndefinedPixmap" and one line in the log for each name. An
+/// empty name gives a null pixmap in silence.
 class PLATFORMCOMMON_EXPORT PixmapManager
 {
 public:
@@ -34,15 +34,17 @@ public:
     PixmapManager(PixmapManager const&) = delete;
     PixmapManager& operator=(PixmapManager const&) = delete;
 
-    /// Reads the manifest ":/Images/Resources/Manifest.tsv" and registers every name in it. No image is decoded yet.
+    /// Reads the manifest ":/Images/Resources/Manifest.tsv" and registers every name in it. No image is
+    /// decoded yet.
     void Initialize();
 
-    /// Registers or replaces a logical name. \a left, \a top, \a right and \a bottom (inclusive) name the part inside the image
-    /// that stretches when it is resized; what lies outside keeps its size; all zero: the whole image scales. The right and
-    /// bottom values are held to the image. \a scaleWhole scales the image as a whole to cover the size for enlargements, in
-    /// spite of the rectangle, and is set for full-screen pictures with a fixed frame. \a scale multiplies the natural size.
-    void AddPixmap(QString const& name, QString const& path, int left, int top, int right, int bottom, bool scaleWhole,
-                   float scale);
+    /// Registers or replaces a logical name. \a left, \a top, \a right and \a bottom (inclusive) name the
+    /// part inside the image that stretches when it is resized; what lies outside keeps its size; all zero:
+    /// the whole image scales. The right and bottom values are held to the image. \a scaleWhole scales the
+    /// image as a whole to cover the size for enlargements, in spite of the rectangle, and is set for
+    /// full-screen pictures with a fixed frame. \a scale multiplies the natural size.
+    void AddPixmap(QString const& name, QString const& path, int left, int top, int right, int bottom,
+                   bool scaleWhole, float scale);
 
     /// The image at its natural size, shared; never null pointer.
     QSharedPointer<QPixmap> GetPixmap(QString const& name);
@@ -53,8 +55,8 @@ public:
     /// The icon at its standard size.
     QSharedPointer<QPixmap> GetIcon(QString const& name, EIconState state);
 
-    /// The icon \a size by \a size pixels, but never larger than it was drawn, so that it stays sharp: the largest drawn size
-    /// stands for everything above it.
+    /// The icon \a size by \a size pixels, but never larger than it was drawn, so that it stays sharp: the
+    /// largest drawn size stands for everything above it.
     QSharedPointer<QPixmap> GetResizedIcon(QString const& name, int size, EIconState state);
 
     /// True when the image fills its rectangle without any transparency. False for an unknown name.

@@ -12,43 +12,48 @@ class QPainter;
 
 namespace KVN
 {
-/// Text and frame drawing for the whole toolkit. A text is laid out once for its font, rectangle and options and drawn from a
-/// bounded cache afterwards. GUI thread only.
+/// Text and frame drawing for the whole toolkit. A text is laid out once for its font, rectangle and options
+/// and drawn from a bounded cache afterwards. GUI thread only.
 class PLATFORMCOMMON_EXPORT RenderUtils
 {
 public:
-    /// Height in pixels of \a text in \a font, wrapped at word ends to \a width; of one line for an empty text.
+    /// Height in pixels of \a text in \a font, wrapped at word ends to \a width; of one line for an empty
+    /// text.
     static int GetTextHeight(QString const& text, QFont const& font, int width);
 
-    /// Draws \a text inside \a rect, aligned by \a flags (Qt::Alignment, Qt::TextWordWrap). It starts at pixel size \a size and
-    /// shrinks as far as \a minSize until it fits; what does not fit then is elided at its right end.
-    /// \a wrap allows several lines when the flags ask for word wrap; \a shrink allows shrinking; \a elide allows the ellipsis
-    /// (a text that does not fit is cut at the rectangle otherwise); \a antialias draws smooth edges; \a shadow draws a black
-    /// copy one pixel down and right first. Works on a copy of the painter's font; the painter is left as it was.
-    static void RenderTextInsideRect(QPainter* painter, QRect const& rect, int flags, QString const& text, int size, int minSize,
-                                     QColor const& color, bool wrap, bool shrink, bool elide, bool antialias, bool shadow);
+    /// Draws \a text inside \a rect, aligned by \a flags (Qt::Alignment, Qt::TextWordWrap). It starts at
+    /// pixel size \a size and shrinks as far as \a minSize until it fits; what does not fit then is elided at
+    /// its right end. \a wrap allows several lines when the flags ask for word wrap; \a shrink allows
+    /// shrinking; \a elide allows the ellipsis (a text that does not fit is cut at the rectangle otherwise);
+    /// \a antialias draws smooth edges; \a shadow draws a black copy one pixel down and right first. Works on
+    /// a copy of the painter's font; the painter is left as it was.
+    static void RenderTextInsideRect(QPainter* painter, QRect const& rect, int flags, QString const& text,
+                                     int size, int minSize, QColor const& color, bool wrap, bool shrink,
+                                     bool elide, bool antialias, bool shadow);
 
-    /// The form that buttons use: \a font from pixel size \a size down to \a minSize, as many lines as the rectangle holds, the
-    /// last one elided. Vertically centred; horizontally centred with \a centred, else left. \a wrap allows more than one line,
-    /// \a shadow draws a dark copy beneath.
-    static void RenderElidedTextInsideRect(QPainter* painter, QFont const& font, QRect const& rect, QString const& text,
-                                           int size, int minSize, QColor const& color, bool wrap, bool shadow, bool centred);
+    /// The form that buttons use: \a font from pixel size \a size down to \a minSize, as many lines as the
+    /// rectangle holds, the last one elided. Vertically centred; horizontally centred with \a centred, else
+    /// left. \a wrap allows more than one line, \a shadow draws a dark copy beneath.
+    static void RenderElidedTextInsideRect(QPainter* painter, QFont const& font, QRect const& rect,
+                                           QString const& text, int size, int minSize, QColor const& color,
+                                           bool wrap, bool shadow, bool centred);
 
-    /// A flat button: filled with \a color; with \a frame a one pixel frame in \a highlight above and left and \a shadow below
-    /// and right.
-    static void RenderButton(QPainter* painter, QRect const& rect, QColor const& color, bool frame, QColor const& highlight,
-                             QColor const& shadow);
+    /// A flat button: filled with \a color; with \a frame a one pixel frame in \a highlight above and left
+    /// and \a shadow below and right.
+    static void RenderButton(QPainter* painter, QRect const& rect, QColor const& color, bool frame,
+                             QColor const& highlight, QColor const& shadow);
 
     /// A sunken field: \a fill, with \a shadow above and left and \a highlight below and right.
-    static void RenderSunkenFrame(QPainter* painter, QRect const& rect, QColor const& fill, QColor const& highlight,
-                                  QColor const& shadow);
+    static void RenderSunkenFrame(QPainter* painter, QRect const& rect, QColor const& fill,
+                                  QColor const& highlight, QColor const& shadow);
 
-    /// Draws \a source stretched to \a width by \a height at (0, 0). The part from (\a left, \a top) to (\a right, \a bottom)
-    /// inclusive stretches, what lies outside keeps its size. The rectangle is made for standard button art, so the margin at the
-    /// far side is never taken wider than the one at the near side, and equals it where the rectangle leaves the image. Margins
-    /// that do not fit together are squeezed in proportion. For use at set and resize time, never in a paint event.
-    static void RenderScaledBitmap(QPainter* painter, QPixmap const& source, int width, int height, int left, int top,
-                                   int right, int bottom);
+    /// Draws \a source stretched to \a width by \a height at (0, 0). The part from (\a left, \a top) to (\a
+    /// right, \a bottom) inclusive stretches, what lies outside keeps its size. The rectangle is made for
+    /// standard button art, so the margin at the far side is never taken wider than the one at the near side,
+    /// and equals it where the rectangle leaves the image. Margins that do not fit together are squeezed in
+    /// proportion. For use at set and resize time, never in a paint event.
+    static void RenderScaledBitmap(QPainter* painter, QPixmap const& source, int width, int height, int left,
+                                   int top, int right, int bottom);
 
     /// Forgets all laid out texts; for tests and for a change of fonts.
     static void ClearTextCache();
