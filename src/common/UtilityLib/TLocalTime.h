@@ -11,7 +11,8 @@
 class UTILITYLIB_EXPORT TLocalTime
 {
 public:
-    /// Milliseconds of a monotonic clock with an arbitrary start. Never goes back, whatever the operator sets.
+    /// Milliseconds of a monotonic clock with an arbitrary start. Never goes back, whatever the operator
+    /// sets.
     static qint64 getCurrentTime();
 
     /// The local date and time that the operator has set: the system's plus the operator's offset.

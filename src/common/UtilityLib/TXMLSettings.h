@@ -10,7 +10,7 @@
 class UTILITYLIB_EXPORT TXMLSettings
 {
 public:
-    /// The child elements of \a element by tag name. Of several children with one tag the first stands. Empty for
-    /// a null element.
+    /// The child elements of \a element by tag name. Of several children with one tag the first stands. Empty
+    /// for a null element.
     static QMap<QString, QDomElement> GetChildrenAsMap(QDomElement const& element);
 };

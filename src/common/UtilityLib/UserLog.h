@@ -12,7 +12,8 @@ class UTILITYLIB_EXPORT IUserLogAccessor
 public:
     virtual ~IUserLogAccessor();
 
-    /// Adds one entry; the time is added by the log. Never throws, never blocks longer than one small file write.
+    /// Adds one entry; the time is added by the log. Never throws, never blocks longer than one small file
+    /// write.
     virtual void AddEntry(QString const& text) = 0;
 };
 
