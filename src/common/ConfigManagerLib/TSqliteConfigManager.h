@@ -2,13 +2,19 @@
 
 #include "ConfigManager.h"
 
+#include <QByteArray>
 #include <QHash>
 #include <QString>
+#include <QTimer>
 
-/// Settings in one SQLite file with a write-ahead log. Reads are served from memory; the file is read once when it is
-/// opened. A damaged file is renamed to "PATH.damaged-DATE" with its companions and named in the log, and the store
-/// starts empty, that is, with the defaults. Where not even a new file can be written, the store works in memory and
-/// says so once.
+#include <memory>
+
+class TConfigDatabase;
+
+/// Settings in one SQLite file with a write-ahead log. Reads are served from memory; the file is read once
+/// when it is opened. A damaged file is renamed to "PATH.damaged-DATE" with its companions and named in the
+/// log, and the store starts empty, that is, with the defaults. Where not even a new file can be written, the
+/// store works in memory and says so once.
 class CONFIGMANAGERLIB_EXPORT TSqliteConfigManager : public ConfigManager
 {
 public:
@@ -27,8 +33,16 @@ public:
     bool IsPersistent() const;
 
 private:
-    class TDatabase;
+    void Flush();
+    void ReportFailure(QString const& reason);
 
-    QHash<int, QVariant> m_Values;
-    TDatabase* m_Database = nullptr;
+    /// What was written or read so far.
+    mutable QHash<int, QVariant> m_Values;
+    /// Rows of the file that nobody has asked for yet: a module may register the stream operators of its own
+    /// types after the store was opened.
+    mutable QHash<int, QByteArray> m_Unread;
+    QHash<int, QByteArray> m_Pending;
+    std::unique_ptr<TConfigDatabase> m_Database;
+    QTimer m_FlushTimer;
+    bool m_HasFailed = false;
 };

@@ -1,0 +1,65 @@
+#include "ConfigManager.h"
+
+#include "TMemoryConfigManager.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr int DEFAULT_SOUND_VOLUME = 50;
+
+ConfigManager* installedManager = nullptr;
+
+TConfigEntry const* FindKnownEntry(int id)
+{
+    std::vector<TConfigEntry> const& entries = ConfigManager::KnownEntries();
+    auto const isBefore = [](TConfigEntry const& entry, int wanted) { return entry.id < wanted; };
+    auto const found = std::lower_bound(entries.begin(), entries.end(), id, isBefore);
+    return found != entries.end() && found->id == id ? &*found : nullptr;
+}
+} // namespace
+
+ConfigManager::~ConfigManager() = default;
+
+ConfigManager* ConfigManager::Instance()
+{
+    static TMemoryConfigManager inMemory;
+    return installedManager != nullptr ? installedManager : &inMemory;
+}
+
+ConfigManager* ConfigManager::Install(ConfigManager* manager)
+{
+    ConfigManager* const before = installedManager;
+    installedManager = manager;
+    return before;
+}
+
+std::vector<TConfigEntry> const& ConfigManager::KnownEntries()
+{
+    static std::vector<TConfigEntry> const entries = {
+        {CONFIG_SOUND_VOLUME, "SoundVolume", DEFAULT_SOUND_VOLUME},
+        {CONFIG_SOUND_ENABLED, "SoundEnabled", true},
+        {CONFIG_BUTTON_SIZE, "ButtonSize", 0},
+        {CONFIG_LAYOUT_SNAPSHOT, "LayoutSnapshot", QStringLiteral("")},
+        {CONFIG_DASHBOARD_SNAPSHOT, "DashboardSnapshot", QStringLiteral("")},
+    };
+    return entries;
+}
+
+QVariant ConfigManager::DefaultValue(int id)
+{
+    TConfigEntry const* const entry = FindKnownEntry(id);
+    return entry != nullptr ? entry->defaultValue : QVariant();
+}
+
+QVariant ConfigManager::ValueOrDefault(int id, QVariant const& stored)
+{
+    TConfigEntry const* const entry = FindKnownEntry(id);
+    if (entry == nullptr)
+        return stored;
+    int const type = entry->defaultValue.userType();
+    if (stored.userType() == type)
+        return stored;
+    QVariant converted = stored;
+    return converted.convert(type) ? converted : entry->defaultValue;
+}
