@@ -42,10 +42,11 @@ die() {
     exit "$status"
 }
 
-# The release of Debian that this system is or stems from: a number, a name such as "trixie/sid", or nothing.
+# debian_release ETC: the release of Debian that the system with these settings is or stems from, as a number or
+# a name such as "trixie/sid"; nothing for another system.
 debian_release() {
-    local id='' like='' version='' key value
-    [[ -r /etc/os-release ]] || return 0
+    local etc=$1 id='' like='' version='' key value
+    [[ -r $etc/os-release ]] || return 0
     while IFS='=' read -r key value; do
         value=${value//\"/}
         case $key in
@@ -53,17 +54,18 @@ debian_release() {
             ID_LIKE) like=$value ;;
             VERSION_ID) version=$value ;;
         esac
-    done </etc/os-release
+    done <"$etc/os-release"
     if [[ $id == debian ]]; then
         printf '%s\n' "${version:-sid}"
-    elif [[ " $like " == *' debian '* && -r /etc/debian_version ]]; then
-        cat /etc/debian_version
+    elif [[ " $like " == *' debian '* && -r $etc/debian_version ]]; then
+        cat "$etc/debian_version"
     fi
 }
 
+# require_debian [ETC]: ends the script on a system that is not Debian or too old.
 require_debian() {
     local release
-    release=$(debian_release)
+    release=$(debian_release "${1:-/etc}")
     if [[ -z $release ]] || ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
         die "$EXIT_NOT_DEBIAN" "This needs Debian $OLDEST_DEBIAN or newer, or a system derived from it, with apt-get." \
             "On another system install the equivalents of: ${BUILD_PACKAGES[*]}"
