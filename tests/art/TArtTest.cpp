@@ -1,3 +1,4 @@
+#include "PixmapManager.h"
 #include "PixmapNames.h"
 #include "TestCase.h"
 
@@ -104,8 +105,12 @@ QImage Load(QString const& path)
 QStringList FilesLoadedByPath()
 {
     return QStringLiteral(
-               "NavigationBar NavBarButtonScrollDown NavBarButtonScrollUp WindowToolbarButtonScrollDown "
-               "WindowToolbarButtonScrollUp MiniViewTitlebar TitleBar")
+               "MiniViewTitlebar NavBarButtonScrollDown NavBarButtonScrollUp NavigationBar "
+               "SetupScreenBackgroundFlat800x600 Sidebar SplashScreen800x480 SplashScreen800x600 "
+               "SystemToolbarOneButton SystemToolbarThreeButton SystemToolbarTwoButton TaskWindowNoShadow "
+               "TaskWindowNoTitlebarNoShadow TaskWindowUSBNoShadow TitleBar WindowToolbarButtonScrollDown "
+               "WindowToolbarButtonScrollUp bkgBlackGeneric800x600 bkgControllers800x600 "
+               "bkgDiagnostics800x600 bkgSysInfo800x600 bkgUSBGeneric800x600")
         .split(QLatin1Char(' '));
 }
 
@@ -203,6 +208,7 @@ private Q_SLOTS:
     void iconsKeepTheirMargin_data();
     void iconsKeepTheirMargin();
     void theRuntimeManifestNamesWhatIsThere();
+    void thePixmapManagerTakesTheManifest();
 
 private:
     void AddImageRows() const;
@@ -244,7 +250,7 @@ void TArtTest::everyNameOfTheToolkitIsDrawnOrWaiting()
         if (ImageOf(name).m_File.isEmpty() && !m_Catalogue.m_Waiting.contains(name))
             missing.append(name);
     }
-    QCOMPARE(missing, QStringList());
+    QCOMPARE(missing.join(QLatin1Char(' ')), QString());
 }
 
 void TArtTest::everyWaitingNameIsOneOfTheToolkit()
@@ -256,7 +262,7 @@ void TArtTest::everyWaitingNameIsOneOfTheToolkit()
         if (!names.contains(name))
             unknown.append(name);
     }
-    QCOMPARE(unknown, QStringList());
+    QCOMPARE(unknown.join(QLatin1Char(' ')), QString());
 }
 
 void TArtTest::everyImageHasANameOrALoader()
@@ -361,7 +367,7 @@ void TArtTest::statesDifferInAGreyCopy_data()
 {
     QTest::addColumn<QString>("normal");
     QTest::addColumn<QString>("selected");
-    QMap<QString, QString> pairs = {
+    QMultiMap<QString, QString> const pairs = {
         {QStringLiteral("button-blank"), QStringLiteral("StandardButtonSelected")},
         {QStringLiteral("button-green-up"), QStringLiteral("GreenButtonSelected")},
         {QStringLiteral("button-red-up"), QStringLiteral("RedButtonSelected")},
@@ -370,6 +376,10 @@ void TArtTest::statesDifferInAGreyCopy_data()
         {QStringLiteral("CompactButton"), QStringLiteral("CompactButtonDisabled")},
         {QStringLiteral("SetupTaskButton"), QStringLiteral("SetupTaskButtonDisabled")},
         {QStringLiteral("button-blank"), QStringLiteral("button-disabled")},
+        {QStringLiteral("MenuButtonFlatSmall"), QStringLiteral("MenuButtonFlatSelectedSmall")},
+        {QStringLiteral("WindowToolbarButton"), QStringLiteral("WindowToolbarButtonHighlight")},
+        {QStringLiteral("WindowToolbarButtonSelected"),
+         QStringLiteral("WindowToolbarButtonHighlightSelected")},
     };
     for (TImageRow const& row : qAsConst(m_Catalogue.m_Images))
     {
@@ -446,6 +456,27 @@ void TArtTest::theRuntimeManifestNamesWhatIsThere()
     for (TImageRow const& row : qAsConst(m_Catalogue.m_Images))
         QVERIFY2(names.contains(QSet<QString>(row.m_Names.begin(), row.m_Names.end())),
                  qPrintable(row.m_File));
+}
+
+void TArtTest::thePixmapManagerTakesTheManifest()
+{
+    KVN::PixmapManager pixmaps;
+    pixmaps.Initialize();
+    for (TImageRow const& row : qAsConst(m_Catalogue.m_Images))
+    {
+        for (QString const& name : row.m_Names)
+        {
+            QVERIFY2(pixmaps.HasPixmap(name), qPrintable(name));
+            QCOMPARE(pixmaps.GetPixmap(name)->size(), row.m_Size);
+            QCOMPARE(pixmaps.IsPixmapOpaque(name), row.m_Opaque);
+        }
+    }
+    for (TIconRow const& row : qAsConst(m_Catalogue.m_Icons))
+    {
+        QImage const icon = pixmaps.GetResizedIcon(row.m_Name, row.m_Side, KVN::ICON_NORMAL)->toImage();
+        QImage const drawn = QPixmap(IconFolder + row.m_File).toImage();
+        QVERIFY2(icon == drawn, qPrintable(row.m_File));
+    }
 }
 
 COMMONUI_TEST(TArtTest)
