@@ -1,5 +1,7 @@
 #include "MorvaneID.h"
 
+#include <algorithm>
+
 namespace KVN
 {
 namespace
@@ -37,11 +39,12 @@ bool ReadView(QString const& text, quint32& view)
     view = 0;
     if (text.isEmpty())
         return true;
-    if (text.size() < 2 || text.at(0) != QLatin1Char('-') || !IsHexadecimal(text.at(1)) ||
-        text.at(1) == QLatin1Char('0'))
+    QString const digits = text.mid(1);
+    if (text.at(0) != QLatin1Char('-') || digits.startsWith(QLatin1Char('0')) ||
+        !std::all_of(digits.cbegin(), digits.cend(), IsHexadecimal))
         return false;
     bool valid = false;
-    view = text.mid(1).toUInt(&valid, HexadecimalBase);
+    view = digits.toUInt(&valid, HexadecimalBase);
     return valid;
 }
 } // namespace

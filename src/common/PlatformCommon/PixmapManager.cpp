@@ -34,7 +34,7 @@ QString IconPath(QString const& name, int size)
            QStringLiteral(".png");
 }
 
-// No file has this name.
+// Stands for the image that is not in a file.
 QString CheckeredPath()
 {
     return QStringLiteral(":checkered");
@@ -50,6 +50,13 @@ QImage CheckeredImage()
     painter.fillRect(0, 0, Cell, Cell, Qt::magenta);
     painter.fillRect(Cell, Cell, Cell, Cell, Qt::magenta);
     return image;
+}
+
+QImage Decode(QString const& path)
+{
+    if (path == CheckeredPath())
+        return CheckeredImage();
+    return path.isEmpty() ? QImage() : QImage(path);
 }
 
 QImage Smooth(QImage const& image, QSize const& size)
@@ -159,6 +166,18 @@ struct TFormKey
     }
 };
 
+// Null when it cannot be read, or would be too large.
+QSharedPointer<QPixmap> NaturalImage(QString const& path, float scale)
+{
+    QImage image = Decode(path);
+    image.setDevicePixelRatio(1.0);
+    QSizeF const scaled = QSizeF(image.size()) * double(scale);
+    if (image.isNull() || scaled.width() * scaled.height() > double(LargestFormPixels))
+        return {};
+    QSize const size = scaled.toSize().expandedTo(QSize(1, 1));
+    return Share(size == image.size() ? image : Smooth(image, size));
+}
+
 // Held to the image here and not at registration, since no image is decoded before its first use.
 QMargins KeptMargins(TPixmapEntry const& entry, QSize const& size)
 {
@@ -254,18 +273,7 @@ TPixmapEntry& PixmapManager::TPrivate::Usable(QString const& name)
 QSharedPointer<QPixmap> PixmapManager::TPrivate::Image(TPixmapEntry& entry)
 {
     QSharedPointer<QPixmap> const image =
-        m_Images.Get({entry.path, entry.scale},
-                     [&entry]
-                     {
-                         QImage decoded =
-                             entry.path == CheckeredPath() ? CheckeredImage() : QImage(entry.path);
-                         decoded.setDevicePixelRatio(1.0);
-                         QSizeF const size = QSizeF(decoded.size()) * double(entry.scale);
-                         if (decoded.isNull() || size.width() * size.height() > double(LargestFormPixels))
-                             return QSharedPointer<QPixmap>();
-                         QSize const whole = size.toSize().expandedTo(QSize(1, 1));
-                         return Share(whole == decoded.size() ? decoded : Smooth(decoded, whole));
-                     });
+        m_Images.Get({entry.path, entry.scale}, [&entry] { return NaturalImage(entry.path, entry.scale); });
     entry.unreadable = image.isNull();
     if (image)
         entry.opacity = image->hasAlphaChannel() ? OPACITY_PARTIAL : OPACITY_FULL;

@@ -115,8 +115,10 @@ void Fill(QPainter* painter, int x, int y, int width, int height, QColor const& 
 // corners.
 void DrawFrame(QPainter* painter, QRect const& rect, QColor const& near, QColor const& far)
 {
-    Fill(painter, rect.left(), rect.top(), rect.width() - 1, 1, near);
-    Fill(painter, rect.left(), rect.top() + 1, 1, rect.height() - 2, near);
+    if (rect.height() > 1)
+        Fill(painter, rect.left(), rect.top(), rect.width() - 1, 1, near);
+    if (rect.width() > 1)
+        Fill(painter, rect.left(), rect.top() + 1, 1, rect.height() - 2, near);
     Fill(painter, rect.right(), rect.top(), 1, rect.height(), far);
     Fill(painter, rect.left(), rect.bottom(), rect.width() - 1, 1, far);
 }
@@ -136,7 +138,7 @@ int RenderUtils::GetTextHeight(QString const& text, QFont const& font, int width
     auto& heights = Caches().heights;
     if (int const* const known = heights.Find(key))
         return *known;
-    TTextLines const lines(TTextPicture::Cut(text, LongestMeasuredText), font,
+    TTextLines const lines(TTextLines::Cut(text, LongestMeasuredText), font,
                            qMin(width, TTextPicture::LargestSide), TTextLines::WORD_WRAP, INT_MAX);
     int const height = qMax(1, lines.Count()) * lines.LineHeight();
     heights.Insert(key, height, TextBytes(text));

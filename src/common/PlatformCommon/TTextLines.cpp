@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <QTextLayout>
 #include <QTextOption>
 
 #include <algorithm>
@@ -12,6 +13,13 @@ namespace KVN
 namespace
 {
 constexpr QChar Ellipsis(0x2026);
+// More characters than one for each pixel are never visible in a line; the surplus is for those without a
+// width.
+constexpr int WidthlessCharacters = 64;
+// What is laid out at once: some screens of lines, but little enough for any mixture of scripts.
+constexpr int PieceLength = 2048;
+// A line is broken here at the latest, as nothing that has a width is so long.
+constexpr int LongestLine = 8192;
 
 bool IsLineEnd(QChar c)
 {
@@ -33,9 +41,10 @@ QChar Replacement(QChar c, TTextLines::EWrap wrap)
     return c == QLatin1Char('\t') ? QChar(QLatin1Char(' ')) : QChar();
 }
 
-QTextOption Option(TTextLines::EWrap wrap)
+QTextOption Option(TTextLines::EWrap wrap, bool rightToLeft)
 {
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    option.setTextDirection(rightToLeft ? Qt::RightToLeft : Qt::LeftToRight);
     option.setWrapMode(wrap == TTextLines::WORD_WRAP ? QTextOption::WrapAtWordBoundaryOrAnywhere
                                                      : QTextOption::NoWrap);
     return option;
@@ -43,16 +52,17 @@ QTextOption Option(TTextLines::EWrap wrap)
 } // namespace
 
 TTextLines::TTextLines(QString const& text, QFont const& font, int width, EWrap wrap, int maxLines)
-    : m_Layout(Drawable(text, wrap), font)
+    : m_Text(Drawable(text, wrap))
+    , m_Font(font)
+    , m_Wrap(wrap)
     , m_Width(width)
     , m_LineHeight(LineHeight(font))
     , m_Ascent(QFontMetrics(font).ascent())
 {
-    // Without the cache the text would be shaped a second time when it is drawn.
-    m_Layout.setCacheEnabled(true);
-    m_Layout.setTextOption(Option(wrap));
-    BreakLines(wrap, maxLines);
+    BreakLines(maxLines);
 }
+
+TTextLines::~TTextLines() = default;
 
 int TTextLines::LineHeight(QFont const& font)
 {
@@ -78,48 +88,88 @@ QString TTextLines::Drawable(QString const& text, EWrap wrap)
     return drawable;
 }
 
-void TTextLines::BreakLines(EWrap wrap, int maxLines)
+// A layout takes time by the square of its length, so a long text is broken piece by piece. The last line of
+// a piece may go on in the next one, which therefore begins with it.
+void TTextLines::BreakLines(int maxLines)
 {
-    m_Layout.beginLayout();
-    while (m_Layout.lineCount() < maxLines)
+    int length = m_Wrap == WORD_WRAP ? PieceLength : m_Text.size();
+    while (Count() < maxLines && m_End < m_Text.size())
     {
-        QTextLine line = m_Layout.createLine();
+        std::vector<TLine> piece = BreakPiece(m_End, length, maxLines - Count());
+        TLine const& last = piece.back();
+        int const end = last.start + last.line.textLength();
+        bool const isCut = m_End + length < m_Text.size() && end == m_End + length;
+        if (isCut && piece.size() == 1 && length < LongestLine)
+        {
+            length = LongestLine;
+            continue;
+        }
+        bool const begunAnew = isCut && piece.size() > 1;
+        m_End = begunAnew ? last.start : end;
+        if (begunAnew)
+            piece.pop_back();
+        m_Lines.insert(m_Lines.end(), piece.begin(), piece.end());
+        length = PieceLength;
+    }
+}
+
+std::vector<TTextLines::TLine> TTextLines::BreakPiece(int from, int length, int maxLines)
+{
+    m_Layouts.push_back(std::make_unique<QTextLayout>(m_Text.mid(from, length), m_Font));
+    QTextLayout& layout = *m_Layouts.back();
+    // Without the cache the text would be shaped a second time when it is drawn.
+    layout.setCacheEnabled(true);
+    layout.setTextOption(Option(m_Wrap, m_Text.isRightToLeft()));
+    layout.beginLayout();
+    std::vector<TLine> lines;
+    while (int(lines.size()) < maxLines)
+    {
+        QTextLine line = layout.createLine();
         if (!line.isValid())
             break;
         line.setLineWidth(m_Width);
+        lines.push_back({line, from + line.textStart()});
     }
-    m_Layout.endLayout();
-    if (wrap == WORD_WRAP && Count() > 0)
-    {
-        QTextLine const last = m_Layout.lineAt(Count() - 1);
-        m_HasMore = last.textStart() + last.textLength() < m_Layout.text().size();
-    }
+    layout.endLayout();
+    return lines;
 }
 
 int TTextLines::NaturalWidth() const
 {
     qreal widest = 0.0;
-    for (int i = 0; i < Count(); ++i)
-        widest = qMax(widest, m_Layout.lineAt(i).naturalTextWidth());
+    for (TLine const& line : m_Lines)
+        widest = qMax(widest, line.line.naturalTextWidth());
     return int(std::ceil(widest));
 }
 
 QString TTextLines::ElidedLastLine() const
 {
-    QString const text = m_Layout.text();
-    int const from = m_Layout.lineAt(Count() - 1).textStart();
-    int const lineEnd = text.indexOf(QChar::LineSeparator, from);
-    QString rest = text.mid(from, lineEnd < 0 ? -1 : lineEnd - from);
+    int const from = m_Lines.back().start;
+    int const lineEnd = m_Text.indexOf(QChar::LineSeparator, from);
+    QString rest = m_Text.mid(from, lineEnd < 0 ? -1 : lineEnd - from);
     if (lineEnd >= 0)
         rest += Ellipsis;
-    return QFontMetrics(m_Layout.font()).elidedText(rest, Qt::ElideRight, m_Width);
+    return QFontMetrics(m_Font).elidedText(Cut(rest, LongestVisible(m_Width)), Qt::ElideRight, m_Width);
+}
+
+int TTextLines::LongestVisible(int width)
+{
+    return width + WidthlessCharacters;
+}
+
+QString TTextLines::Cut(QString const& text, int maxLength)
+{
+    if (text.size() <= maxLength)
+        return text;
+    bool const splitsPair = maxLength > 0 && text.at(maxLength - 1).isHighSurrogate();
+    return text.left(splitsPair ? maxLength - 1 : maxLength) + Ellipsis;
 }
 
 int TTextLines::LineLeft(QTextLine const& line, Qt::Alignment alignment) const
 {
     int const free = m_Width - int(std::ceil(line.naturalTextWidth()));
     if (free < 0)
-        return m_Layout.text().isRightToLeft() ? free : 0;
+        return m_Text.isRightToLeft() ? free : 0;
     if (alignment & Qt::AlignHCenter)
         return free / 2;
     return alignment & Qt::AlignRight ? free : 0;
@@ -127,7 +177,7 @@ int TTextLines::LineLeft(QTextLine const& line, Qt::Alignment alignment) const
 
 void TTextLines::DrawLine(QPainter& painter, int index, int top, Qt::Alignment alignment) const
 {
-    QTextLine const line = m_Layout.lineAt(index);
+    QTextLine const line = m_Lines[std::size_t(index)].line;
     qreal const left = LineLeft(line, alignment) - line.x();
     line.draw(&painter, QPointF(left, top + m_Ascent - line.ascent() - line.y()));
 }

@@ -1,10 +1,15 @@
 #pragma once
 
 #include <QFont>
-#include <QTextLayout>
+#include <QString>
+#include <QTextLine>
+
+#include <memory>
+#include <vector>
 
 class QColor;
 class QPainter;
+class QTextLayout;
 
 namespace KVN
 {
@@ -21,6 +26,9 @@ public:
 
     /// Lays out no more than \a maxLines lines; HasMore() tells whether some were left.
     TTextLines(QString const& text, QFont const& font, int width, EWrap wrap, int maxLines);
+    ~TTextLines();
+    TTextLines(TTextLines const&) = delete;
+    TTextLines& operator=(TTextLines const&) = delete;
 
     /// Height of a line in \a font, in pixels.
     static int LineHeight(QFont const& font);
@@ -28,10 +36,16 @@ public:
     /// \a text without what cannot be drawn: control characters go, tabs become blanks.
     static QString Drawable(QString const& text, EWrap wrap);
 
-    int Count() const { return m_Layout.lineCount(); }
-    bool HasMore() const { return m_HasMore; }
+    /// The characters of a line of \a width pixels that can be visible at most.
+    static int LongestVisible(int width);
+
+    /// \a text cut to \a maxLength, with an ellipsis behind it if something was cut.
+    static QString Cut(QString const& text, int maxLength);
+
+    int Count() const { return int(m_Lines.size()); }
+    bool HasMore() const { return m_End < m_Text.size(); }
     int LineHeight() const { return m_LineHeight; }
-    QFont Font() const { return m_Layout.font(); }
+    QFont const& Font() const { return m_Font; }
     int Height() const { return Count() * m_LineHeight; }
 
     /// Does no line reach beyond the width.
@@ -48,13 +62,25 @@ public:
     void DrawLine(QPainter& painter, int index, int top, Qt::Alignment alignment) const;
 
 private:
-    void BreakLines(EWrap wrap, int maxLines);
+    /// A line of one of the layouts, and where it starts in the whole text.
+    struct TLine
+    {
+        QTextLine line;
+        int start;
+    };
+
+    void BreakLines(int maxLines);
+    std::vector<TLine> BreakPiece(int from, int length, int maxLines);
     int LineLeft(QTextLine const& line, Qt::Alignment alignment) const;
 
-    QTextLayout m_Layout;
+    QString m_Text;
+    QFont m_Font;
+    EWrap m_Wrap;
     int m_Width;
     int m_LineHeight;
     int m_Ascent;
-    bool m_HasMore = false;
+    int m_End = 0; // of the text that the lines hold
+    std::vector<std::unique_ptr<QTextLayout>> m_Layouts;
+    std::vector<TLine> m_Lines;
 };
 } // namespace KVN

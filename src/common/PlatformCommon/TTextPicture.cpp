@@ -10,9 +10,6 @@ namespace KVN
 {
 namespace
 {
-// More characters than fit at one for each pixel are never visible; the surplus is for those without a width.
-constexpr int WidthlessCharacters = 64;
-
 /// Works one request off: picks the size, elides, draws.
 class TTextDrawing
 {
@@ -40,10 +37,11 @@ private:
     std::unique_ptr<TTextLines> m_LastLine; // stands for the last of the lines when that is elided
 };
 
+// A giant text costs no more than a long one when only what could be seen of it is laid out.
 QString CutForArea(TTextRequest const& request, QSize const& area)
 {
     int const rows = request.options & TTextRequest::WRAP ? area.height() / request.minSize + 2 : 1;
-    return TTextPicture::Cut(request.text, rows * (area.width() + WidthlessCharacters));
+    return TTextLines::Cut(request.text, rows * TTextLines::LongestVisible(area.width()));
 }
 
 TTextDrawing::TTextDrawing(TTextRequest const& request)
@@ -183,13 +181,5 @@ TTextPicture TTextDrawing::Draw() const
 TTextPicture TTextPicture::Make(TTextRequest const& request)
 {
     return TTextDrawing(request).Draw();
-}
-
-QString TTextPicture::Cut(QString const& text, int maxLength)
-{
-    if (text.size() <= maxLength)
-        return text;
-    bool const splitsPair = maxLength > 0 && text.at(maxLength - 1).isHighSurrogate();
-    return text.left(splitsPair ? maxLength - 1 : maxLength) + QChar(0x2026);
 }
 } // namespace KVN

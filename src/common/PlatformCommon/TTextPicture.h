@@ -54,10 +54,6 @@ struct TTextPicture
 
     static TTextPicture Make(TTextRequest const& request);
 
-    /// \a text cut to what could at most be seen of it, so that a giant text costs no more than a long one.
-    /// An ellipsis tells that something was cut.
-    static QString Cut(QString const& text, int maxLength);
-
     /// The pixels that a text is laid out for in either direction at most; screens are smaller.
     static constexpr int LargestSide = 4096;
 };
