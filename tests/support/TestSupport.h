@@ -5,7 +5,10 @@
 #include "TMemoryConfigManager.h"
 #include "TSoundServer.h"
 #include "TSystemSettingsProxy.h"
+#include "UserLog.h"
 
+#include <QMutex>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <QVector>
 
@@ -69,6 +72,42 @@ private:
     TSystemSettingsProxy* m_Before;
     QTemporaryDir m_Stick;
     bool m_Present = false;
+};
+
+/// Keeps what is written to the operator's log, from any thread, while the object lives.
+class TTestUserLog
+{
+public:
+    TTestUserLog()
+        : m_Recorder(std::make_shared<TRecorder>())
+        , m_Before(SetUserLog(m_Recorder))
+    {
+    }
+    ~TTestUserLog() { SetUserLog(m_Before); }
+    TTestUserLog(TTestUserLog const&) = delete;
+    TTestUserLog& operator=(TTestUserLog const&) = delete;
+
+    QStringList Entries() const
+    {
+        QMutexLocker const locker(&m_Recorder->mutex);
+        return m_Recorder->entries;
+    }
+
+private:
+    struct TRecorder : IUserLogAccessor
+    {
+        void AddEntry(QString const& text) override
+        {
+            QMutexLocker const locker(&mutex);
+            entries += text;
+        }
+
+        QMutex mutex;
+        QStringList entries;
+    };
+
+    std::shared_ptr<TRecorder> m_Recorder;
+    UserLogAccessorPtr m_Before;
 };
 
 /// Sets one value for the lifetime of the object and puts the old one back.
