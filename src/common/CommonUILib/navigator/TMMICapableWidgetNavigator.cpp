@@ -396,6 +396,8 @@ void TMMICapableWidgetNavigator::LayHighlightAround(QWidget* widget)
 {
     MakeHighlight();
     QWidget* const parent = widget->parentWidget();
+    // What is shown next is stacked anew.
+    m_Highlight->hide();
     m_Highlight->setParent(parent);
     if (parent)
         m_Highlight->setGeometry(m_Selected->GetMMIHighlightRect(parent));
