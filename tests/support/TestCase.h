@@ -10,5 +10,6 @@
 std::map<QByteArray, std::function<QObject*()>>& TestClasses();
 
 /// Registers a test class under its own name, so that "test-room Class" runs it.
-#define COMMONUI_TEST(Class)                                                                                           \
-    static bool const registered##Class = (TestClasses()[#Class] = []() -> QObject* { return new Class; }, true);
+#define COMMONUI_TEST(Class)                                                                                 \
+    static bool const registered##Class = (                                                                  \
+        TestClasses()[#Class] = []() -> QObject* { return new Class; }, true);

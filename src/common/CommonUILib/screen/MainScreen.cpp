@@ -1,0 +1,31 @@
+#include "MainScreen.h"
+
+#include "ConfigManager.h"
+#include "TScreen.h"
+#include "TSoundServer.h"
+
+TScreen* MainScreen = nullptr;
+
+TScreen** GetMainScreen()
+{
+    return &MainScreen;
+}
+
+void tscreenPlaySound(ESoundType type)
+{
+    if (!ConfigManager::Instance()->Read(CONFIG_SOUND_ENABLED).toBool() || !MainScreen)
+        return;
+    if (TSoundServer* const server = MainScreen->GetSoundServerPtr())
+        server->PlaySound(type, ConfigManager::Instance()->Read(CONFIG_SOUND_VOLUME).toInt(), type);
+}
+
+KVN::PixmapManager* tscreenPixmapManager()
+{
+    return MainScreen ? MainScreen->GetPixmapManager() : nullptr;
+}
+
+void tscreenPushMMIWidget(QWidget* widget)
+{
+    if (MainScreen)
+        MainScreen->PushMMIWidget(widget);
+}

@@ -1,0 +1,681 @@
+#include "TScreen.h"
+
+#include "ConfigManager.h"
+#include "FeatureSwitches.h"
+#include "Metrics.h"
+#include "ModuleIds.h"
+#include "PixmapManager.h"
+#include "PixmapNames.h"
+#include "TCameraXVOverlayManager.h"
+#include "TCanvas.h"
+#include "TFileHash.h"
+#include "TLocalTime.h"
+#include "TMiniWindow.h"
+#include "TMMICapableWidgetNavigator.h"
+#include "TModalWidget.h"
+#include "TNavigationBar.h"
+#include "TNavigationWindow.h"
+#include "TObstructionManager.h"
+#include "TSoundServer.h"
+#include "TSystemSettings.h"
+#include "TSystemSettingsProxy.h"
+#include "TWindowManager.h"
+#include "UserLog.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QThread>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int AlarmTop = -6;
+constexpr int NavigationWindowMargin = 5;
+constexpr int ScreenShotDelay = 100;
+const QColor FlashColor(255, 255, 255, 96);
+constexpr int SmallScreenHeight = 600;
+
+QString ImagePath(char const* file)
+{
+    return QStringLiteral(":/Images/Resources/") + QLatin1String(file);
+}
+
+struct TImage
+{
+    char const* name;
+    char const* file;
+    char const* smallScreenFile;
+};
+
+// The names carry sizes that do not match the files, and that is how modules know them.
+constexpr TImage Backgrounds[] = {
+    {"bkgControllers800x600", "bkgControllers1024x768.png", "bkgControllers800x600.png"},
+    {"bkgSysInfo480x272", "bkgSysInfo1024x768.png", "bkgSysInfo800x600.png"},
+    {"bkgUSBGeneric480x272", "bkgUSBGeneric1024x768.png", "bkgUSBGeneric800x600.png"},
+    {"bkgBlackGeneric480x272", "bkgBlackGeneric1024x768.png", "bkgBlackGeneric800x600.png"},
+    {"bkgDiagnostics800x600", "bkgDiagnostics1024x768.png", "bkgDiagnostics800x600.png"},
+};
+
+struct TFrame
+{
+    char const* name;
+    char const* file;
+    char const* fullScreenFile;
+};
+
+constexpr TFrame TaskWindowFrames[] = {
+    {"TaskWindowNoShadow", "TaskWindow.png", "TaskWindowNoShadow.png"},
+    {"TaskWindowNoTitlebarNoShadow", "TaskWindowNoTitlebar.png", "TaskWindowNoTitlebarNoShadow.png"},
+    {"TaskWindowUSBNoShadow", "TaskWindowUSB.png", "TaskWindowUSBNoShadow.png"},
+};
+
+constexpr char const* SetupBackgrounds[] = {"SetupScreenBackgroundTop480x272",
+                                            "SetupScreenBackgroundBottom480x272",
+                                            "SetupScreenBackgroundDark800x600"};
+
+// The built-in splash unless the branding names a file that carries the key it was delivered with.
+QString SplashPath()
+{
+    QString const drive = TSystemSettings::GetInternalDrivePath();
+    QSettings const console(drive + QStringLiteral("Console.ini"), QSettings::IniFormat);
+    QString const fileName = console.value(QStringLiteral("Branding/SplashScreen"), QString()).toString();
+    QString const key = console.value(QStringLiteral("Branding/SplashScreenKey"), QString()).toString();
+    QString const branded =
+        drive + QLatin1String(TSystemSettings::BrandingFolder) + QLatin1Char('/') + fileName;
+    if (!fileName.isEmpty() && QFile::exists(branded) &&
+        key.toLower() == QString::fromLatin1(TFileHash::CalculateFileSaltedSHA1(branded).toHex()))
+        return branded;
+    switch (SCREEN_HEIGHT)
+    {
+    case 600:
+        return ImagePath("SplashScreen800x600.png");
+    case 480:
+        return ImagePath("SplashScreen800x480.png");
+    default:
+        return ImagePath("SplashScreen1024x768.png");
+    }
+}
+
+// "MenuButtonFlatSmall" is registered twice on purpose: the list of names holds it twice.
+void AddMenuButtons(KVN::PixmapManager* pixmaps)
+{
+    for (char const* const name :
+         {"MenuButtonFlatSmall", "MenuButtonFlatSelectedSmall", "MenuButtonFlatSmall"})
+    {
+        QString const file = QLatin1String(name) + QStringLiteral(".png");
+        pixmaps->AddPixmap(QLatin1String(name), ImagePath("") + file, 28, 17, 102, 66, false,
+                           TABLE_OF_CONTENTS_SCALE_FACTOR);
+    }
+}
+
+void AddSplash(KVN::PixmapManager* pixmaps)
+{
+    if (SCREEN_HEIGHT == SmallScreenHeight)
+        pixmaps->AddPixmap(PixmapNames::SplashScreen, SplashPath(), 0, 0, 0, 0, false, 1.0F);
+    else
+        pixmaps->AddPixmap(PixmapNames::SplashScreen, SplashPath(), 336, 1, SCREEN_WIDTH - 2,
+                           SCREEN_HEIGHT - 2, true, 1.0F);
+}
+
+void AddBackgrounds(KVN::PixmapManager* pixmaps)
+{
+    for (TImage const& image : Backgrounds)
+    {
+        char const* const file = SCREEN_HEIGHT == SmallScreenHeight ? image.smallScreenFile : image.file;
+        pixmaps->AddPixmap(QLatin1String(image.name), ImagePath(file), 0, 0, 0, 0, false, 1.0F);
+    }
+}
+
+void AddTaskWindowFrames(KVN::PixmapManager* pixmaps)
+{
+    for (TFrame const& frame : TaskWindowFrames)
+    {
+        char const* const file = TASK_WINDOW_USE_FULLSCREEN ? frame.fullScreenFile : frame.file;
+        pixmaps->AddPixmap(QLatin1String(frame.name), ImagePath(file), 8, 38, 306, 306, false, 1.0F);
+    }
+}
+
+void AddSetupBackgrounds(KVN::PixmapManager* pixmaps)
+{
+    QString const path = ImagePath(SCREEN_HEIGHT == 768 ? "SetupScreenBackgroundFlat1024x768.png"
+                                                        : "SetupScreenBackgroundFlat800x600.png");
+    for (char const* const name : SetupBackgrounds)
+        pixmaps->AddPixmap(QLatin1String(name), path, 0, 0, 0, 0, false, 1.0F);
+}
+} // namespace
+
+TScreen::TScreen()
+    : QWidget(nullptr, Qt::Window | Qt::FramelessWindowHint)
+    , m_SoundThread(new QThread)
+{
+    resize(SCREEN_WIDTH, SCREEN_HEIGHT);
+    m_CameraOverlayManager = std::make_unique<TCameraXVOverlayManager>();
+    m_ObstructionManager = std::make_unique<TObstructionManager>(this, nullptr);
+    PopulatePixmapManager();
+    BuildNavigationBars();
+
+    m_WindowManager = new TWindowManager(this, m_NavigationBar);
+    m_WindowManager->SetSetupManagerUniqueId(
+        KVN::MorvaneID(WELL_KNOWN_MODULES[MODULE_SETUP_MANAGER]).ToString());
+    m_WindowManager->SetInventorManagerUniqueId(
+        KVN::MorvaneID(WELL_KNOWN_MODULES[MODULE_INVENTOR_MANAGER]).ToString());
+
+    m_ModalWidget = new TModalWidget(this);
+    m_ModalWidget->setFixedSize(SCREEN_WIDTH, SCREEN_HEIGHT);
+    m_ModalWidget->hide();
+    StartSound();
+}
+
+TScreen::~TScreen()
+{
+    // From here on nobody may find the screen: its children are about to go.
+    if (MainScreen == this)
+        MainScreen = nullptr;
+    for (TLockingWidget const& lock : qAsConst(m_LockingWidgets))
+        disconnect(lock.widget, nullptr, this, nullptr);
+    m_LockingWidgets.clear();
+    m_PixmapManager.reset();
+    m_SoundServer->deleteLater();
+    m_ObstructionManager.reset();
+    m_SoundThread->quit();
+    // A thread must not be deleted while it runs; it has nothing left to do but to end.
+    m_SoundThread->wait();
+    m_SoundThread->deleteLater();
+}
+
+void TScreen::PopulatePixmapManager()
+{
+    m_PixmapManager = std::make_unique<KVN::PixmapManager>();
+    m_PixmapManager->Initialize();
+    AddMenuButtons(m_PixmapManager.get());
+    AddSplash(m_PixmapManager.get());
+    AddBackgrounds(m_PixmapManager.get());
+    AddTaskWindowFrames(m_PixmapManager.get());
+    AddSetupBackgrounds(m_PixmapManager.get());
+}
+
+void TScreen::BuildNavigationBars()
+{
+    if (!USE_NAVIGATION_BAR)
+        return;
+    m_NavigationBar = new TNavigationBar(this, false, true);
+    m_NavigationBar->move(0, 0);
+    m_NavigationBar->setFixedWidth(NAVBAR_WIDTH);
+    m_NavigationBar->resize(NAVBAR_WIDTH, SCREEN_HEIGHT);
+    m_NavigationBar->hide();
+    m_NavigationBar->SetDragSettings(true, true, false, true, true);
+    m_NavigationBar->SetUserResizeButtons(true);
+    m_ObstructionManager->RegisterObstruction(m_NavigationBar, OBSTRUCTION_LEFT);
+    if (USE_SPECIAL_NAVIGATION_BAR)
+    {
+        m_SpecialNavigationBar = new TNavigationBar(this, true, true);
+        m_SpecialNavigationBar->setFixedWidth(NAVBAR_WIDTH);
+        m_SpecialNavigationBar->hide();
+        m_SpecialNavigationBar->SetDragSettings(false, false, false, false, false);
+        m_SpecialNavigationBar->SetButtonOffset(SPACE_BETWEEN_NAV_BARS);
+        m_SpecialNavigationBar->SetUserResizeButtons(true);
+    }
+}
+
+void TScreen::StartSound()
+{
+    QString const folder =
+        QDir::cleanPath(TSystemSettings::GetInternalDrivePath() + QStringLiteral("/Sounds/"));
+    m_SoundServer = new TSoundServer(nullptr, folder);
+    m_SoundServer->moveToThread(m_SoundThread);
+    connect(m_SoundThread, &QThread::started, m_SoundServer, &TSoundServer::Initialise);
+    m_SoundThread->start(QThread::InheritPriority);
+}
+
+void TScreen::Setup()
+{
+    if (USE_NAVIGATION_BAR)
+        return;
+    m_NavigationWindow = new TNavigationWindow(this);
+    int const bleed = INPUT_WINDOW_SHADOW_SIZE - 2 * NavigationWindowMargin;
+    m_NavigationWindow->setFixedSize(SCREEN_WIDTH + bleed, SCREEN_HEIGHT + bleed);
+    m_NavigationWindow->move(NavigationWindowMargin, NavigationWindowMargin);
+    m_NavigationWindow->HideWindow();
+}
+
+KVN::PixmapManager* TScreen::GetPixmapManager() const
+{
+    return m_PixmapManager.get();
+}
+
+TObstructionManager* TScreen::GetObstructionManager() const
+{
+    return m_ObstructionManager.get();
+}
+
+TCameraXVOverlayManager* TScreen::GetCameraOverlayManager() const
+{
+    return m_CameraOverlayManager.get();
+}
+
+TWindowManager* TScreen::GetWindowManager() const
+{
+    return m_WindowManager;
+}
+
+TModalWidget* TScreen::GetModalWidget() const
+{
+    return m_ModalWidget;
+}
+
+TNavigationBar* TScreen::GetNavigationBar() const
+{
+    return m_NavigationBar;
+}
+
+TNavigationBar* TScreen::GetSpecialNavigationBar() const
+{
+    return m_SpecialNavigationBar;
+}
+
+TNavigationWindow* TScreen::GetNavigationWindow() const
+{
+    return m_NavigationWindow;
+}
+
+TCanvas* TScreen::GetCurrentCanvas() const
+{
+    return m_CurrentCanvas;
+}
+
+bool TScreen::IsNavigationBarVisible() const
+{
+    return m_NavigationBar && m_NavigationBar->isVisible();
+}
+
+void TScreen::SetCurrentCanvas(TCanvas* canvas, bool showBars)
+{
+    if (!canvas)
+        return;
+    if (m_CurrentCanvas)
+        m_CurrentCanvas->hide();
+    m_CurrentCanvas = canvas;
+    if (canvas->parentWidget() != this)
+    {
+        canvas->setParent(this);
+        canvas->move(0, 0);
+    }
+    canvas->lower();
+    canvas->show();
+    for (TNavigationBar* const bar : {m_NavigationBar, m_SpecialNavigationBar})
+    {
+        if (!bar)
+            continue;
+        if (showBars)
+            bar->raise();
+        bar->setVisible(showBars);
+    }
+    if (!showBars)
+        return;
+    if (m_AlarmWidget)
+        RaiseToBelowTooltips(m_AlarmWidget);
+    CheckToolbarsForLocking();
+}
+
+void TScreen::SetAlarmWidget(TWindow* widget)
+{
+    m_AlarmWidget = widget;
+    if (!widget)
+        return;
+    widget->setParent(this);
+    widget->move(width() / 2 - widget->width() / 2, AlarmTop);
+    widget->HideWindow();
+    RaiseToBelowTooltips(widget);
+}
+
+TWindow* TScreen::GetAlarmWidget() const
+{
+    return m_AlarmWidget;
+}
+
+int TScreen::GetSystemToolBarWidth() const
+{
+    return m_SystemToolBar && m_SystemToolBar->isVisible() ? m_SystemToolBar->width() : 0;
+}
+
+int TScreen::GetSystemToolBarHeight() const
+{
+    return m_SystemToolBar && m_SystemToolBar->isVisible() ? m_SystemToolBar->height() : 0;
+}
+
+int TScreen::GetSystemToolBarWidthWithoutVisibilityCheck() const
+{
+    return m_SystemToolBar ? m_SystemToolBar->width() : 0;
+}
+
+int TScreen::GetSystemToolBarHeightWithoutVisibilityCheck() const
+{
+    return m_SystemToolBar ? m_SystemToolBar->height() : 0;
+}
+
+QRect TScreen::GetUsableRect()
+{
+    return {0, 0, width() - GetSystemToolBarWidth(), height()};
+}
+
+TKeyboard* TScreen::GetKeyboard()
+{
+    return nullptr;
+}
+
+QWidget* TScreen::GetTopLevelWidgetFor(QWidget* widget)
+{
+    Q_UNUSED(widget)
+    return this;
+}
+
+bool TScreen::IsExternal()
+{
+    return false;
+}
+
+TSoundServer* TScreen::GetSoundServerPtr() const
+{
+    return m_SoundServer;
+}
+
+void TScreen::RaiseToBelowTooltips(QWidget* widget)
+{
+    for (QObject* const child : children())
+    {
+        // By name: the screen knows nothing else of tool tips.
+        if (!child->isWidgetType() || !child->inherits("TToolTip"))
+            continue;
+        auto* const toolTip = static_cast<QWidget*>(child);
+        toolTip->raise();
+        widget->raise();
+        widget->stackUnder(toolTip);
+        return;
+    }
+    widget->raise();
+}
+
+void TScreen::RaiseToBelowSystemToolbar(QWidget* widget)
+{
+    if (!m_SystemToolBar)
+        return;
+    widget->raise();
+    widget->stackUnder(m_SystemToolBar);
+}
+
+void TScreen::RaiseToBelowNavigationBar(QWidget* widget)
+{
+    if (!m_NavigationBar)
+        return;
+    widget->raise();
+    widget->stackUnder(m_NavigationBar);
+}
+
+void TScreen::RaiseToBelowAlarm(QWidget* widget)
+{
+    widget->raise();
+    if (m_AlarmWidget)
+        widget->stackUnder(m_AlarmWidget);
+}
+
+void TScreen::UnLockSystemToolbar()
+{
+    if (m_SystemToolBar && !m_AllToolbarsLocked)
+        RaiseToBelowAlarm(m_SystemToolBar);
+}
+
+void TScreen::AddLockingWidget(KVN::ModalData const& data)
+{
+    if (!data.widget)
+        return;
+    for (int i = 0; i < m_LockingWidgets.size(); ++i)
+    {
+        if (m_LockingWidgets[i].widget == data.widget)
+        {
+            EraseLock(i);
+            break;
+        }
+    }
+    TLockingWidget lock;
+    static_cast<KVN::ModalData&>(lock) = data;
+    lock.lockToolbars = data.modalType == KVN::MODAL_GLOBAL;
+    m_LockingWidgets.append(lock);
+    connect(data.widget, &QObject::destroyed, this, &TScreen::OnWidgetDeleted);
+    Q_EMIT NotifyScreenLock(true);
+    m_ModalWidget->SetModalData(data);
+    m_ModalWidget->show();
+    LockAllToolbars(lock.lockToolbars);
+}
+
+void TScreen::EraseLock(int index)
+{
+    disconnect(m_LockingWidgets[index].widget, &QObject::destroyed, this, &TScreen::OnWidgetDeleted);
+    m_LockingWidgets.remove(index);
+}
+
+void TScreen::RemoveLockingWidget(QWidget* widget)
+{
+    int index = m_LockingWidgets.size() - 1;
+    while (index >= 0 && m_LockingWidgets[index].widget != widget)
+        --index;
+    if (index < 0)
+        return;
+    EraseLock(index);
+    if (m_LockingWidgets.isEmpty())
+    {
+        m_ModalWidget->hide();
+        Q_EMIT NotifyScreenLock(false);
+    }
+    LockAllToolbars(false);
+}
+
+// Takes the dead out and does no more: a widget that goes in the middle of some operation must not restack
+// the screen under it. The next operation puts things right.
+void TScreen::OnWidgetDeleted(QObject* widget)
+{
+    for (int i = m_LockingWidgets.size() - 1; i >= 0; --i)
+    {
+        if (static_cast<QObject*>(m_LockingWidgets[i].widget) == widget)
+            m_LockingWidgets.remove(i);
+    }
+}
+
+void TScreen::LockAllToolbars(bool wanted)
+{
+    QVector<TLockingWidget> const locks = m_LockingWidgets;
+    bool const isHeld =
+        std::any_of(locks.begin(), locks.end(), [](TLockingWidget const& lock) { return lock.lockToolbars; });
+    m_AllToolbarsLocked = wanted || isHeld;
+    CheckToolbarsForLocking();
+}
+
+bool TScreen::AreAllToolbarsLocked() const
+{
+    return m_AllToolbarsLocked;
+}
+
+QVector<TLockingWidget> const& TScreen::GetLockingWidgets() const
+{
+    return m_LockingWidgets;
+}
+
+QWidget* TScreen::LockAnchor() const
+{
+    switch (m_LockingWidgets.size())
+    {
+    case 0:
+        return m_SystemToolBar;
+    case 1:
+        return m_ModalWidget;
+    default:
+        return m_LockingWidgets.constFirst().widget;
+    }
+}
+
+void TScreen::CheckToolbarsForLocking()
+{
+    if (m_LockingWidgets.isEmpty() && m_AllToolbarsLocked)
+        return;
+    if (m_AlarmWidget && m_AlarmWidget->isVisible())
+        RaiseToBelowTooltips(m_AlarmWidget);
+
+    QWidget* const anchor = LockAnchor();
+    if (m_AllToolbarsLocked)
+        StackForGlobalLock(anchor);
+    else
+        StackForLocalLock();
+
+    for (TNavigationBar* const bar : {m_NavigationBar, m_SpecialNavigationBar})
+    {
+        if (bar && anchor)
+            bar->stackUnder(anchor);
+    }
+    if (IsNavigationBarVisible())
+        m_WindowManager->RestoreAllMiniViews();
+}
+
+void TScreen::StackForGlobalLock(QWidget* anchor)
+{
+    TLockingWidget const last = m_LockingWidgets.constLast();
+    if (isAncestorOf(last.widget))
+        RaiseToBelowAlarm(last.widget);
+    m_ModalWidget->SetModalData(last);
+    m_ModalWidget->stackUnder(last.widget);
+    if (m_SystemToolBar)
+        m_SystemToolBar->stackUnder(anchor);
+}
+
+void TScreen::StackForLocalLock()
+{
+    UnLockSystemToolbar();
+    if (m_LockingWidgets.isEmpty())
+        return;
+    TLockingWidget const last = m_LockingWidgets.constLast();
+    if (isAncestorOf(last.widget))
+    {
+        last.widget->raise();
+        if (m_SystemToolBar)
+            last.widget->stackUnder(m_SystemToolBar);
+    }
+    m_ModalWidget->SetModalData(last);
+    m_ModalWidget->stackUnder(last.widget);
+}
+
+void TScreen::SetMMINavigator(TMMICapableWidgetNavigator* navigator)
+{
+    m_Navigator = navigator;
+}
+
+TMMICapableWidgetNavigator* TScreen::GetMMINavigator() const
+{
+    return m_Navigator;
+}
+
+void TScreen::PushMMIWidget(QWidget* widget)
+{
+    if (m_Navigator)
+        m_Navigator->PushWidget(widget);
+}
+
+void TScreen::SetDefaultView(KVN::MorvaneID const& id)
+{
+    m_WindowManager->SetDefaultView(id.ToString());
+}
+
+void TScreen::DisplayStartupFullView()
+{
+    UpdateNavBarSizes();
+    m_WindowManager->RestoreShutdownState();
+}
+
+void TScreen::SetNavShortcut(int navigationId)
+{
+    m_ShortcutView = navigationId;
+}
+
+void TScreen::DelayedScreenShot()
+{
+    QTimer::singleShot(ScreenShotDelay, this, &TScreen::TakeScreenShot);
+}
+
+void TScreen::TakeScreenShot()
+{
+    QString drive;
+    if (!TSystemSettingsProxy::Instance()->GetExternalDrivePath(drive))
+    {
+        GetUserLog()->AddEntry(QStringLiteral("Screenshot: there is no USB stick to save it on."));
+        return;
+    }
+    m_CameraOverlayManager->StartScreenShot();
+    ShowFlash();
+    // Heard also with sounds off: the operator must know that the picture was taken.
+    if (TSoundServer* const server = GetSoundServerPtr())
+    {
+        int const volume = ConfigManager::Instance()->Read(CONFIG_SOUND_VOLUME).toInt();
+        server->PlaySound(SOUND_SCREENSHOT, volume, SOUND_SCREENSHOT);
+    }
+    QCoreApplication::processEvents();
+    m_ScreenShotFlash->hide();
+    SaveScreenShot(drive);
+    m_CameraOverlayManager->FinishScreenShot();
+}
+
+void TScreen::ShowFlash()
+{
+    if (!m_ScreenShotFlash)
+    {
+        m_ScreenShotFlash = new QWidget(this);
+        m_ScreenShotFlash->setFixedSize(SCREEN_WIDTH, SCREEN_HEIGHT);
+        QPalette white = m_ScreenShotFlash->palette();
+        white.setColor(QPalette::Window, FlashColor);
+        m_ScreenShotFlash->setPalette(white);
+        m_ScreenShotFlash->setAutoFillBackground(true);
+    }
+    m_ScreenShotFlash->show();
+    m_ScreenShotFlash->raise();
+    m_ScreenShotFlash->update();
+}
+
+void TScreen::SaveScreenShot(QString const& drive)
+{
+    QDir(drive).mkdir(QStringLiteral("Screenshots"));
+    QString const name = TLocalTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-hh-mm-ss"));
+    grab().save(drive + QStringLiteral("/Screenshots/") + name + QStringLiteral(".png"), "PNG");
+}
+
+void TScreen::OnNavigationWindow()
+{
+    if (!m_NavigationWindow)
+        return;
+    if (m_NavigationWindow->isVisible())
+        m_NavigationWindow->HideWindow();
+    else
+        m_NavigationWindow->ShowWindow(true);
+}
+
+void TScreen::SquishRestart(int code)
+{
+    Q_EMIT RequestShutdown(code);
+}
+
+void TScreen::OnFlyoutWindowOpened()
+{
+    ++m_OpenFlyouts;
+    m_CameraOverlayManager->ShowingFlyoutWindow();
+}
+
+void TScreen::OnFlyoutWindowClosed()
+{
+    m_OpenFlyouts = qMax(0, m_OpenFlyouts - 1);
+    if (m_OpenFlyouts == 0)
+        m_CameraOverlayManager->HidingFlyoutWindow();
+}
+
+void TScreen::OnNavShortcut()
+{
+    m_WindowManager->OnSwitchToView(m_ShortcutView);
+}

@@ -1,0 +1,167 @@
+// The window manager's animations. Position follows the time that has passed, never the count of frames.
+
+#include "Metrics.h"
+#include "TCanvas.h"
+#include "TFullWindow.h"
+#include "TLocalTime.h"
+#include "TMiniWindow.h"
+#include "TWindowManager.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr int SlideDuration = 160;
+
+int HorizontalTravel()
+{
+    return MINI_WINDOW_SIZE + MINI_WINDOW_BORDER;
+}
+
+// Pixels per ms.
+double HorizontalSpeed()
+{
+    return HorizontalTravel() / double(SlideDuration);
+}
+
+double VerticalSpeed()
+{
+    return MINI_WINDOW_SIZE / double(SlideDuration);
+}
+
+bool IsMoving(EMiniViewState state)
+{
+    return state != MINI_VIEW_SHOWN && state != MINI_VIEW_HIDDEN;
+}
+} // namespace
+
+void TWindowManager::OnMiniViewDoneDrag(int id, int yPos)
+{
+    ViewDetails* const view = FindMini(id);
+    if (!view || !IsSlot(view->slot))
+        return;
+    int const y = qBound(0, yPos, GetSlotCount() * MINI_WINDOW_SIZE - 1);
+    TakeOutOfSlot(*view, id);
+    view->slot = y / MINI_WINDOW_SIZE;
+    int const remainder = y % MINI_WINDOW_SIZE;
+    m_Slots[static_cast<size_t>(view->slot)].append(id);
+    // The animation starts partway, where the finger left the window.
+    if (view->miniWindow->y() >= y)
+    {
+        view->miniState = MINI_VIEW_SETTLING_UP;
+        view->elapsed = int((MINI_WINDOW_SIZE - remainder) / VerticalSpeed());
+    }
+    else
+    {
+        view->miniState = MINI_VIEW_SETTLING_DOWN;
+        view->elapsed = int(remainder / VerticalSpeed());
+    }
+    view->miniWindow->setAttribute(Qt::WA_TransparentForMouseEvents, true);
+}
+
+void TWindowManager::OnNextFrame()
+{
+    int const delta = FrameDelta();
+    // Looked at first, since an idle frame, and nearly all are, must cost nothing: not even a copy of the
+    // ids.
+    if (IsAnyMiniViewMoving())
+    {
+        QList<int> const ids = m_Views.keys();
+        for (int const id : ids)
+            AnimateMiniView(id, delta);
+    }
+    if (m_Swapping)
+    {
+        m_Swapping = SwappingViews();
+        if (!m_Swapping)
+            SetMiniviewObstructionUpdatesEnabled(true);
+    }
+}
+
+int TWindowManager::FrameDelta()
+{
+    qint64 const now = TLocalTime::getCurrentTime();
+    qint64 const delta = m_LastFrameTime < 0 ? 0 : now - m_LastFrameTime;
+    m_LastFrameTime = now;
+    // More than a slide takes is never needed, and a sum with it never overflows.
+    return static_cast<int>(qBound<qint64>(0, delta, SlideDuration + 1));
+}
+
+bool TWindowManager::IsAnyMiniViewMoving() const
+{
+    return std::any_of(m_Views.constBegin(), m_Views.constEnd(),
+                       [](ViewDetails const& view) { return view.miniWindow && IsMoving(view.miniState); });
+}
+
+void TWindowManager::AnimateMiniView(int id, int delta)
+{
+    ViewDetails* const view = FindMini(id);
+    if (!view)
+        return;
+    switch (view->miniState)
+    {
+    case MINI_VIEW_OPENING:
+        SlideIn(*view, id, delta);
+        break;
+    case MINI_VIEW_HIDING:
+        SlideOut(*view, id, delta);
+        break;
+    case MINI_VIEW_SETTLING_UP:
+    case MINI_VIEW_SETTLING_DOWN:
+        Settle(*view, id, delta);
+        break;
+    case MINI_VIEW_SHOWN:
+    case MINI_VIEW_HIDDEN:
+        break;
+    }
+}
+
+void TWindowManager::SlideIn(ViewDetails& view, int id, int delta)
+{
+    view.elapsed = std::min(view.elapsed + delta, SlideDuration);
+    bool const isDone = view.elapsed == SlideDuration;
+    int const x = int(NAVBAR_WIDTH - HorizontalTravel() + view.elapsed * HorizontalSpeed());
+    MoveMiniWindow(id, x, view.miniWindow->y());
+    if (isDone)
+        FinishOpening(id);
+}
+
+void TWindowManager::SlideOut(ViewDetails& view, int id, int delta)
+{
+    // One more than the duration: the last position is drawn before the window goes.
+    view.elapsed = std::min(view.elapsed + delta, SlideDuration + 1);
+    bool const isDone = view.elapsed > SlideDuration;
+    int const x = int(NAVBAR_WIDTH - view.elapsed * HorizontalSpeed());
+    MoveMiniWindow(id, x, view.miniWindow->y());
+    ViewDetails* const moved = FindMini(id);
+    if (!isDone || !moved || moved->miniState != MINI_VIEW_HIDING)
+        return;
+    moved->miniState = MINI_VIEW_HIDDEN;
+    if (moved->hideAfterAnimation)
+        HideMiniWindow(id);
+}
+
+void TWindowManager::Settle(ViewDetails& view, int id, int delta)
+{
+    if (view.elapsed >= SlideDuration)
+    {
+        FinishOpening(id);
+        MiniViewSafeRaise(id);
+        return;
+    }
+    view.elapsed = std::min(view.elapsed + delta, SlideDuration);
+    double const travelled = view.elapsed * VerticalSpeed();
+    double const y = view.miniState == MINI_VIEW_SETTLING_UP ? (view.slot + 1) * MINI_WINDOW_SIZE - travelled
+                                                             : (view.slot - 1) * MINI_WINDOW_SIZE + travelled;
+    MoveMiniWindow(id, view.miniWindow->x(), int(y));
+}
+
+void TWindowManager::FinishOpening(int id)
+{
+    ViewDetails* const view = FindMini(id);
+    if (!view)
+        return;
+    view->miniState = MINI_VIEW_SHOWN;
+    view->miniWindow->setAttribute(Qt::WA_TransparentForMouseEvents, false);
+    view->miniWindow->ChildButtonsPropagateClick(true);
+}

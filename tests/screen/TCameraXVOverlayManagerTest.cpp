@@ -1,0 +1,147 @@
+#include "TCameraXVOverlayManager.h"
+#include "ModuleIds.h"
+#include "TestCase.h"
+
+#include <QSignalSpy>
+
+namespace
+{
+KVN::MorvaneID CameraId()
+{
+    return KVN::MorvaneID(WELL_KNOWN_MODULES[MODULE_CAMERA]);
+}
+
+QList<bool> Values(QSignalSpy const& spy)
+{
+    QList<bool> values;
+    for (QVariantList const& arguments : spy)
+        values.append(arguments.at(0).toBool());
+    return values;
+}
+} // namespace
+
+class TCameraXVOverlayManagerTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void twoAlarmsAreOneUntilTheSecondGoes()
+    {
+        TCameraXVOverlayManager manager;
+        QSignalSpy alarms(&manager, &TCameraXVOverlayManager::AlarmVisible);
+        QObject first;
+        QObject second;
+        manager.ShowingAlarm(&first);
+        manager.ShowingAlarm(&second);
+        QCOMPARE(Values(alarms), (QList<bool>{true}));
+        manager.HidingAlarm(&first);
+        QCOMPARE(alarms.count(), 1);
+        manager.HidingAlarm(&second);
+        QCOMPARE(Values(alarms), (QList<bool>{true, false}));
+    }
+
+    void anAlarmShownTwiceIsHiddenByOneCall()
+    {
+        TCameraXVOverlayManager manager;
+        QSignalSpy alarms(&manager, &TCameraXVOverlayManager::AlarmVisible);
+        QObject alarm;
+        manager.ShowingAlarm(&alarm);
+        manager.ShowingAlarm(&alarm);
+        manager.HidingAlarm(&alarm);
+        QCOMPARE(Values(alarms), (QList<bool>{true, false}));
+    }
+
+    void anUnknownAlarmClearsTheFlagOfAnEmptyList()
+    {
+        TCameraXVOverlayManager manager;
+        QSignalSpy alarms(&manager, &TCameraXVOverlayManager::AlarmVisible);
+        QObject alarm;
+        QObject unknown;
+        // The one way to an empty list with the flag set: the alarm ends in answer to its own coming.
+        auto const connection = connect(&manager, &TCameraXVOverlayManager::AlarmVisible, &manager,
+                                        [&](bool visible)
+                                        {
+                                            if (visible)
+                                                manager.HidingAlarm(&alarm);
+                                        });
+        manager.ShowingAlarm(&alarm);
+        disconnect(connection);
+        QCOMPARE(Values(alarms).size(), 2);
+        manager.HidingAlarm(&alarm);
+        manager.ShowingAlarm(&alarm);
+        manager.HidingAlarm(&unknown);
+        QCOMPARE(Values(alarms).last(), true);
+        manager.HidingAlarm(&alarm);
+        QCOMPARE(Values(alarms).last(), false);
+    }
+
+    void hidingAnAlarmWhileNoneShowsSaysNothing()
+    {
+        TCameraXVOverlayManager manager;
+        QSignalSpy alarms(&manager, &TCameraXVOverlayManager::AlarmVisible);
+        manager.HidingAlarm(this);
+        QCOMPARE(alarms.count(), 0);
+    }
+
+    void stacksOfOtherModulesDoNotCount()
+    {
+        TCameraXVOverlayManager manager;
+        QSignalSpy popups(&manager, &TCameraXVOverlayManager::PopupVisible);
+        QSignalSpy tasks(&manager, &TCameraXVOverlayManager::TaskWindowVisible);
+        KVN::MorvaneID const other(WELL_KNOWN_MODULES[MODULE_SETUP_MANAGER]);
+        manager.OnPopupWindowStackEmptyChanged(other, false);
+        manager.OnTaskWindowStackEmptyChanged(other, false);
+        manager.OnPopupWindowStackEmptyChanged(KVN::MorvaneID(WELL_KNOWN_MODULES[MODULE_CAMERA], 1), false);
+        QCOMPARE(popups.count(), 0);
+        QCOMPARE(tasks.count(), 0);
+    }
+
+    void theCamerasStacksAreToldOnEachChangeOnly()
+    {
+        TCameraXVOverlayManager manager;
+        QSignalSpy popups(&manager, &TCameraXVOverlayManager::PopupVisible);
+        QSignalSpy tasks(&manager, &TCameraXVOverlayManager::TaskWindowVisible);
+        for (bool const empty : {true, false, false, true})
+        {
+            manager.OnPopupWindowStackEmptyChanged(CameraId(), empty);
+            manager.OnTaskWindowStackEmptyChanged(CameraId(), empty);
+        }
+        QCOMPARE(Values(popups), (QList<bool>{true, false}));
+        QCOMPARE(Values(tasks), (QList<bool>{true, false}));
+    }
+
+    void flyoutsAndAnnotationsAreToldOnEachChangeOnly()
+    {
+        TCameraXVOverlayManager manager;
+        QSignalSpy flyouts(&manager, &TCameraXVOverlayManager::FlyoutWindowVisible);
+        QSignalSpy annotations(&manager, &TCameraXVOverlayManager::AnnotationVisible);
+        manager.HidingFlyoutWindow();
+        manager.OnAnnotationHiding();
+        for (int i = 0; i < 2; ++i)
+        {
+            manager.ShowingFlyoutWindow();
+            manager.OnAnnotationShowing();
+        }
+        QCOMPARE(Values(flyouts), (QList<bool>{true}));
+        QCOMPARE(Values(annotations), (QList<bool>{true}));
+        for (int i = 0; i < 2; ++i)
+        {
+            manager.HidingFlyoutWindow();
+            manager.OnAnnotationHiding();
+        }
+        QCOMPARE(Values(flyouts), (QList<bool>{true, false}));
+        QCOMPARE(Values(annotations), (QList<bool>{true, false}));
+    }
+
+    void aScreenshotIsBracketed()
+    {
+        TCameraXVOverlayManager manager;
+        QSignalSpy shots(&manager, &TCameraXVOverlayManager::NotifyScreenShot);
+        manager.StartScreenShot();
+        manager.FinishScreenShot();
+        QCOMPARE(Values(shots), (QList<bool>{true, false}));
+    }
+};
+
+COMMONUI_TEST(TCameraXVOverlayManagerTest)
+#include "TCameraXVOverlayManagerTest.moc"

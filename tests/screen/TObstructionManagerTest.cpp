@@ -1,0 +1,326 @@
+#include "TObstructionManager.h"
+#include "TestCase.h"
+#include "TObstructionManagerHelpers.h"
+
+#include <QSignalSpy>
+#include <QWidget>
+
+Q_DECLARE_METATYPE(EObstructionSide)
+
+using THelpers = TObstructionManagerHelpers;
+
+namespace
+{
+QList<int> Sides(QSignalSpy const& spy)
+{
+    QList<int> sides;
+    for (QVariantList const& arguments : spy)
+        sides.append(arguments.at(0).value<EObstructionSide>());
+    return sides;
+}
+
+// A shown surface of 1000 by 700 with one bar at its left edge.
+struct TSurface
+{
+    TSurface()
+        : manager(&screen, nullptr)
+    {
+        screen.resize(1000, 700);
+        bar = new QWidget(&screen);
+        bar->setGeometry(0, 0, 67, 700);
+        screen.show();
+    }
+
+    int LeftLimit() { return THelpers::GetObstructionLimitAtSideOf(manager, &screen, OBSTRUCTION_LEFT); }
+
+    QWidget screen;
+    QWidget* bar;
+    TObstructionManager manager;
+};
+} // namespace
+
+class TObstructionManagerTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { qRegisterMetaType<EObstructionSide>("EObstructionSide"); }
+
+    void aHiddenBarFreesTheLeftLimit()
+    {
+        TSurface surface;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        QCOMPARE(surface.LeftLimit(), 67);
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        surface.bar->hide();
+        QCOMPARE(surface.LeftLimit(), 0);
+        QVERIFY(surface.manager.GetObstructionData().isEmpty());
+        QCOMPARE(Sides(changed), (QList<int>{OBSTRUCTION_LEFT}));
+    }
+
+    void withoutObstructionsTheLimitsAreTheEdges()
+    {
+        TSurface surface;
+        auto const limit = [&](EObstructionSide side)
+        { return THelpers::GetObstructionLimitBetween(&surface.screen, {}, side, 0, 100); };
+        QCOMPARE(limit(OBSTRUCTION_LEFT), 0);
+        QCOMPARE(limit(OBSTRUCTION_TOP), 0);
+        QCOMPARE(limit(OBSTRUCTION_RIGHT), 1000);
+        QCOMPARE(limit(OBSTRUCTION_BOTTOM), 700);
+    }
+
+    void eachSideMovesByItsOwnRule_data()
+    {
+        QTest::addColumn<int>("side");
+        QTest::addColumn<int>("limit");
+        QTest::newRow("left") << int(OBSTRUCTION_LEFT) << 301;
+        QTest::newRow("right, one further on purpose") << int(OBSTRUCTION_RIGHT) << 201;
+        QTest::newRow("top") << int(OBSTRUCTION_TOP) << 401;
+        QTest::newRow("bottom, one further on purpose") << int(OBSTRUCTION_BOTTOM) << 101;
+    }
+
+    void eachSideMovesByItsOwnRule()
+    {
+        QFETCH(int, side);
+        QFETCH(int, limit);
+        TSurface surface;
+        auto const edge = static_cast<EObstructionSide>(side);
+        TObstructionData const entry{200, 100, 300, 400, edge};
+        TObstructionData const other{0, 0, 999, 699, static_cast<EObstructionSide>((side + 1) % 4)};
+        QCOMPARE(THelpers::GetObstructionLimitBetween(&surface.screen, {entry, other}, edge, 0, 999), limit);
+    }
+
+    void theFurthestOfSeveralEntriesStands()
+    {
+        TSurface surface;
+        QList<TObstructionData> const data{{0, 0, 50, 100, OBSTRUCTION_LEFT},
+                                           {0, 0, 80, 100, OBSTRUCTION_LEFT},
+                                           {0, 0, 20, 100, OBSTRUCTION_LEFT}};
+        QCOMPARE(THelpers::GetObstructionLimitAt(&surface.screen, data, OBSTRUCTION_LEFT, 50), 81);
+    }
+
+    void onlyEntriesThatTouchTheSpanCount_data()
+    {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<int>("to");
+        QTest::addColumn<bool>("counts");
+        QTest::newRow("before") << 0 << 99 << false;
+        QTest::newRow("touching its first pixel") << 0 << 100 << true;
+        QTest::newRow("inside") << 120 << 130 << true;
+        QTest::newRow("around") << 0 << 699 << true;
+        QTest::newRow("touching its last pixel") << 200 << 300 << true;
+        QTest::newRow("behind") << 201 << 300 << false;
+        QTest::newRow("the wrong way round") << 300 << 150 << true;
+    }
+
+    void onlyEntriesThatTouchTheSpanCount()
+    {
+        QFETCH(int, from);
+        QFETCH(int, to);
+        QFETCH(bool, counts);
+        TSurface surface;
+        QList<TObstructionData> const data{{0, 100, 66, 200, OBSTRUCTION_LEFT}};
+        QCOMPARE(THelpers::GetObstructionLimitBetween(&surface.screen, data, OBSTRUCTION_LEFT, from, to),
+                 counts ? 67 : 0);
+        QList<TObstructionData> const across{{100, 0, 200, 66, OBSTRUCTION_TOP}};
+        QCOMPARE(THelpers::GetObstructionLimitBetween(&surface.screen, across, OBSTRUCTION_TOP, from, to),
+                 counts ? 67 : 0);
+    }
+
+    void aWidgetOnTwoSidesGivesTwoSignalsWhenItGoes()
+    {
+        TSurface surface;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_BOTTOM);
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        QCOMPARE(surface.manager.GetObstructionCount(), 3);
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        surface.manager.RemoveObstruction(surface.bar);
+        QCOMPARE(Sides(changed), (QList<int>{OBSTRUCTION_LEFT, OBSTRUCTION_BOTTOM}));
+        QCOMPARE(surface.manager.GetObstructionCount(), 0);
+        surface.bar->move(5, 5);
+        QCOMPARE(changed.count(), 2);
+    }
+
+    void aDeletedWidgetDropsOutWithItsSignal()
+    {
+        TSurface surface;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_TOP);
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        delete surface.bar;
+        QCOMPARE(surface.manager.GetObstructionCount(), 0);
+        QCOMPARE(Sides(changed).mid(Sides(changed).size() - 2),
+                 (QList<int>{OBSTRUCTION_LEFT, OBSTRUCTION_TOP}));
+        QCOMPARE(surface.LeftLimit(), 0);
+    }
+
+    void everyChangeOfPlaceIsToldEvenWhenNothingMoved()
+    {
+        TSurface surface;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        surface.bar->move(10, 0);
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(surface.LeftLimit(), 77);
+        surface.bar->resize(100, 700);
+        QCOMPARE(changed.count(), 2);
+        QCOMPARE(surface.LeftLimit(), 110);
+        surface.bar->hide();
+        surface.bar->show();
+        QCOMPARE(changed.count(), 4);
+        QCOMPARE(surface.LeftLimit(), 110);
+    }
+
+    void aWidgetOutsideTheSurfaceCountsWhereItStands()
+    {
+        TSurface surface;
+        QWidget elsewhere;
+        elsewhere.resize(400, 400);
+        QWidget inner(&elsewhere);
+        inner.setGeometry(30, 40, 50, 60);
+        elsewhere.show();
+        surface.manager.RegisterObstruction(&inner, OBSTRUCTION_LEFT);
+        TObstructionData const data = surface.manager.GetObstructionData().constFirst();
+        QCOMPARE(data.left, 30);
+        QCOMPARE(data.top, 40);
+        QCOMPARE(data.right, 79);
+        QCOMPARE(data.bottom, 99);
+        inner.setParent(&surface.screen);
+        inner.move(200, 300);
+        inner.show();
+        QCOMPARE(surface.LeftLimit(), 250);
+    }
+
+    void aNestedWidgetCountsInTheSurfacesCoordinates()
+    {
+        TSurface surface;
+        QWidget holder(&surface.screen);
+        holder.setGeometry(100, 100, 300, 300);
+        QWidget inner(&holder);
+        inner.setGeometry(10, 20, 30, 40);
+        holder.show();
+        surface.manager.RegisterObstruction(&inner, OBSTRUCTION_LEFT);
+        TObstructionData const data = surface.manager.GetObstructionData().constFirst();
+        QCOMPARE(QPoint(data.left, data.top), QPoint(110, 120));
+        QCOMPARE(surface.LeftLimit(), 140);
+    }
+
+    void withUpdatesOffMovesAreNotFollowed()
+    {
+        TSurface surface;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        surface.manager.SetUpdatesEnabled(surface.bar, false);
+        QVERIFY(!surface.manager.GetUpdatesEnabled(surface.bar));
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        surface.bar->resize(300, 700);
+        QCOMPARE(changed.count(), 0);
+        QCOMPARE(surface.LeftLimit(), 67);
+        surface.manager.SetUpdatesEnabled(surface.bar, true);
+        QCOMPARE(Sides(changed), (QList<int>{OBSTRUCTION_LEFT}));
+        QCOMPARE(surface.LeftLimit(), 300);
+    }
+
+    void switchingOneWidgetIsToldInBothDirections()
+    {
+        TSurface surface;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_TOP);
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        surface.manager.SetUpdatesEnabled(surface.bar, false);
+        surface.manager.SetUpdatesEnabled(surface.bar, true);
+        QCOMPARE(Sides(changed), (QList<int>{OBSTRUCTION_TOP, OBSTRUCTION_TOP}));
+    }
+
+    void switchingSeveralOnIsToldOnceForEachSide()
+    {
+        TSurface surface;
+        QWidget second(&surface.screen);
+        QWidget third(&surface.screen);
+        QWidget unknown;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_BOTTOM);
+        surface.manager.RegisterObstruction(&second, OBSTRUCTION_LEFT);
+        surface.manager.RegisterObstruction(&third, OBSTRUCTION_LEFT);
+        std::vector<QWidget*> const all{surface.bar, &unknown, &second, &third, nullptr};
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        surface.manager.SetUpdatesEnabled(all, false);
+        QCOMPARE(changed.count(), 0);
+        surface.manager.SetUpdatesEnabled(all, true);
+        QCOMPARE(Sides(changed), (QList<int>{OBSTRUCTION_LEFT, OBSTRUCTION_BOTTOM}));
+    }
+
+    void switchingOnWhatIsOnSaysNothing()
+    {
+        TSurface surface;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        surface.manager.SetUpdatesEnabled(std::vector<QWidget*>{surface.bar}, true);
+        QCOMPARE(changed.count(), 0);
+    }
+
+    void unknownWidgetsAreSkippedInSilence()
+    {
+        TSurface surface;
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        surface.manager.RegisterObstruction(nullptr, OBSTRUCTION_LEFT);
+        surface.manager.RemoveObstruction(nullptr);
+        surface.manager.RemoveObstruction(surface.bar);
+        surface.manager.SetUpdatesEnabled(surface.bar, false);
+        QVERIFY(!surface.manager.GetUpdatesEnabled(surface.bar));
+        QCOMPARE(surface.manager.GetObstructionCount(), 0);
+        QCOMPARE(changed.count(), 0);
+    }
+
+    void theLimitOfASideIsHeldToTheCrossedAxis()
+    {
+        TSurface surface;
+        QWidget low(&surface.screen);
+        low.setGeometry(0, 0, 500, 40);
+        low.show();
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        // A left limit of 67 is held to the height of 40: crossed on purpose.
+        QCOMPARE(THelpers::GetObstructionLimitAtSideOf(surface.manager, &low, OBSTRUCTION_LEFT), 40);
+    }
+
+    void mappingConstrainsToTheWidget()
+    {
+        TSurface surface;
+        QWidget inner(&surface.screen);
+        inner.setGeometry(100, 50, 200, 80);
+        QCOMPARE(THelpers::MapXToGlobal(&inner, 5), 105);
+        QCOMPARE(THelpers::MapYToGlobal(&inner, 5), 55);
+        QCOMPARE(THelpers::MapXFromGlobalAndConstrain(&inner, 150), 50);
+        QCOMPARE(THelpers::MapXFromGlobalAndConstrain(&inner, 20), 0);
+        QCOMPARE(THelpers::MapXFromGlobalAndConstrain(&inner, 900), 200);
+        QCOMPARE(THelpers::MapYFromGlobalAndConstrain(&inner, 60), 10);
+        QCOMPARE(THelpers::MapYFromGlobalAndConstrain(&inner, 0), 0);
+        QCOMPARE(THelpers::MapYFromGlobalAndConstrain(&inner, 900), 80);
+    }
+
+    void listsAreMappedThereAndBack()
+    {
+        TSurface surface;
+        QWidget inner(&surface.screen);
+        inner.setGeometry(100, 50, 200, 80);
+        QList<TObstructionData> const list{{110, 60, 120, 70, OBSTRUCTION_RIGHT}};
+        QList<TObstructionData> const mapped = THelpers::MapFrom(list, &surface.screen, &inner);
+        QCOMPARE(mapped.size(), 1);
+        QCOMPARE(QPoint(mapped[0].left, mapped[0].top), QPoint(10, 10));
+        QCOMPARE(QPoint(mapped[0].right, mapped[0].bottom), QPoint(20, 20));
+        QCOMPARE(mapped[0].side, OBSTRUCTION_RIGHT);
+        QList<TObstructionData> const back = THelpers::MapTo(mapped, &inner, &surface.screen);
+        QCOMPARE(QPoint(back[0].left, back[0].bottom), QPoint(110, 70));
+    }
+
+    void theManagerMayGoBeforeItsWidgets()
+    {
+        TSurface surface;
+        auto* const manager = new TObstructionManager(&surface.screen, nullptr);
+        manager->RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        delete manager;
+        surface.bar->move(1, 1);
+        QCOMPARE(surface.bar->x(), 1);
+    }
+};
+
+COMMONUI_TEST(TObstructionManagerTest)
+#include "TObstructionManagerTest.moc"
