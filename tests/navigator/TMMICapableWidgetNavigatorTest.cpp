@@ -168,11 +168,8 @@ private Q_SLOTS:
         TMMITestWidget* const b = stage.AddStop("b");
         stage.AddStop("c");
         stage.Start(1);
-        for (QObject* child : stage.root->children())
-        {
-            if (auto* const stop = dynamic_cast<TMMITestWidget*>(child))
-                stop->setEnabled(false);
-        }
+        for (TMMITestWidget* widget : TNavigatorStage::WidgetsIn(stage.root))
+            widget->setEnabled(false);
         stage.navigator->OnWheelRight();
         stage.navigator->OnWheelLeft();
         stage.Tick();
@@ -541,7 +538,7 @@ private Q_SLOTS:
         TMMITestWidget* const panel = stage.AddPanel("a");
         stage.Start(0);
         stage.Enter();
-        qDeleteAll(panel->findChildren<TMMITestWidget*>());
+        qDeleteAll(TNavigatorStage::WidgetsIn(panel));
         stage.navigator->RefreshChildren();
         stage.Tick(1);
         QCOMPARE(stage.Glowing(), QStringLiteral("a"));

@@ -41,6 +41,18 @@ public:
         return panel;
     }
 
+    /// All that is left beneath \a parent.
+    static QList<TMMITestWidget*> WidgetsIn(QWidget const* parent)
+    {
+        QList<TMMITestWidget*> widgets;
+        for (QWidget* widget : parent->findChildren<QWidget*>())
+        {
+            if (auto* const capable = dynamic_cast<TMMITestWidget*>(widget))
+                widgets << capable;
+        }
+        return widgets;
+    }
+
     void Start()
     {
         root->show();

@@ -36,6 +36,15 @@ bool IsBefore(QPair<TMMICapableWeakRef, QPoint> const& a, QPair<TMMICapableWeakR
     return TMMIStopKey(a.first->GetMMISortPrecedence(), a.second, columnFirst, 0).IsBefore(keyOfB);
 }
 
+// Dead for a widget that has nothing to enter.
+TMMICapableWeakRef AnswerToEnter(TMMICapableWeakRef const& asked)
+{
+    KVN::MMICapableWidget* const widget = asked.Get();
+    KVN::MMICapableWidget* const entered = widget ? widget->OnMMIEnter() : nullptr;
+    // Most widgets answer themselves, also when the press has been their end.
+    return entered == widget ? asked : TMMICapableWeakRef(entered);
+}
+
 bool IsDirectlyAbove(QWidget const* upper, QWidget const* lower)
 {
     QObjectList const& siblings = lower->parentWidget()->children();
@@ -182,27 +191,17 @@ void TMMICapableWidgetNavigator::OnEnter()
     TMMICapableWeakRef const top = TopWidget();
     if (!m_Active || !top.IsAlive())
         return;
-    if (IsWheelOwner(top))
+    TMMICapableWeakRef const current = Current();
+    if (!IsWheelOwner(top) && IsWheelOwner(current))
     {
-        Enter(top, false);
+        PushMMICapableWidget(current, current, false);
         return;
     }
-    TMMICapableWeakRef const current = Current();
-    if (IsWheelOwner(current))
-        PushMMICapableWidget(current, current, false);
-    else if (current.IsAlive())
-        Enter(current, false);
-}
-
-void TMMICapableWidgetNavigator::Enter(TMMICapableWeakRef const& asked, bool macroStep)
-{
+    TMMICapableWeakRef const asked = IsWheelOwner(top) ? top : current;
     QPointer<TMMICapableWidgetNavigator> const self(this);
-    KVN::MMICapableWidget* const widget = asked.Get();
-    KVN::MMICapableWidget* const entered = widget->OnMMIEnter();
-    // Most widgets answer themselves, also when the press has been their end.
-    if (!self || !entered || (entered == widget && !asked.IsAlive()))
-        return;
-    PushMMICapableWidget(entered, asked, macroStep);
+    TMMICapableWeakRef const entered = AnswerToEnter(asked);
+    if (self)
+        PushMMICapableWidget(entered, asked, false);
 }
 
 bool TMMICapableWidgetNavigator::OnBack()
@@ -480,10 +479,11 @@ void TMMICapableWidgetNavigator::FollowActiveMacroPath()
             continue;
         m_MacroPath.removeFirst();
         QList<QString> const left = m_MacroPath;
-        Enter(child, !left.isEmpty());
+        TMMICapableWeakRef const entered = AnswerToEnter(child);
         // The widget may have sent the operator on another path.
         if (!self || m_MacroPath != left)
             return;
+        PushMMICapableWidget(entered, child, !left.isEmpty());
     }
     if (m_MacroPath.isEmpty())
         Report(m_CallbackObject, m_CallbackMethod, true);

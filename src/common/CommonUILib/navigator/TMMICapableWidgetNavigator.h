@@ -127,7 +127,6 @@ private:
     void SetChildren(QList<TMMICapableWeakRef> const& stops, TMMICapableWeakRef const& carriedOver);
     void Step(int direction);
     void LeaveUnnavigatableCurrent();
-    void Enter(TMMICapableWeakRef const& asked, bool macroStep);
 
     void MakeHighlight();
     void HideHighlight();
