@@ -19,7 +19,9 @@ qint64 TAllocationCount::Value() const
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 
-#include <sanitizer/allocator_interface.h>
+// The sanitizers' own allocator offers hooks; not every compiler brings the header that declares them.
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*onMalloc)(void const volatile*, size_t),
+                                                         void (*onFree)(void const volatile*));
 
 namespace
 {

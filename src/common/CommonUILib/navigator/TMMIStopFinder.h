@@ -44,8 +44,10 @@ private:
         KVN::MMICapableWidget* widget;
     };
 
-    void Search(QObject* object);
-    TMMICapableWeakRef RefOf(TStop const& stop) const { return {stop.object, stop.widget}; }
+    class TMixinCast;
+
+    void Search(QObject* object, TMixinCast& cast);
+    static void AppendRef(QList<TMMICapableWeakRef>& refs, TStop const& stop);
 
     std::vector<TStop> m_Stops;
 };
