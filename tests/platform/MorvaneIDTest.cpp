@@ -12,7 +12,7 @@ using KVN::MorvaneID;
 
 namespace
 {
-QUuid const Module(QStringLiteral("{94816b5c-f4ed-4060-a734-c16b1c8bba27}"));
+constexpr QUuid Module(0x94816b5c, 0xf4ed, 0x4060, 0xa7, 0x34, 0xc1, 0x6b, 0x1c, 0x8b, 0xba, 0x27);
 
 // Any 128 bits, not only the well-formed versions.
 QUuid RandomUuid(QRandomGenerator& random)

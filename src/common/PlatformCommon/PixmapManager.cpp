@@ -106,6 +106,12 @@ enum EForm
     FORM_GREY_ICON
 };
 
+QImage IconImage(QImage const& image, QSize const& size, EForm form)
+{
+    QImage const sized = image.size() == size ? image : Smooth(image, size);
+    return form == FORM_GREY_ICON ? Grey(sized) : sized;
+}
+
 struct TPixmapEntry
 {
     quint32 id = 0;
@@ -219,11 +225,12 @@ public:
     QSharedPointer<QPixmap> Image(TPixmapEntry& entry);
     QSharedPointer<QPixmap> Natural(QString const& name);
     QSharedPointer<QPixmap> Resized(QString const& name, QSize const& size);
+    QSharedPointer<QPixmap> MakeResized(TPixmapEntry& entry, QSize const& size);
 
     QSharedPointer<QPixmap> Icon(QString const& name, int size, EIconState state);
     QSharedPointer<QPixmap> DrawnIcon(QString const& name, TIconEntry& icon, int size, EForm form);
     QSharedPointer<QPixmap> PixmapAsIcon(QString const& name, int size, EForm form);
-    QImage ReadIcon(QString const& name, TIconEntry& icon, int size);
+    QSharedPointer<QPixmap> ReadIcon(QString const& name, TIconEntry& icon, int size, EForm form);
 
     void Report(QString const& name, QString const& line);
 
@@ -272,8 +279,8 @@ TPixmapEntry& PixmapManager::TPrivate::Usable(QString const& name)
 // The decoded image of an entry at its natural size; a null pointer, once, when it cannot be read.
 QSharedPointer<QPixmap> PixmapManager::TPrivate::Image(TPixmapEntry& entry)
 {
-    QSharedPointer<QPixmap> const image =
-        m_Images.Get({entry.path, entry.scale}, [&entry] { return NaturalImage(entry.path, entry.scale); });
+    auto const read = [&entry] { return NaturalImage(entry.path, entry.scale); };
+    QSharedPointer<QPixmap> image = m_Images.Get({entry.path, entry.scale}, read);
     entry.unreadable = image.isNull();
     if (image)
         entry.opacity = image->hasAlphaChannel() ? OPACITY_PARTIAL : OPACITY_FULL;
@@ -297,28 +304,28 @@ QSharedPointer<QPixmap> PixmapManager::TPrivate::Resized(QString const& name, QS
     while (!form)
     {
         TPixmapEntry& entry = Usable(name);
-        form = m_Forms.Get({entry.id, size.width(), size.height(), FORM_STRETCHED},
-                           [&]
-                           {
-                               QSharedPointer<QPixmap> const image = Image(entry);
-                               if (!image || image->size() == size)
-                                   return image;
-                               return Share(MakeForm(entry, image->toImage(), size));
-                           });
+        TFormKey const key{entry.id, size.width(), size.height(), FORM_STRETCHED};
+        form = m_Forms.Get(key, [&] { return MakeResized(entry, size); });
     }
     return form;
+}
+
+QSharedPointer<QPixmap> PixmapManager::TPrivate::MakeResized(TPixmapEntry& entry, QSize const& size)
+{
+    QSharedPointer<QPixmap> image = Image(entry);
+    if (!image || image->size() == size)
+        return image;
+    return Share(MakeForm(entry, image->toImage(), size));
 }
 
 QSharedPointer<QPixmap> PixmapManager::TPrivate::Icon(QString const& name, int size, EIconState state)
 {
     EForm const form = state == ICON_DISABLED ? FORM_GREY_ICON : FORM_ICON;
     auto const icon = m_Icons.find(name);
+    QSharedPointer<QPixmap> drawn;
     if (icon != m_Icons.end())
-    {
-        if (QSharedPointer<QPixmap> const drawn = DrawnIcon(name, *icon, size, form))
-            return drawn;
-    }
-    return PixmapAsIcon(name, size, form);
+        drawn = DrawnIcon(name, *icon, size, form);
+    return drawn ? drawn : PixmapAsIcon(name, size, form);
 }
 
 QSharedPointer<QPixmap> PixmapManager::TPrivate::DrawnIcon(QString const& name, TIconEntry& icon, int size,
@@ -328,21 +335,15 @@ QSharedPointer<QPixmap> PixmapManager::TPrivate::DrawnIcon(QString const& name, 
     while (!drawn && !icon.sizes.isEmpty())
     {
         int const side = qMin(size, icon.sizes.last());
-        drawn = m_Forms.Get({icon.id, side, side, form},
-                            [&]
-                            {
-                                QImage const image = ReadIcon(name, icon, side);
-                                if (image.isNull())
-                                    return QSharedPointer<QPixmap>();
-                                return Share(form == FORM_GREY_ICON ? Grey(image) : image);
-                            });
+        drawn = m_Forms.Get({icon.id, side, side, form}, [&] { return ReadIcon(name, icon, side, form); });
     }
     return drawn;
 }
 
 // The icon at a size up to the largest that was drawn. When the file is missing its size is dropped and the
 // result is null: the next call takes another one.
-QImage PixmapManager::TPrivate::ReadIcon(QString const& name, TIconEntry& icon, int size)
+QSharedPointer<QPixmap> PixmapManager::TPrivate::ReadIcon(QString const& name, TIconEntry& icon, int size,
+                                                          EForm form)
 {
     auto const drawn = std::lower_bound(icon.sizes.begin(), icon.sizes.end(), size);
     QString const path = IconPath(name, *drawn);
@@ -351,9 +352,9 @@ QImage PixmapManager::TPrivate::ReadIcon(QString const& name, TIconEntry& icon, 
     {
         Report(path, QStringLiteral("The icon \"%1\" cannot be read").arg(path));
         icon.sizes.erase(drawn);
-        return image;
+        return {};
     }
-    return image.size() == QSize(size, size) ? image : Smooth(image, {size, size});
+    return Share(IconImage(image, {size, size}, form));
 }
 
 // A pixmap may be asked for as an icon by its name. What is neither shows as undefined at the wanted size.
@@ -368,13 +369,8 @@ QSharedPointer<QPixmap> PixmapManager::TPrivate::PixmapAsIcon(QString const& nam
         target = image->width() <= size && image->height() <= size
                      ? image->size()
                      : image->size().scaled(target, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
-    return m_Forms.Get({entry.id, target.width(), target.height(), form},
-                       [&]
-                       {
-                           QImage const sized =
-                               image->size() == target ? image->toImage() : Smooth(image->toImage(), target);
-                           return Share(form == FORM_GREY_ICON ? Grey(sized) : sized);
-                       });
+    auto const make = [&] { return Share(IconImage(image->toImage(), target, form)); };
+    return m_Forms.Get({entry.id, target.width(), target.height(), form}, make);
 }
 
 void PixmapManager::TPrivate::Report(QString const& name, QString const& line)
