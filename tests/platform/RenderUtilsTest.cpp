@@ -183,6 +183,24 @@ private Q_SLOTS:
         }
     }
 
+    void longTextIsBrokenLikeAShortOne_data()
+    {
+        QTest::addColumn<QString>("word");
+        QTest::newRow("latin") << "spraying ";
+        QTest::newRow("hebrew") << QStringLiteral("\u05e9\u05dc\u05d5\u05dd\u05e9\u05dc\u05d5\u05dd ");
+        QTest::newRow("long word") << "spraying-without-any-blank-and-very-long ";
+    }
+
+    void longTextIsBrokenLikeAShortOne()
+    {
+        QFETCH(QString, word);
+        constexpr int WordsInALine = 3;
+        constexpr int Lines = 700;
+        int const width = Width(word.repeated(WordsInALine).trimmed(), FontSize) + 2;
+        QString const text = word.repeated(WordsInALine * Lines).trimmed();
+        QCOMPARE(RenderUtils::GetTextHeight(text, FontOfSize(FontSize), width), Lines * LineHeight(FontSize));
+    }
+
     void textOfTheMeasuredHeightIsNotElided()
     {
         QRandomGenerator random(11);
@@ -196,6 +214,17 @@ private Q_SLOTS:
             QImage const roomy = Elided(text, {width, height + 2 * line}, FontSize, SmallSize);
             QVERIFY2(fitted == roomy.copy(0, line, width, height), qPrintable(text));
         }
+    }
+
+    void everyLineOfALongTextIsDrawn()
+    {
+        QString const text = QStringLiteral("rates ").repeated(300).trimmed();
+        int const height = RenderUtils::GetTextHeight(text, FontOfSize(FontSize), 100);
+        int const line = LineHeight(FontSize);
+        QVERIFY(height > 50 * line);
+        QImage const drawn = Elided(text, {100, height}, FontSize, SmallSize);
+        for (int top = 0; top < height; top += line)
+            QVERIFY2(!Ink(drawn.copy(0, top, 100, line)).isEmpty(), qPrintable(QString::number(top)));
     }
 
     void textThatIsTooHighShrinksByOneUntilItFits()
@@ -336,6 +365,18 @@ private Q_SLOTS:
         QImage const whole = Inside(QStringLiteral("HH\nHH\nHH"), {100, 3 * line}, flags, cut);
         QCOMPARE(Inside(QStringLiteral("HH\nHH\nHH"), {100, line + line / 2}, flags, cut),
                  whole.copy(0, 0, 100, line + line / 2));
+    }
+
+    void linesThatDoNotFitBeginAtTheTopHoweverTheyAreAligned()
+    {
+        TOptions cut;
+        cut.shrink = false;
+        cut.elide = false;
+        QSize const area(100, LineHeight(FontSize) + 5);
+        QString const text = QStringLiteral("one\ntwo\nthree");
+        QImage const top = Inside(text, area, Qt::AlignTop | Qt::TextWordWrap, cut);
+        QCOMPARE(Inside(text, area, Qt::AlignVCenter | Qt::TextWordWrap, cut), top);
+        QCOMPARE(Inside(text, area, Qt::AlignBottom | Qt::TextWordWrap, cut), top);
     }
 
     void withoutShrinkTheSizeStays()

@@ -17,7 +17,8 @@ class PLATFORMCOMMON_EXPORT MorvaneID
 public:
     /// An invalid id.
     MorvaneID() = default;
-    /// \a view counts from 0.
+    /// \a view counts from 1, 0 is the module itself. A null \a module gives the invalid id, whatever the
+    /// view.
     explicit MorvaneID(QUuid const& module, quint32 view = 0);
 
     /// The string form; empty for an invalid id.

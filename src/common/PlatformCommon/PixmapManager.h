@@ -20,12 +20,15 @@ enum EIconState
 /// cache with a bound on its bytes, the least recently used going first. Pixmaps that are still in use stay
 /// valid when the cache lets go of them. GUI thread only.
 ///
-/// A name that nobody registered gives the image "UndefinedPixmap" and one line in the log for each name. An
-/// empty name gives a null pixmap in silence.
+/// A name that nobody registered, or whose file cannot be read, gives the image "UndefinedPixmap" and one
+/// line in the log for each name. An empty name gives a null pixmap in silence, and so does a size beyond 32
+/// million pixels. The name of a pixmap serves as that of an icon too: it is then scaled down to the size,
+/// never up.
 class PLATFORMCOMMON_EXPORT PixmapManager
 {
 public:
-    /// Bound of the cache of resized forms unless another is asked for.
+    /// Bound of the cache of resized forms unless another is asked for. The images at their natural size are
+    /// kept apart from them, within half of it.
     static constexpr qint64 DefaultCacheBytes = 24 * 1024 * 1024;
 
     explicit PixmapManager(qint64 cacheBytes = DefaultCacheBytes);
@@ -52,7 +55,7 @@ public:
     /// The image at \a width by \a height device pixels, shared; a null pixmap when either is below 1.
     QSharedPointer<QPixmap> GetResizedPixmap(QString const& name, int width, int height);
 
-    /// The icon at its standard size.
+    /// The icon at its standard size, 46, or the largest that was drawn when there is no such drawing.
     QSharedPointer<QPixmap> GetIcon(QString const& name, EIconState state);
 
     /// The icon \a size by \a size pixels, but never larger than it was drawn, so that it stays sharp: the

@@ -14,11 +14,16 @@ namespace KVN
 {
 /// Text and frame drawing for the whole toolkit. A text is laid out once for its font, rectangle and options
 /// and drawn from a bounded cache afterwards. GUI thread only.
+///
+/// Line ends in a text break it where lines are allowed and are blanks elsewhere; other control characters
+/// are not drawn. Sizes of fonts are held to 1 to 512 pixels. Nothing is drawn outside the rectangle, and
+/// nothing at all without a painter, for an empty rectangle or in an invalid colour.
 class PLATFORMCOMMON_EXPORT RenderUtils
 {
 public:
-    /// Height in pixels of \a text in \a font, wrapped at word ends to \a width; of one line for an empty
-    /// text.
+    /// Height in pixels of \a text in \a font, wrapped at word ends to \a width and anywhere in a word that
+    /// is longer: a whole number of lines, one for an empty text or a width below 1. A rectangle of that
+    /// height holds the whole text in the button form.
     static int GetTextHeight(QString const& text, QFont const& font, int width);
 
     /// Draws \a text inside \a rect, aligned by \a flags (Qt::Alignment, Qt::TextWordWrap). It starts at
