@@ -214,6 +214,8 @@ void TScreen::BuildNavigationBars()
     {
         m_SpecialNavigationBar = new TNavigationBar(this, true, true);
         m_SpecialNavigationBar->setFixedWidth(NAVBAR_WIDTH);
+        // Out of sight until the setup gives it a place: it would lie over the first button of the other bar.
+        m_SpecialNavigationBar->move(0, SCREEN_HEIGHT);
         m_SpecialNavigationBar->hide();
         m_SpecialNavigationBar->SetDragSettings(false, false, false, false, false);
         m_SpecialNavigationBar->SetButtonOffset(SPACE_BETWEEN_NAV_BARS);

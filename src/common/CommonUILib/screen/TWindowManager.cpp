@@ -178,7 +178,13 @@ void TWindowManager::ConnectMiniView(int id, TPushButton* button, bool hasFullVi
         }
     }
     // A module may delete its window without a word; the shadows must not stay behind.
-    connect(mini, &QObject::destroyed, this, [this, id] { ReleaseMiniWindow(id); });
+    connect(mini, &QObject::destroyed, this,
+            [this, id]
+            {
+                // By now only a plain widget is left of it, which must not be called any more.
+                m_Views[id].miniWindow = nullptr;
+                ReleaseMiniWindow(id);
+            });
     if (TObstructionManager* const obstructions = m_Screen->GetObstructionManager())
         obstructions->RegisterObstruction(mini, OBSTRUCTION_LEFT);
 }
@@ -225,8 +231,7 @@ void TWindowManager::MakeShadows(ViewDetails& view)
                                    MINI_WINDOW_SHADOW);
 }
 
-// Takes the mini window of a view off the screen and out of the manager's reach. It may be on the point of
-// dying.
+// Takes the mini window of a view off the screen and out of the manager's reach.
 void TWindowManager::ReleaseMiniWindow(int id)
 {
     ViewDetails* const view = Find(id);
