@@ -1,0 +1,3 @@
+#include "IConsoleModule.h"
+
+IConsoleModule::~IConsoleModule() = default;
