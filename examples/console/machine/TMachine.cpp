@@ -1,0 +1,192 @@
+#include "TMachine.h"
+
+#include <QtMath>
+
+#include <algorithm>
+
+namespace
+{
+constexpr double SquareMetresPerHectare = 10000.0;
+constexpr double SecondsPerMinute = 60.0;
+// Below this speed the direction of the movement is noise, and the pump rests.
+constexpr double StandingSpeed = 0.3;
+// A machine does not move as far between two positions; a receiver that finds itself anew does.
+constexpr double LongestStep = 25.0;
+// How far ahead of the boom the ground is looked at, so that a section does not stop on its own work.
+constexpr double LookAhead = 1.0;
+constexpr double FullTurn = 360.0;
+constexpr double QuarterTurn = 90.0;
+
+QPointF Direction(double heading)
+{
+    double const radians = qDegreesToRadians(heading);
+    return {std::sin(radians), -std::cos(radians)};
+}
+} // namespace
+
+TMachine::TMachine(std::unique_ptr<IPositionSource> source)
+    : m_Source(std::move(source))
+    , m_Plane(m_Source->KnownPlane())
+    , m_Field(m_Source->KnownField())
+{
+    m_IsSectionOn.fill(true);
+    m_IsFlowing.fill(false);
+    connect(m_Source.get(), &IPositionSource::FixChanged, this, &TMachine::TakeFix);
+}
+
+TMachine::~TMachine() = default;
+
+void TMachine::Start()
+{
+    m_Source->Start();
+}
+
+void TMachine::TakeFix(TFix const& fix)
+{
+    m_Fix = fix;
+    if (!fix.IsValid())
+    {
+        StopFlow();
+        Q_EMIT Moved();
+        return;
+    }
+    EnsurePlane();
+    QPointF const before = m_Position;
+    m_Position = m_Plane.FromDegrees(fix.latitude, fix.longitude);
+    if (fix.speed > StandingSpeed)
+        m_Heading = fix.heading;
+    EnsureLines();
+    TBoom::TEnds const ends = TBoom::EndsAt(m_Position, m_Heading);
+    double const distance = std::hypot(m_Position.x() - before.x(), m_Position.y() - before.y());
+    if (m_HasEnds && distance < LongestStep)
+        Work(ends, distance);
+    m_Ends = ends;
+    m_HasEnds = true;
+    Q_EMIT Moved();
+}
+
+void TMachine::StopFlow()
+{
+    m_IsFlowing.fill(false);
+    m_HasEnds = false;
+}
+
+void TMachine::EnsurePlane()
+{
+    if (!m_Plane.IsValid())
+        m_Plane = TLocalPlane(m_Fix.latitude, m_Fix.longitude);
+}
+
+// A source without a field gets its lines from the first drive.
+void TMachine::EnsureLines()
+{
+    if (m_Field.hasLines || m_Fix.speed <= StandingSpeed)
+        return;
+    m_Field.hasLines = true;
+    m_Field.lineOrigin = m_Position;
+    m_Field.lineHeading = m_Heading;
+}
+
+void TMachine::Work(TBoom::TEnds const& ends, double distance)
+{
+    for (int section = 0; section < TBoom::SectionCount; ++section)
+    {
+        auto const i = static_cast<size_t>(section);
+        m_IsFlowing[i] = MayFlow(section, ends);
+        if (!m_IsFlowing[i])
+            continue;
+        QPolygonF const ground{m_Ends[i], m_Ends[i + 1], ends[i + 1], ends[i]};
+        m_Coverage.Add(ground);
+        double const area = TBoom::SectionWidth * distance / SquareMetresPerHectare;
+        m_AreaDone += area;
+        m_TankLitres = qMax(0.0, m_TankLitres - area * m_Rate);
+        Q_EMIT Covered(ground);
+    }
+}
+
+bool TMachine::MayFlow(int section, TBoom::TEnds const& ends) const
+{
+    auto const i = static_cast<size_t>(section);
+    if (!m_IsMasterOn || !m_IsSectionOn[i] || m_TankLitres <= 0.0 || m_Fix.speed <= StandingSpeed)
+        return false;
+    QPointF const middle = (ends[i] + ends[i + 1]) / 2.0;
+    if (!m_Field.workArea.isEmpty() && !m_Field.workArea.containsPoint(middle, Qt::OddEvenFill))
+        return false;
+    return !m_Coverage.IsCovered(middle + Direction(m_Heading) * LookAhead);
+}
+
+double TMachine::SignedDistance(int* line) const
+{
+    QPointF const across = Direction(m_Field.lineHeading + QuarterTurn);
+    QPointF const from = m_Position - m_Field.lineOrigin;
+    double const metres = QPointF::dotProduct(from, across);
+    *line = qRound(metres / TBoom::Width);
+    return metres - *line * TBoom::Width;
+}
+
+double TMachine::OffLine() const
+{
+    if (!m_Field.hasLines)
+        return 0.0;
+    int line = 0;
+    double const distance = SignedDistance(&line);
+    // Driven the other way, right is left.
+    double const turned = std::remainder(m_Heading - m_Field.lineHeading, FullTurn);
+    return qAbs(turned) > QuarterTurn ? -distance : distance;
+}
+
+int TMachine::NearestLine() const
+{
+    int line = 0;
+    if (m_Field.hasLines)
+        SignedDistance(&line);
+    return line;
+}
+
+void TMachine::SetMasterOn(bool on)
+{
+    if (on == m_IsMasterOn)
+        return;
+    m_IsMasterOn = on;
+    Q_EMIT SwitchesChanged();
+}
+
+bool TMachine::IsSectionOn(int section) const
+{
+    return section >= 0 && section < TBoom::SectionCount && m_IsSectionOn[static_cast<size_t>(section)];
+}
+
+void TMachine::SetSectionOn(int section, bool on)
+{
+    if (section < 0 || section >= TBoom::SectionCount || IsSectionOn(section) == on)
+        return;
+    m_IsSectionOn[static_cast<size_t>(section)] = on;
+    Q_EMIT SwitchesChanged();
+}
+
+bool TMachine::IsFlowing(int section) const
+{
+    return section >= 0 && section < TBoom::SectionCount && m_IsFlowing[static_cast<size_t>(section)];
+}
+
+void TMachine::FillTank()
+{
+    m_TankLitres = TankSize;
+    Q_EMIT SwitchesChanged();
+}
+
+void TMachine::SetRate(int litresPerHectare)
+{
+    int const rate = qBound(SmallestRate, litresPerHectare, LargestRate);
+    if (rate == m_Rate)
+        return;
+    m_Rate = rate;
+    Q_EMIT SwitchesChanged();
+}
+
+double TMachine::FlowPerMinute() const
+{
+    auto const flowing = std::count(m_IsFlowing.begin(), m_IsFlowing.end(), true);
+    double const squareMetres = static_cast<double>(flowing) * TBoom::SectionWidth * m_Fix.speed * SecondsPerMinute;
+    return squareMetres / SquareMetresPerHectare * m_Rate;
+}

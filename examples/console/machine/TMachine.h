@@ -1,0 +1,96 @@
+#pragma once
+
+#include "IPositionSource.h"
+#include "TBoom.h"
+#include "TCoverageMap.h"
+
+#include <QObject>
+#include <QPolygonF>
+
+#include <array>
+#include <memory>
+
+/// The tractor with its sprayer, as all modules see it: where it is, what is switched on, what is in the tank and what has been covered.
+class TMachine : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr double TankSize = 3000.0; ///< litres
+    static constexpr int SmallestRate = 50;    ///< litres per hectare
+    static constexpr int LargestRate = 400;
+    static constexpr int RateStep = 10;
+
+    explicit TMachine(std::unique_ptr<IPositionSource> source);
+    ~TMachine() override;
+
+    /// Lets the source begin.
+    void Start();
+
+    IPositionSource const& Source() const { return *m_Source; }
+    TFix const& Fix() const { return m_Fix; }
+    TField const& Field() const { return m_Field; }
+    TCoverageMap const& Coverage() const { return m_Coverage; }
+
+    /// Of the antenna, in metres east and south of the plane's origin; the last one known.
+    QPointF Position() const { return m_Position; }
+    /// The last one known; a machine that stands keeps it.
+    double Heading() const { return m_Heading; }
+    /// Metres to the right of the nearest line, seen along the drive; 0 without lines.
+    double OffLine() const;
+    /// The number of the nearest line, 0 without lines.
+    int NearestLine() const;
+    /// Hectares.
+    double AreaDone() const { return m_AreaDone; }
+
+    /// \name The sprayer
+    /// @{
+    bool IsMasterOn() const { return m_IsMasterOn; }
+    void SetMasterOn(bool on);
+    /// False for a number outside 0 to SectionCount - 1.
+    bool IsSectionOn(int section) const;
+    void SetSectionOn(int section, bool on);
+    /// What really flows: switched on, moving, inside the field, and on ground not yet covered.
+    bool IsFlowing(int section) const;
+    double TankLitres() const { return m_TankLitres; }
+    void FillTank();
+    /// Litres per hectare, held to the range.
+    int Rate() const { return m_Rate; }
+    void SetRate(int litresPerHectare);
+    /// Litres per minute that flow now.
+    double FlowPerMinute() const;
+    /// @}
+
+Q_SIGNALS:
+    /// The source has spoken: position, area, tank and flow may have changed.
+    void Moved();
+    /// \a ground was covered just now, before Moved().
+    void Covered(QPolygonF const& ground);
+    /// A switch or the rate was changed.
+    void SwitchesChanged();
+
+private:
+    void TakeFix(TFix const& fix);
+    void EnsurePlane();
+    void EnsureLines();
+    void Work(TBoom::TEnds const& ends, double distance);
+    bool MayFlow(int section, TBoom::TEnds const& ends) const;
+    double SignedDistance(int* line) const;
+    void StopFlow();
+
+    std::unique_ptr<IPositionSource> m_Source;
+    TLocalPlane m_Plane;
+    TField m_Field;
+    TFix m_Fix;
+    QPointF m_Position;
+    double m_Heading = 0.0;
+    bool m_HasEnds = false;
+    TBoom::TEnds m_Ends;
+    TCoverageMap m_Coverage;
+    double m_AreaDone = 0.0;
+    bool m_IsMasterOn = true;
+    std::array<bool, TBoom::SectionCount> m_IsSectionOn;
+    std::array<bool, TBoom::SectionCount> m_IsFlowing;
+    double m_TankLitres = TankSize * 0.8;
+    int m_Rate = 200;
+};
