@@ -39,30 +39,49 @@ EContainer ContainerOf(quint32 type)
     }
 }
 
-// Walks over one streamed value. Qt reserves memory for as many elements as the stream promises and recurses
-// as deep as it nests, so both are looked at before Qt may load it.
+// Reads the head of a value: its type by number or, where a module made it, by name. False for a type that
+// this program does not know.
+bool ReadHead(QDataStream& stream, quint32& type)
+{
+    qint8 isNull = 0;
+    stream >> type >> isNull;
+    if (type < QMetaType::User)
+        return type == QMetaType::UnknownType ||
+               (type != QMetaType::Void && QMetaType::isRegistered(static_cast<int>(type)));
+    QByteArray name;
+    stream >> name;
+    return type == QMetaType::User && QMetaType::type(name) != QMetaType::UnknownType;
+}
+
+bool IsSaneContainer(QDataStream& stream, EContainer container, int depth);
+
+// Walks over one streamed value. Qt reserves memory for as many elements as the stream promises, recurses as
+// deep as it nests and complains aloud of types it does not know, so all three are looked at before Qt may
+// load it.
 bool IsSaneValue(QDataStream& stream, int depth)
 {
     qint64 const start = stream.device()->pos();
     quint32 type = 0;
-    qint8 isNull = 0;
-    quint32 count = 0;
-    stream >> type >> isNull;
+    if (!ReadHead(stream, type) || stream.status() != QDataStream::Ok)
+        return false;
     EContainer const container = ContainerOf(type);
-    if (container != CONTAINER_NONE)
-    {
-        stream >> count;
-        // The smallest element has one byte.
-        if (depth >= MAX_NESTING || stream.status() != QDataStream::Ok ||
-            count > stream.device()->bytesAvailable())
-            return false;
-    }
-    if (container == CONTAINER_NONE || container == CONTAINER_FLAT)
-    {
-        QVariant leaf;
-        return stream.device()->seek(start) && (stream >> leaf).status() == QDataStream::Ok;
-    }
-    for (quint32 i = 0; i < count; ++i)
+    if (container != CONTAINER_NONE && !IsSaneContainer(stream, container, depth))
+        return false;
+    if (container == CONTAINER_LIST || container == CONTAINER_MAP || depth == 0)
+        return true;
+    QVariant leaf;
+    return stream.device()->seek(start) && (stream >> leaf).status() == QDataStream::Ok;
+}
+
+bool IsSaneContainer(QDataStream& stream, EContainer container, int depth)
+{
+    quint32 count = 0;
+    stream >> count;
+    // The smallest element has one byte.
+    if (depth >= MAX_NESTING || stream.status() != QDataStream::Ok ||
+        count > stream.device()->bytesAvailable())
+        return false;
+    for (quint32 i = 0; i < count && container != CONTAINER_FLAT; ++i)
     {
         QString key;
         if (container == CONTAINER_MAP)
@@ -73,18 +92,11 @@ bool IsSaneValue(QDataStream& stream, int depth)
     return true;
 }
 
-bool IsContainer(QByteArray const& bytes)
-{
-    quint32 type = 0;
-    QDataStream(bytes) >> type;
-    return ContainerOf(type) != CONTAINER_NONE;
-}
-
 QVariant Load(QByteArray const& bytes)
 {
     QDataStream stream(bytes);
     stream.setVersion(STREAM_VERSION);
-    if (IsContainer(bytes) && (!IsSaneValue(stream, 0) || !stream.device()->seek(0)))
+    if (!IsSaneValue(stream, 0) || !stream.device()->seek(0))
         return {};
     QVariant value;
     stream >> value;

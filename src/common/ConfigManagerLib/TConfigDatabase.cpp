@@ -30,6 +30,8 @@ char const* const COMPANION_SUFFIXES[] = {"-wal", "-shm", "-journal"};
 // Names the first few of the damaged rows, so that one line stays readable.
 constexpr int MAX_NAMED_ROWS = 5;
 constexpr int MAX_SET_ASIDE_NAMES = 1000;
+// One page of the smallest size: SQLite takes anything shorter for a new file and overwrites it.
+constexpr qint64 SMALLEST_FILE_BYTES = 512;
 
 // SQLite's result codes that speak of the surroundings and not of the content.
 bool IsSurroundings(int code)
@@ -122,16 +124,17 @@ void TConfigDatabase::Open()
     m_Reason = QStringLiteral("no such folder");
     if (m_Path.isEmpty() || !MakeFolder())
         return;
-    if (!CanWriteThere())
+    m_Reason = QStringLiteral("no permission");
+    EOutcome outcome = OUTCOME_UNAVAILABLE;
+    if (CanWriteThere())
     {
-        OpenForReading();
-        m_Reason = QStringLiteral("no permission");
-        return;
+        QString const damage = VisibleDamage();
+        outcome = damage.isEmpty() ? OpenForWriting() : Damaged(damage);
+        if (outcome == OUTCOME_DAMAGED && SetAside())
+            outcome = OpenForWriting();
     }
-    QString const damage = VisibleDamage();
-    EOutcome outcome = damage.isEmpty() ? OpenForWriting() : Damaged(damage);
-    if (outcome == OUTCOME_DAMAGED && SetAside())
-        outcome = OpenForWriting();
+    if (outcome == OUTCOME_UNAVAILABLE)
+        ReadWithoutWriting();
     m_IsWritable = outcome == OUTCOME_OPEN;
 }
 
@@ -154,7 +157,7 @@ QString TConfigDatabase::VisibleDamage() const
     {
         if (!file.isFile())
             return QStringLiteral("not a file");
-        return file.size() == 0 ? QStringLiteral("empty") : QString();
+        return file.size() < SMALLEST_FILE_BYTES ? QStringLiteral("too short") : QString();
     }
     if (file.isSymLink())
         return QStringLiteral("a link to nothing");
@@ -184,30 +187,33 @@ TConfigDatabase::EOutcome TConfigDatabase::OpenForWriting()
 {
     EOutcome outcome = OpenFile(m_Path, QLatin1String(WRITING_OPTIONS));
     // The exclusive lock comes first: it keeps a second console out and needs no shared memory for the log.
+    // Nothing is changed before the content is known to be ours.
     if (outcome == OUTCOME_OPEN)
-        outcome = RunAll({"PRAGMA locking_mode=EXCLUSIVE", "PRAGMA journal_mode=WAL",
-                          "PRAGMA synchronous=FULL", "PRAGMA trusted_schema=OFF", "BEGIN IMMEDIATE"});
+        outcome = RunAll({"PRAGMA locking_mode=EXCLUSIVE", "PRAGMA trusted_schema=OFF", "BEGIN IMMEDIATE"});
     if (outcome == OUTCOME_OPEN)
         outcome = CheckContent();
     if (outcome == OUTCOME_OPEN)
-        outcome = RunAll({"COMMIT"});
+        outcome = RunAll({"COMMIT", "PRAGMA journal_mode=WAL", "PRAGMA synchronous=FULL"});
     if (outcome != OUTCOME_OPEN)
         Close();
     return outcome;
 }
 
 // A medium that cannot be written still has its settings; what stands in its log alone is out of reach.
-TConfigDatabase::EOutcome TConfigDatabase::OpenForReading()
+void TConfigDatabase::ReadWithoutWriting()
 {
     if (!QFileInfo(m_Path).isFile())
-        return OUTCOME_UNAVAILABLE;
+        return;
+    QString const reason = m_Reason;
     QByteArray const encoded = QUrl::toPercentEncoding(m_Path, "/");
     QString const uri = QStringLiteral("file:%1?immutable=1").arg(QString::fromLatin1(encoded));
     EOutcome outcome = OpenFile(uri, QLatin1String(READING_OPTIONS));
     if (outcome == OUTCOME_OPEN)
         outcome = CheckContent();
+    if (outcome != OUTCOME_OPEN)
+        m_Rows.clear();
     Close();
-    return outcome;
+    m_Reason = reason;
 }
 
 TConfigDatabase::EOutcome TConfigDatabase::RunAll(std::initializer_list<char const*> statements)

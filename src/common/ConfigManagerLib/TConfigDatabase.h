@@ -46,7 +46,7 @@ private:
     QString VisibleDamage() const;
     EOutcome OpenFile(QString const& name, QString const& options);
     EOutcome OpenForWriting();
-    EOutcome OpenForReading();
+    void ReadWithoutWriting();
     EOutcome RunAll(std::initializer_list<char const*> statements);
     EOutcome CheckContent();
     EOutcome CheckLayout(bool& isEmpty);
