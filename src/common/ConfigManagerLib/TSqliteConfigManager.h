@@ -12,9 +12,17 @@
 class TConfigDatabase;
 
 /// Settings in one SQLite file with a write-ahead log. Reads are served from memory; the file is read once
-/// when it is opened. A damaged file is renamed to "PATH.damaged-DATE" with its companions and named in the
-/// log, and the store starts empty, that is, with the defaults. Where not even a new file can be written, the
-/// store works in memory and says so once.
+/// when it is opened. A write that need not be durable goes into the file with the next durable one, after a
+/// second, or at the end.
+///
+/// What is damaged is renamed to "PATH.damaged-DATE" with its companions and named in the log, and the store
+/// starts empty, that is, with the defaults; a damaged row is skipped alone. The file is locked while the
+/// store lives. Where it cannot be written, for lack of rights or since another console has it, the store
+/// works in memory, with the values that the file has, and says so once. A full disk is told once too; what
+/// it did not take goes with the next write.
+///
+/// The file has one table: "settings" with "id", "value", the value as QDataStream writes a QVariant in the
+/// version Qt_5_15, and "digest", the SHA-1 of the decimal id, a colon and the value.
 class CONFIGMANAGERLIB_EXPORT TSqliteConfigManager : public ConfigManager
 {
 public:

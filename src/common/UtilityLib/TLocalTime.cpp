@@ -79,13 +79,12 @@ void TLocalTime::SetCurrentDateTime(QDateTime const& dateTime)
 void TLocalTime::SetClock(std::function<qint64()> clock)
 {
     TClocks& clocks = Clocks();
+    bool const isReplaced = static_cast<bool>(clock);
+    // Asked before the lock is taken, since the clock may itself ask for the time.
+    qint64 const clockNow = isReplaced ? clock() : 0;
     QWriteLocker const locker(&clocks.lock);
     clocks.clock.swap(clock);
-    bool const isReplaced = static_cast<bool>(clocks.clock);
-    if (isReplaced)
-    {
-        clocks.systemAtSwap = QDateTime::currentDateTime();
-        clocks.clockAtSwap = clocks.clock();
-    }
+    clocks.systemAtSwap = QDateTime::currentDateTime();
+    clocks.clockAtSwap = clockNow;
     clocks.isReplaced.store(isReplaced, std::memory_order_release);
 }

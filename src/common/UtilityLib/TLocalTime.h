@@ -7,7 +7,7 @@
 #include <functional>
 
 /// The console's clocks. Everything that measures or shows time asks here, so a test can hold the time in its
-/// hand instead of sleeping. Callable from any thread; the setters are for one thread before others ask.
+/// hand instead of sleeping. Callable from any thread, the setters too.
 class UTILITYLIB_EXPORT TLocalTime
 {
 public:
@@ -19,9 +19,12 @@ public:
     static QDateTime currentDateTime();
 
     /// Makes currentDateTime() answer \a dateTime now and run on from there. An invalid value returns to the
-    /// system's own time.
+    /// system's own time, and so does one outside of the years 1 to 9999.
     static void SetCurrentDateTime(QDateTime const& dateTime);
 
-    /// Replaces the monotonic clock (milliseconds); an empty function brings the real one back.
+    /// Replaces the monotonic clock (milliseconds); an empty function brings the real one back. While it is
+    /// replaced the local time too moves by this clock, from the moment of the swap on. The function is
+    /// called from whatever thread asks; once this returns the one before is neither running nor called
+    /// again.
     static void SetClock(std::function<qint64()> clock);
 };

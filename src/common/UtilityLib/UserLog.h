@@ -12,8 +12,9 @@ class UTILITYLIB_EXPORT IUserLogAccessor
 public:
     virtual ~IUserLogAccessor();
 
-    /// Adds one entry; the time is added by the log. Never throws, never blocks longer than one small file
-    /// write.
+    /// Adds one entry, which becomes one line: line ends, other controls and the backslash are written as in
+    /// C, and what goes beyond 1000 characters is left out. The time is added by the log. Never throws, never
+    /// blocks longer than one small file write.
     virtual void AddEntry(QString const& text) = 0;
 };
 
@@ -26,6 +27,7 @@ UTILITYLIB_EXPORT UserLogAccessorPtr GetUserLog();
 UTILITYLIB_EXPORT UserLogAccessorPtr SetUserLog(UserLogAccessorPtr log);
 
 /// A log that appends lines "yyyy-MM-ddThh:mm:ss text" to a UTF-8 file and starts afresh, keeping one old
-/// generation beside it ("PATH.1"), when the file passes \a maxBytes. A file that cannot be written loses the
-/// entry with one warning.
+/// generation beside it ("PATH.1"), before the file would pass \a maxBytes. Missing folders are made. A file
+/// that cannot be written loses the entry with one warning, and with no further one until an entry was
+/// written again.
 UTILITYLIB_EXPORT UserLogAccessorPtr MakeFileUserLog(QString const& path, qint64 maxBytes = 1 << 20);
