@@ -168,7 +168,8 @@ private Q_SLOTS:
         TMMITestWidget* const b = stage.AddStop("b");
         stage.AddStop("c");
         stage.Start(1);
-        for (TMMITestWidget* widget : TNavigatorStage::WidgetsIn(stage.root))
+        QList<TMMITestWidget*> const stops = TNavigatorStage::WidgetsIn(stage.root);
+        for (TMMITestWidget* widget : stops)
             widget->setEnabled(false);
         stage.navigator->OnWheelRight();
         stage.navigator->OnWheelLeft();
@@ -433,7 +434,7 @@ private Q_SLOTS:
         stage.Start(0);
         stage.Enter();
         QVERIFY(stage.navigator->OnBack());
-        QCOMPARE(stage.TakeCalls().last(), QStringLiteral("back a"));
+        QCOMPARE(stage.TakeCalls().constLast(), QStringLiteral("back a"));
         stage.Tick(1000);
         QCOMPARE(stage.Glowing(), QStringLiteral("a1"));
         delete panel;
@@ -882,6 +883,7 @@ private Q_SLOTS:
     {
         TAllocationCount const allocations;
         QVector<int> const some(100);
+        QCOMPARE(some.size(), 100);
         QVERIFY(allocations.Value() > 0);
     }
 };

@@ -113,7 +113,8 @@ public:
     void LetAll(EHandler handler, EDeed deed)
     {
         Let(root, handler, deed);
-        for (TMMITestWidget* widget : WidgetsIn(root))
+        QList<TMMITestWidget*> const stops = WidgetsIn(root);
+        for (TMMITestWidget* widget : stops)
             Let(widget, handler, deed);
     }
     void Let(TMMITestWidget* widget, EHandler handler, EDeed deed)

@@ -47,11 +47,12 @@ bool IsNear(QColor const& actual, QColor const& expected)
 
 QColor ExpectedAt(int distance, QColor const& glow)
 {
+    QVector<int> const alphas = AlphasAt(distance);
     int channels[] = {0, 0, 0};
     int const colours[] = {glow.red(), glow.green(), glow.blue()};
     for (int i = 0; i < 3; ++i)
     {
-        for (int alpha : AlphasAt(distance))
+        for (int alpha : alphas)
             channels[i] = Blended(channels[i], colours[i], alpha);
         channels[i] = Blended(channels[i], 255, 15);
     }

@@ -45,7 +45,8 @@ public:
     static QList<TMMITestWidget*> WidgetsIn(QWidget const* parent)
     {
         QList<TMMITestWidget*> widgets;
-        for (QWidget* widget : parent->findChildren<QWidget*>())
+        QList<QWidget*> const children = parent->findChildren<QWidget*>();
+        for (QWidget* widget : children)
         {
             if (auto* const capable = dynamic_cast<TMMITestWidget*>(widget))
                 widgets << capable;

@@ -6,10 +6,15 @@
 
 #include <cstdio>
 
-std::map<QByteArray, std::function<QObject*()>>& TestClasses()
+std::map<QByteArray, TMakeTest>& TestClasses()
 {
-    static std::map<QByteArray, std::function<QObject*()>> classes;
+    static std::map<QByteArray, TMakeTest> classes;
     return classes;
+}
+
+bool RegisterTestClass(char const* name, TMakeTest make)
+{
+    return TestClasses().emplace(name, make).second;
 }
 
 namespace
@@ -21,7 +26,8 @@ int CountUnexpectedWarnings(QString const& logPath)
     if (!log.open(QIODevice::ReadOnly))
         return 1;
     int count = 0;
-    for (QByteArray const& line : log.readAll().split('\n'))
+    QList<QByteArray> const lines = log.readAll().split('\n');
+    for (QByteArray const& line : lines)
     {
         if (line.startsWith("QWARN") || line.startsWith("QCRITICAL"))
         {

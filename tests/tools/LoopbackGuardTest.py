@@ -19,8 +19,8 @@ class LoopbackGuardTest(unittest.TestCase):
         """The address that a guarded program really has when it asks for this one."""
         done = subprocess.run([sys.executable, "-c", BIND, family, kind, address, str(v6only)], text=True,
                               capture_output=True, env=dict(os.environ, LD_PRELOAD=os.environ["LOOPBACK_GUARD"]))
-        if "Address family not supported" in done.stderr or "Cannot assign requested address" in done.stderr:
-            self.skipTest(f"this machine has no {family}")
+        if family == "AF_INET6" and ("not supported" in done.stderr or "Cannot assign" in done.stderr):
+            self.skipTest("this machine has no IPv6")
         self.assertEqual(("", 0), (done.stderr, done.returncode))
         return done.stdout.strip()
 

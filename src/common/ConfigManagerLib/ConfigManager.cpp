@@ -40,8 +40,8 @@ std::vector<TConfigEntry> const& ConfigManager::KnownEntries()
         {CONFIG_SOUND_VOLUME, "SoundVolume", DEFAULT_SOUND_VOLUME},
         {CONFIG_SOUND_ENABLED, "SoundEnabled", true},
         {CONFIG_BUTTON_SIZE, "ButtonSize", 0},
-        {CONFIG_LAYOUT_SNAPSHOT, "LayoutSnapshot", QStringLiteral("")},
-        {CONFIG_DASHBOARD_SNAPSHOT, "DashboardSnapshot", QStringLiteral("")},
+        {CONFIG_LAYOUT_SNAPSHOT, "LayoutSnapshot", QLatin1String("")},
+        {CONFIG_DASHBOARD_SNAPSHOT, "DashboardSnapshot", QLatin1String("")},
     };
     return entries;
 }
