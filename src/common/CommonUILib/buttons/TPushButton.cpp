@@ -1095,6 +1095,16 @@ bool TPushButton::hitButton(QPoint const& position) const
     return area.contains(position);
 }
 
+bool TPushButton::IsHeld() const
+{
+    return m_Pressed;
+}
+
+void TPushButton::ClearHeld()
+{
+    m_Pressed = false;
+}
+
 void TPushButton::paintEvent(QPaintEvent*)
 {
     FollowOpacity();

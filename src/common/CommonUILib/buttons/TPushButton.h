@@ -202,6 +202,11 @@ protected:
     void showEvent(QShowEvent* event) override;
     /// Within the border, or within 50 pixels around that while the button is down.
     bool hitButton(QPoint const& position) const override;
+    /// Whether a finger that was pressed on the button has not lifted yet; it may have slid off.
+    bool IsHeld() const;
+    /// For a gesture that has taken the finger over: what it does until the next press does not press the
+    /// button again. Does not lift the button.
+    void ClearHeld();
 
 private Q_SLOTS:
     void OnClicked();

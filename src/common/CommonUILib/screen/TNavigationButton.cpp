@@ -42,11 +42,12 @@ QPoint TNavigationButton::GetIconPos() const
 
 void TNavigationButton::mouseMoveEvent(QMouseEvent* event)
 {
-    if (isDown())
+    if (IsHeld())
     {
         int const rightEdge = mapToGlobal(QPoint(width() - 1, 0)).x();
         if (event->globalPos().x() > rightEdge)
         {
+            ClearHeld();
             setDown(false);
             QPointer<TNavigationButton> const self(this);
             Q_EMIT DraggedOffRight(GetButtonId());
