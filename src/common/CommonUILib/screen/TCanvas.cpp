@@ -189,9 +189,13 @@ void TCanvas::ShiftCanvas()
     int const limit = ReadLeftLimit();
     if (limit == m_LeftLimit)
         return;
+    QRect const sidebarBefore = SidebarRect();
     m_LeftLimit = limit;
     UpdateFullWindowGeometry();
-    update();
+    // The limit moves at every frame of a slide, and only the sidebar depends on it.
+    QRect const sidebar = SidebarRect();
+    if (sidebar != sidebarBefore)
+        update(sidebar | sidebarBefore);
 }
 
 void TCanvas::showEvent(QShowEvent* event)
@@ -240,13 +244,19 @@ void TCanvas::paintEvent(QPaintEvent* event)
 // Continues the navigation bar behind the mini windows, from the bar to the room that they leave.
 void TCanvas::PaintSidebar(QPainter* painter) const
 {
+    QRect const sidebar = SidebarRect();
+    if (!sidebar.isEmpty())
+        painter->drawPixmap(sidebar, Sidebar(),
+                            sidebar.translated(Sidebar().width() - sidebar.width() - sidebar.x(), 0));
+}
+
+// Where the sidebar shows; empty where it does not.
+QRect TCanvas::SidebarRect() const
+{
     if (!MainScreen || !MainScreen->IsNavigationBarVisible() || Sidebar().isNull())
-        return;
+        return {};
     int shownWidth = m_LeftLimit - NAVBAR_WIDTH;
     if (m_FullWindow && m_FullWindow->MiniViewsOverlap())
         shownWidth = SCREEN_WIDTH < WideScreen ? 0 : Sidebar().width();
-    if (shownWidth <= 0)
-        return;
-    QRect const source(Sidebar().width() - shownWidth, 0, shownWidth, SCREEN_HEIGHT);
-    painter->drawPixmap(QPoint(NAVBAR_WIDTH, 0), Sidebar(), source);
+    return shownWidth > 0 ? QRect(NAVBAR_WIDTH, 0, shownWidth, SCREEN_HEIGHT) : QRect();
 }

@@ -91,6 +91,7 @@ private:
     int ReadLeftLimit() const;
     void FetchBackground();
     void PaintSidebar(QPainter* painter) const;
+    QRect SidebarRect() const;
 
     TMenuManager* m_MenuManager = nullptr;
     TMenuDisplayManager* m_MenuDisplayManager = nullptr;
