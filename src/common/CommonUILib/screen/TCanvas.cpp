@@ -11,6 +11,7 @@
 #include "TScreen.h"
 
 #include <QPainter>
+#include <QPaintEvent>
 
 namespace
 {
@@ -232,12 +233,15 @@ void TCanvas::resizeEvent(QResizeEvent* event)
 
 void TCanvas::paintEvent(QPaintEvent* event)
 {
-    Q_UNUSED(event)
     QPainter painter(this);
-    if (m_Background)
-        painter.drawPixmap(0, 0, *m_Background);
-    if (m_BackgroundColor.isValid())
-        painter.fillRect(rect(), m_BackgroundColor);
+    // A mini window that slides uncovers nothing but sidebar: what would be painted over is left out.
+    if (Sidebar().hasAlpha() || !SidebarRect().contains(event->rect()))
+    {
+        if (m_Background)
+            painter.drawPixmap(0, 0, *m_Background);
+        if (m_BackgroundColor.isValid())
+            painter.fillRect(rect(), m_BackgroundColor);
+    }
     PaintSidebar(&painter);
 }
 

@@ -69,6 +69,7 @@ TMiniWindowTitlebar::TMiniWindowTitlebar(QWidget* parent)
     PlaceButton(m_MaximizeButton, MaximizeButtonRect);
     m_MaximizeButton->hide();
     m_MaximizeButton->raise();
+    m_Face = DrawFace();
 }
 
 TPushButton* TMiniWindowTitlebar::GetHideButton() const
@@ -85,18 +86,30 @@ void TMiniWindowTitlebar::SetTitle(QString const& title)
 {
     QString const shortTitle = QFontMetrics(*FontPtr).elidedText(title, Qt::ElideRight, TitleWidth);
     m_CentreButton->SetToolTip(shortTitle == title ? QString() : title);
+    if (shortTitle == m_Title)
+        return;
     m_Title = shortTitle;
+    m_Face = DrawFace();
     update();
 }
 
-void TMiniWindowTitlebar::paintEvent(QPaintEvent* event)
+// Drawn once for each title: a bar that slides is painted at every frame.
+QPixmap TMiniWindowTitlebar::DrawFace() const
 {
-    Q_UNUSED(event)
-    QPainter painter(this);
+    QPixmap face(size());
+    face.fill(Qt::transparent);
+    QPainter painter(&face);
     painter.drawPixmap(PixmapPosition, *TitleBar);
     painter.setFont(*FontPtr);
     painter.setPen(Qt::black);
     painter.drawText(ShadowTextRect, Qt::AlignLeft, m_Title);
     painter.setPen(Qt::white);
     painter.drawText(ShadowTextRect.translated(-1, -1), Qt::AlignLeft, m_Title);
+    return face;
+}
+
+void TMiniWindowTitlebar::paintEvent(QPaintEvent* event)
+{
+    Q_UNUSED(event)
+    QPainter(this).drawPixmap(0, 0, m_Face);
 }

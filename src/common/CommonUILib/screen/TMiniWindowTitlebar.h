@@ -3,10 +3,10 @@
 #include "CommonUILibExport.h"
 #include "MMICapableWidget.h"
 
+#include <QPixmap>
 #include <QWidget>
 
 class QFont;
-class QPixmap;
 class TPushButton;
 
 /// The title bar of a mini window: hide, title, maximise. The wheel stops on its two buttons; the title in
@@ -32,8 +32,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QPixmap DrawFace() const;
+
     TPushButton* m_HideButton;
     TPushButton* m_MaximizeButton;
     TPushButton* m_CentreButton;
     QString m_Title;
+    QPixmap m_Face;
 };

@@ -11,8 +11,7 @@
 #include "TNavigationButton.h"
 #include "TObstructionManager.h"
 #include "TScreen.h"
-
-#include <QLabel>
+#include "TShadowLabel.h"
 
 #include <algorithm>
 
@@ -216,13 +215,9 @@ void TWindowManager::MakeShadows(ViewDetails& view)
 {
     auto const makeShadow = [this](QString const& name, int width, int height)
     {
-        auto* const shadow = new QLabel(m_Screen);
-        shadow->setAttribute(Qt::WA_TransparentForMouseEvents);
-        shadow->resize(width, height);
-        if (KVN::PixmapManager* const pixmaps = m_Screen->GetPixmapManager())
-            shadow->setPixmap(*pixmaps->GetResizedPixmap(name, width, height));
-        shadow->hide();
-        return shadow;
+        KVN::PixmapManager* const pixmaps = m_Screen->GetPixmapManager();
+        QPixmap const picture = pixmaps ? *pixmaps->GetResizedPixmap(name, width, height) : QPixmap();
+        return new TShadowLabel(m_Screen, picture, QSize(width, height));
     };
     view.rightShadow = makeShadow(PixmapNames::MiniWindowRightShadow, MINI_WINDOW_SHADOW,
                                   MINI_WINDOW_SIZE + MINI_WINDOW_SHADOW);
