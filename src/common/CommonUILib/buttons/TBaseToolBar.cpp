@@ -208,6 +208,10 @@ void TBaseToolBar::SetDragSettings(bool enabled, bool needThreshold, bool snap, 
     m_Snap = snap;
     m_Inertia = inertia;
     m_Clamp = clamp;
+    if (m_DragEnabled)
+        updateScrollIndicators();
+    else
+        HideIndicators();
 }
 
 void TBaseToolBar::SetUserResizeButtons(bool resize)
@@ -389,6 +393,9 @@ void TBaseToolBar::RepositionButtons()
         UpdateFixedSize();
     else
         FitToButtons(length);
+    // Not within the resize that this brought about, in which a slot of dragged() must not delete the bar.
+    if (!m_Fixed && !nested)
+        dragButtons(0);
     if (!self)
         return;
     m_Repositioning = nested;
@@ -466,8 +473,6 @@ void TBaseToolBar::FitToButtons(int length)
         setFixedWidth(qMax(0, length));
     else
         setFixedHeight(qMax(0, length));
-    // Shows the marks as well.
-    dragButtons(0);
 }
 
 void TBaseToolBar::AnchorFarEdge(QSize const& before)
@@ -707,6 +712,12 @@ void TBaseToolBar::ShowIndicator(QLabel* indicator, bool& more, bool wanted, int
         indicator->setGeometry(0, place, width(), m_IndicatorThickness);
     indicator->show();
     indicator->raise();
+}
+
+void TBaseToolBar::HideIndicators()
+{
+    ShowIndicator(m_UpIndicator, m_MoreAtStart, false, 0);
+    ShowIndicator(m_DownIndicator, m_MoreAtEnd, false, 0);
 }
 
 void TBaseToolBar::StopFlick()

@@ -183,6 +183,7 @@ private:
     void Include(TSpan& span, bool& any, TPushButton const* button) const;
     int HeldToEnds(int delta) const;
     void ShowIndicator(QLabel* indicator, bool& more, bool wanted, int place);
+    void HideIndicators();
     void StopFlick();
     int RestartDragClock();
     bool IsAtEndFor(int delta) const;

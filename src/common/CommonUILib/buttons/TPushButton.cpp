@@ -15,6 +15,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QSignalBlocker>
 #include <QTimer>
 
 #include <algorithm>
@@ -314,8 +315,9 @@ void TPushButton::SetText(QString text, QString objectName, bool enable, QString
 
 KVN::MMICapableWidget* TPushButton::OnMMIEnter()
 {
+    QPointer<TPushButton> const self(this);
     animateClick(EnterPressMs);
-    return KVN::MMICapableWidget::OnMMIEnter();
+    return self ? KVN::MMICapableWidget::OnMMIEnter() : nullptr;
 }
 
 void TPushButton::OnMMIHighlight()
@@ -497,7 +499,7 @@ void TPushButton::FitFace(TFace& face) const
     if (!IsUsable(face.source) || size().isEmpty())
         return;
     face.shown = QSharedPointer<QPixmap>::create(size());
-    face.shown->fill(Qt::transparent);
+    face.shown->fill(face.opaque ? Qt::black : Qt::transparent);
     QPainter painter(face.shown.data());
     KVN::RenderUtils::RenderScaledBitmap(&painter, *face.source, width(), height(), StretchFrom, StretchFrom,
                                          StretchTo, StretchTo);
@@ -823,6 +825,22 @@ int TPushButton::GetButtonId() const
     return m_ButtonId;
 }
 
+void TPushButton::animateClick(int msec)
+{
+    if (!isEnabled())
+        return;
+    // One press, however often its end is put off.
+    bool const begins = !m_AnimatedPress;
+    m_AnimatedPress = true;
+    {
+        // The base works on the button after pressed(): so that comes when the base is done.
+        QSignalBlocker const quiet(this);
+        QAbstractButton::animateClick(msec);
+    }
+    if (begins)
+        Q_EMIT pressed();
+}
+
 void TPushButton::MakeDoubleClickConnections()
 {
     MakeDoubleClickDisconnect();
@@ -1062,6 +1080,7 @@ void TPushButton::OnButtonDown()
 
 void TPushButton::OnButtonRelease()
 {
+    m_AnimatedPress = false;
     if (m_ButtonId >= 0)
         Q_EMIT Released(m_ButtonId);
 }

@@ -163,6 +163,9 @@ public:
     void SetPropagateClicks(bool propagate);
     void SetButtonID(int id);
     int GetButtonId() const;
+    /// Hides QAbstractButton::animateClick(), which does not survive that a slot of pressed() deletes the
+    /// button.
+    void animateClick(int msec);
     /// Needed for DelayedSingleClicked(). May be called twice.
     void MakeDoubleClickConnections();
     void MakeDoubleClickDisconnect();
@@ -303,6 +306,7 @@ private:
     QSharedPointer<QPixmap> m_Icon;
     QString m_IconName;
     bool m_Pressed = false;
+    bool m_AnimatedPress = false;
     bool m_ExplicitIconPosition = false;
     QSharedPointer<QPixmap> m_RightSideIcon;
     std::array<TFace, FACE_COUNT> m_Faces;
