@@ -52,9 +52,17 @@ class TMMICapableWidgetNavigatorTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void nothingShowsBeforeTheFirstStep_data()
+    {
+        QTest::addColumn<bool>("timeoutEnabled");
+        QTest::newRow("level with a time-out") << true;
+        QTest::newRow("level without a time-out") << false;
+    }
     void nothingShowsBeforeTheFirstStep()
     {
+        QFETCH(bool, timeoutEnabled);
         TNavigatorStage stage;
+        stage.root->timeoutEnabled = timeoutEnabled;
         stage.AddPanel("a");
         stage.Start();
         stage.Tick(5000);
@@ -483,6 +491,7 @@ private Q_SLOTS:
         stage.Tick(1);
         QCOMPARE(stage.Glowing(), QStringLiteral("opener"));
         QVERIFY(!stage.navigator->OnBack());
+        QCOMPARE(stage.TakeCalls().filter(QStringLiteral("back")), QStringList());
     }
 
     void disabledLevelIsLeftLikeAHiddenOne()
@@ -712,6 +721,23 @@ private Q_SLOTS:
         stage.StepRight();
         QCOMPARE(stage.Glowing(), QStringLiteral("a"));
         QVERIFY(box->children().indexOf(stage.Highlight()) < box->children().indexOf(cover));
+    }
+
+    void glowLeavesTheOrderOfTheWidgetsAlone()
+    {
+        TNavigatorStage stage;
+        stage.AddStop("a");
+        stage.AddStop("b");
+        stage.AddStop("c");
+        QObjectList const order = stage.root->children();
+        stage.Start(0);
+        for (int i = 0; i < 4; ++i)
+        {
+            QObjectList now = stage.root->children();
+            now.removeOne(stage.Highlight());
+            QCOMPARE(now, order);
+            stage.StepRight();
+        }
     }
 
     void glowIsBlueInsideAnEnteredOwnerAndElseWhite()

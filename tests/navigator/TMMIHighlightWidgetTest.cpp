@@ -23,16 +23,18 @@ int Blended(int below, int above, int alpha)
     return (below * (255 - alpha) + above * alpha + 127) / 255;
 }
 
-// The outlines whose line covers a pixel at this distance from the edge, from the widest.
-QVector<int> AlphasAt(int distance)
+// The outlines whose line covers a pixel at this distance from the edge, from the widest. An even width has
+// one pixel more on the side of the smaller coordinates, which is the inner side at the far edges.
+QVector<int> AlphasAt(int distance, bool farEdge)
 {
+    int const more = farEdge ? 1 : 0;
     if (distance < 2)
         return {20, 50, 120, 200};
-    if (distance < 3)
+    if (distance < 3 + more)
         return {20, 50, 120};
-    if (distance < 5)
+    if (distance < 5 + more)
         return {20, 50};
-    if (distance < 8)
+    if (distance < 8 + more)
         return {20};
     return {};
 }
@@ -45,9 +47,9 @@ bool IsNear(QColor const& actual, QColor const& expected)
            qAbs(actual.blue() - expected.blue()) <= ROUNDING;
 }
 
-QColor ExpectedAt(int distance, QColor const& glow)
+QColor ExpectedAt(int distance, QColor const& glow, bool farEdge = false)
 {
-    QVector<int> const alphas = AlphasAt(distance);
+    QVector<int> const alphas = AlphasAt(distance, farEdge);
     int channels[] = {0, 0, 0};
     int const colours[] = {glow.red(), glow.green(), glow.blue()};
     for (int i = 0; i < 3; ++i)
@@ -122,15 +124,16 @@ private Q_SLOTS:
         QImage const image = Painted(highlight, Qt::black);
         for (int distance = 0; distance < 12; ++distance)
         {
-            QColor const expected = ExpectedAt(distance, colour);
+            QColor const near = ExpectedAt(distance, colour);
+            QColor const far = ExpectedAt(distance, colour, true);
             QByteArray const where = "distance " + QByteArray::number(distance);
-            QVERIFY2(IsNear(image.pixelColor(distance, HEIGHT / 2), expected),
-                     (where + " from the left").constData());
-            QVERIFY2(IsNear(image.pixelColor(WIDTH / 2, distance), expected),
-                     (where + " from the top").constData());
+            QVERIFY2(IsNear(image.pixelColor(distance, HEIGHT / 2), near), (where + ", left").constData());
+            QVERIFY2(IsNear(image.pixelColor(WIDTH / 2, distance), near), (where + ", top").constData());
+            QVERIFY2(IsNear(image.pixelColor(WIDTH - 1 - distance, HEIGHT / 2), far),
+                     (where + ", right").constData());
+            QVERIFY2(IsNear(image.pixelColor(WIDTH / 2, HEIGHT - 1 - distance), far),
+                     (where + ", bottom").constData());
         }
-        QVERIFY(IsNear(image.pixelColor(WIDTH - 1, HEIGHT / 2), ExpectedAt(0, colour)));
-        QVERIFY(IsNear(image.pixelColor(WIDTH / 2, HEIGHT - 1), ExpectedAt(0, colour)));
         QVERIFY(IsNear(image.pixelColor(WIDTH - 1, HEIGHT - 1), ExpectedAt(0, colour)));
         QVERIFY(IsNear(image.pixelColor(WIDTH / 2, HEIGHT / 2), ExpectedAt(20, colour)));
     }

@@ -181,6 +181,17 @@ private Q_SLOTS:
         QCOMPARE(SortedNames(*m_Level), byColumns);
     }
 
+    void anyNumberOfStopsInOnePlaceStaysInTheOrderOfTheTree()
+    {
+        QStringList expected;
+        for (int i = 0; i < 100; ++i)
+        {
+            expected << QString::number(i);
+            Add(m_Level.get(), expected.last(), QPoint(50, 50));
+        }
+        QCOMPARE(SortedNames(*m_Level), expected);
+    }
+
     void centresAreComparedOnTheScreen()
     {
         auto* const lower = new QWidget(m_Level.get());
