@@ -77,6 +77,13 @@ constexpr char const* SetupBackgrounds[] = {"SetupScreenBackgroundTop480x272",
                                             "SetupScreenBackgroundBottom480x272",
                                             "SetupScreenBackgroundDark800x600"};
 
+// What cannot be read has no digest, and an empty key does not open it.
+bool HasDigest(QString const& path, QString const& expected)
+{
+    QByteArray const digest = TFileHash::CalculateFileSaltedSHA1(path);
+    return !digest.isEmpty() && expected == QString::fromLatin1(digest.toHex());
+}
+
 // The built-in splash unless the branding names a file that carries the key it was delivered with.
 QString SplashPath()
 {
@@ -86,8 +93,7 @@ QString SplashPath()
     QString const key = console.value(QStringLiteral("Branding/SplashScreenKey"), QString()).toString();
     QString const branded =
         drive + QLatin1String(TSystemSettings::BrandingFolder) + QLatin1Char('/') + fileName;
-    if (!fileName.isEmpty() && QFile::exists(branded) &&
-        key.toLower() == QString::fromLatin1(TFileHash::CalculateFileSaltedSHA1(branded).toHex()))
+    if (!fileName.isEmpty() && QFile::exists(branded) && HasDigest(branded, key.toLower()))
         return branded;
     switch (SCREEN_HEIGHT)
     {
@@ -178,6 +184,8 @@ TScreen::~TScreen()
     for (TLockingWidget const& lock : qAsConst(m_LockingWidgets))
         disconnect(lock.widget, nullptr, this, nullptr);
     m_LockingWidgets.clear();
+    // Without a parent while it is hidden.
+    delete m_NavigationWindow;
     m_PixmapManager.reset();
     m_SoundServer->deleteLater();
     m_ObstructionManager.reset();
@@ -298,8 +306,12 @@ void TScreen::SetCurrentCanvas(TCanvas* canvas, bool showBars)
 {
     if (!canvas)
         return;
+    QPointer<TCanvas> const wanted(canvas);
     if (m_CurrentCanvas)
         m_CurrentCanvas->hide();
+    // Modules clean up when a view goes, and may take the next one with them.
+    if (!wanted)
+        return;
     m_CurrentCanvas = canvas;
     if (canvas->parentWidget() != this)
     {
@@ -313,7 +325,7 @@ void TScreen::SetCurrentCanvas(TCanvas* canvas, bool showBars)
         if (!bar)
             continue;
         if (showBars)
-            bar->raise();
+            RaiseToBelowTooltips(bar);
         bar->setVisible(showBars);
     }
     if (!showBars)
@@ -331,7 +343,8 @@ void TScreen::SetAlarmWidget(TWindow* widget)
     widget->setParent(this);
     widget->move(width() / 2 - widget->width() / 2, AlarmTop);
     widget->HideWindow();
-    RaiseToBelowTooltips(widget);
+    if (m_AlarmWidget)
+        RaiseToBelowTooltips(m_AlarmWidget);
 }
 
 TWindow* TScreen::GetAlarmWidget() const
@@ -387,6 +400,8 @@ TSoundServer* TScreen::GetSoundServerPtr() const
 
 void TScreen::RaiseToBelowTooltips(QWidget* widget)
 {
+    if (!widget)
+        return;
     for (QObject* const child : children())
     {
         // By name: the screen knows nothing else of tool tips.
@@ -403,7 +418,7 @@ void TScreen::RaiseToBelowTooltips(QWidget* widget)
 
 void TScreen::RaiseToBelowSystemToolbar(QWidget* widget)
 {
-    if (!m_SystemToolBar)
+    if (!m_SystemToolBar || !widget)
         return;
     widget->raise();
     widget->stackUnder(m_SystemToolBar);
@@ -411,7 +426,7 @@ void TScreen::RaiseToBelowSystemToolbar(QWidget* widget)
 
 void TScreen::RaiseToBelowNavigationBar(QWidget* widget)
 {
-    if (!m_NavigationBar)
+    if (!m_NavigationBar || !widget)
         return;
     widget->raise();
     widget->stackUnder(m_NavigationBar);
@@ -419,9 +434,13 @@ void TScreen::RaiseToBelowNavigationBar(QWidget* widget)
 
 void TScreen::RaiseToBelowAlarm(QWidget* widget)
 {
-    widget->raise();
-    if (m_AlarmWidget)
-        widget->stackUnder(m_AlarmWidget);
+    RaiseToBelowTooltips(widget);
+    if (!m_AlarmWidget || m_AlarmWidget->parentWidget() != this)
+        return;
+    // A hidden alarm may have been left behind below windows that came later.
+    if (m_AlarmWidget != widget)
+        RaiseToBelowTooltips(m_AlarmWidget);
+    widget->stackUnder(m_AlarmWidget);
 }
 
 void TScreen::UnLockSystemToolbar()
@@ -434,23 +453,36 @@ void TScreen::AddLockingWidget(KVN::ModalData const& data)
 {
     if (!data.widget)
         return;
-    for (int i = 0; i < m_LockingWidgets.size(); ++i)
-    {
-        if (m_LockingWidgets[i].widget == data.widget)
-        {
-            EraseLock(i);
-            break;
-        }
-    }
+    int const known = FirstLockOf(data.widget);
+    if (known >= 0)
+        EraseLock(known);
     TLockingWidget lock;
     static_cast<KVN::ModalData&>(lock) = data;
     lock.lockToolbars = data.modalType == KVN::MODAL_GLOBAL;
     m_LockingWidgets.append(lock);
-    connect(data.widget, &QObject::destroyed, this, &TScreen::OnWidgetDeleted);
+    connect(lock.widget, &QObject::destroyed, this, &TScreen::OnWidgetDeleted);
+
+    QPointer<TScreen> const self(this);
     Q_EMIT NotifyScreenLock(true);
-    m_ModalWidget->SetModalData(data);
+    if (!self)
+        return;
+    if (FirstLockOf(lock.widget) < 0)
+    {
+        // Whoever heard of the lock has ended it already.
+        CheckToolbarsForLocking();
+        return;
+    }
+    m_ModalWidget->SetModalData(lock);
     m_ModalWidget->show();
     LockAllToolbars(lock.lockToolbars);
+}
+
+int TScreen::FirstLockOf(QObject const* widget) const
+{
+    auto const found = std::find_if(m_LockingWidgets.begin(), m_LockingWidgets.end(),
+                                    [widget](TLockingWidget const& lock) { return lock.widget == widget; });
+    return found == m_LockingWidgets.end() ? -1
+                                           : static_cast<int>(std::distance(m_LockingWidgets.begin(), found));
 }
 
 void TScreen::EraseLock(int index)
@@ -465,14 +497,25 @@ void TScreen::RemoveLockingWidget(QWidget* widget)
     while (index >= 0 && m_LockingWidgets[index].widget != widget)
         --index;
     if (index < 0)
-        return;
-    EraseLock(index);
-    if (m_LockingWidgets.isEmpty())
     {
-        m_ModalWidget->hide();
-        Q_EMIT NotifyScreenLock(false);
+        // The owner of a widget that died takes its lock off all the same.
+        if (m_LockVanished)
+            CheckToolbarsForLocking();
+        return;
     }
-    LockAllToolbars(false);
+    EraseLock(index);
+    QPointer<TScreen> const self(this);
+    if (m_LockingWidgets.isEmpty())
+        EndScreenLock();
+    if (self)
+        LockAllToolbars(false);
+}
+
+void TScreen::EndScreenLock()
+{
+    m_LockVanished = false;
+    m_ModalWidget->hide();
+    Q_EMIT NotifyScreenLock(false);
 }
 
 // Takes the dead out and does no more: a widget that goes in the middle of some operation must not restack
@@ -482,16 +525,37 @@ void TScreen::OnWidgetDeleted(QObject* widget)
     for (int i = m_LockingWidgets.size() - 1; i >= 0; --i)
     {
         if (static_cast<QObject*>(m_LockingWidgets[i].widget) == widget)
+        {
             m_LockingWidgets.remove(i);
+            m_LockVanished = true;
+        }
     }
+}
+
+// False when whoever heard of the end of the lock deleted the screen.
+bool TScreen::PutVanishedLocksRight()
+{
+    if (!m_LockVanished)
+        return true;
+    m_LockVanished = false;
+    m_AllToolbarsLocked = IsAnyLockGlobal();
+    QPointer<TScreen> const self(this);
+    if (m_LockingWidgets.isEmpty())
+        EndScreenLock();
+    return !self.isNull();
+}
+
+bool TScreen::IsAnyLockGlobal() const
+{
+    return std::any_of(m_LockingWidgets.begin(), m_LockingWidgets.end(),
+                       [](TLockingWidget const& lock) { return lock.lockToolbars; });
 }
 
 void TScreen::LockAllToolbars(bool wanted)
 {
-    QVector<TLockingWidget> const locks = m_LockingWidgets;
-    bool const isHeld =
-        std::any_of(locks.begin(), locks.end(), [](TLockingWidget const& lock) { return lock.lockToolbars; });
-    m_AllToolbarsLocked = wanted || isHeld;
+    if (!PutVanishedLocksRight())
+        return;
+    m_AllToolbarsLocked = wanted || IsAnyLockGlobal();
     CheckToolbarsForLocking();
 }
 
@@ -520,6 +584,8 @@ QWidget* TScreen::LockAnchor() const
 
 void TScreen::CheckToolbarsForLocking()
 {
+    if (!PutVanishedLocksRight())
+        return;
     if (m_LockingWidgets.isEmpty() && m_AllToolbarsLocked)
         return;
     if (m_AlarmWidget && m_AlarmWidget->isVisible())
@@ -559,9 +625,8 @@ void TScreen::StackForLocalLock()
     TLockingWidget const last = m_LockingWidgets.constLast();
     if (isAncestorOf(last.widget))
     {
-        last.widget->raise();
-        if (m_SystemToolBar)
-            last.widget->stackUnder(m_SystemToolBar);
+        RaiseToBelowAlarm(last.widget);
+        RaiseToBelowSystemToolbar(last.widget);
     }
     m_ModalWidget->SetModalData(last);
     m_ModalWidget->stackUnder(last.widget);
@@ -620,7 +685,10 @@ void TScreen::TakeScreenShot()
         int const volume = ConfigManager::Instance()->Read(CONFIG_SOUND_VOLUME).toInt();
         server->PlaySound(SOUND_SCREENSHOT, volume, SOUND_SCREENSHOT);
     }
+    QPointer<TScreen> const self(this);
     QCoreApplication::processEvents();
+    if (!self)
+        return;
     m_ScreenShotFlash->hide();
     SaveScreenShot(drive);
     m_CameraOverlayManager->FinishScreenShot();

@@ -82,7 +82,8 @@ public:
     /// canvas changes nothing.
     void SetCurrentCanvas(TCanvas* canvas, bool showBars);
 
-    /// The host's alarm window, which becomes a hidden child at the upper edge; null for none.
+    /// The host's alarm window, placed at the middle of the upper edge and hidden; null for none. Like every
+    /// window of the screen it has no parent until it is shown.
     void SetAlarmWidget(TWindow* widget);
     TWindow* GetAlarmWidget() const;
     /// @}
@@ -97,6 +98,7 @@ public:
     /// @}
 
     /// \name Stacking
+    /// Null is ignored.
     /// @{
     /// Raises \a widget as far as anything may be raised: above all but tool tips.
     void RaiseToBelowTooltips(QWidget* widget);
@@ -221,7 +223,11 @@ public Q_SLOTS:
 private:
     void BuildNavigationBars();
     void StartSound();
+    int FirstLockOf(QObject const* widget) const;
     void EraseLock(int index);
+    void EndScreenLock();
+    bool PutVanishedLocksRight();
+    bool IsAnyLockGlobal() const;
     void StackForGlobalLock(QWidget* anchor);
     void StackForLocalLock();
     void RaiseToBelowAlarm(QWidget* widget);
@@ -247,6 +253,7 @@ private:
     QPointer<TMMICapableWidgetNavigator> m_Navigator;
     int m_ShortcutView = -1;
     bool m_AllToolbarsLocked = false;
+    bool m_LockVanished = false; // a lock died and nothing was put right since
     int m_NextNavigationId = 0;
     int m_OpenFlyouts = 0;
     std::unique_ptr<TObstructionManager> m_ObstructionManager;
