@@ -66,6 +66,39 @@ private:
 using TMake = std::function<void(QString const& path)>;
 Q_DECLARE_METATYPE(TMake)
 
+namespace
+{
+TMake Written(QByteArray const& content)
+{
+    return [content](QString const& path) { QVERIFY(WriteFile(path, content)); };
+}
+
+TMake Changed(std::function<void(QByteArray&)> const& how)
+{
+    return [how](QString const& path)
+    {
+        QVERIFY(MakeSettings(path));
+        QByteArray content = Content(path);
+        how(content);
+        QVERIFY(WriteFile(path, content));
+    };
+}
+
+TMake Executed(QString const& statement)
+{
+    return [statement](QString const& path) { QVERIFY(TTestSettingsFile(path).Run(statement)); };
+}
+
+TMake ExecutedOnSettings(QString const& statement)
+{
+    return [statement](QString const& path)
+    {
+        QVERIFY(MakeSettings(path));
+        QVERIFY(TTestSettingsFile(path).Run(statement));
+    };
+}
+} // namespace
+
 class TSqliteConfigManagerTest : public QObject
 {
     Q_OBJECT
@@ -328,55 +361,26 @@ void TSqliteConfigManagerTest::killedProcessLosesNothingAcknowledged()
 
 void TSqliteConfigManagerTest::damageIsSetAsideAndTheStoreStarts_data()
 {
-    auto const write = [](QByteArray const& content) -> TMake
-    { return [content](QString const& path) { QVERIFY(WriteFile(path, content)); }; };
-    auto const change = [](std::function<void(QByteArray&)> const& how) -> TMake
-    {
-        return [how](QString const& path)
-        {
-            QVERIFY(MakeSettings(path));
-            QByteArray content = Content(path);
-            how(content);
-            QVERIFY(WriteFile(path, content));
-        };
-    };
-    auto const run = [](QString const& statement) -> TMake
-    {
-        return [statement](QString const& path)
-        {
-            QVERIFY(MakeSettings(path));
-            QVERIFY(TTestSettingsFile(path).Run(statement));
-        };
-    };
     QTest::addColumn<TMake>("make");
-    QTest::newRow("empty") << write({});
-    QTest::newRow("one byte") << write("x");
-    QTest::newRow("text") << write("This is no database.\n");
-    QTest::newRow("zeros") << write(QByteArray(8192, '\0'));
-    QTest::newRow("header alone") << change([](QByteArray& content) { content.truncate(100); });
-    QTest::newRow("cut within a page") << change([](QByteArray& content) { content.truncate(6000); });
-    QTest::newRow("half") << change([](QByteArray& content) { content.truncate(content.size() / 2); });
+    QTest::newRow("empty") << Written({});
+    QTest::newRow("one byte") << Written("x");
+    QTest::newRow("text") << Written("This is no database.\n");
+    QTest::newRow("zeros") << Written(QByteArray(8192, '\0'));
+    QTest::newRow("header alone") << Changed([](QByteArray& content) { content.truncate(100); });
+    QTest::newRow("cut within a page") << Changed([](QByteArray& content) { content.truncate(6000); });
+    QTest::newRow("half") << Changed([](QByteArray& content) { content.truncate(content.size() / 2); });
     QTest::newRow("first page overwritten")
-        << change([](QByteArray& content) { content.replace(0, 4096, QByteArray(4096, 'x')); });
+        << Changed([](QByteArray& content) { content.replace(0, 4096, QByteArray(4096, 'x')); });
     QTest::newRow("tree overwritten")
-        << change([](QByteArray& content) { content.replace(4096, 4096, QByteArray(4096, '\xff')); });
-    QTest::newRow("future schema format") << change([](QByteArray& content) { content[47] = 9; });
-    QTest::newRow("other table") << TMake(
-        [](QString const& path) { QVERIFY(TTestSettingsFile(path).Run("CREATE TABLE fields (name TEXT)")); });
-    QTest::newRow("other columns") << TMake(
-        [](QString const& path) {
-            QVERIFY(
-                TTestSettingsFile(path).Run("CREATE TABLE settings (id INTEGER PRIMARY KEY, value TEXT)"));
-        });
-    QTest::newRow("view in place of the table") << TMake(
-        [](QString const& path)
-        {
-            QVERIFY(TTestSettingsFile(path).Run(
-                "CREATE VIEW settings AS SELECT 1 AS id, 'x' AS value, 'y' AS digest"));
-        });
-    QTest::newRow("one column more") << run("ALTER TABLE settings ADD COLUMN more INTEGER");
-    QTest::newRow("one table more") << run("CREATE TABLE more (id INTEGER)");
-    QTest::newRow("trigger") << run(
+        << Changed([](QByteArray& content) { content.replace(4096, 4096, QByteArray(4096, '\xff')); });
+    QTest::newRow("future schema format") << Changed([](QByteArray& content) { content[47] = 9; });
+    QTest::newRow("other table") << Executed("CREATE TABLE fields (name TEXT)");
+    QTest::newRow("other columns") << Executed("CREATE TABLE settings (id INTEGER PRIMARY KEY, value TEXT)");
+    QTest::newRow("view in place of the table")
+        << Executed("CREATE VIEW settings AS SELECT 1 AS id, 'x' AS value, 'y' AS digest");
+    QTest::newRow("one column more") << ExecutedOnSettings("ALTER TABLE settings ADD COLUMN more INTEGER");
+    QTest::newRow("one table more") << ExecutedOnSettings("CREATE TABLE more (id INTEGER)");
+    QTest::newRow("trigger") << ExecutedOnSettings(
         "CREATE TRIGGER t AFTER INSERT ON settings BEGIN DELETE FROM settings; END");
     QTest::newRow("folder") << TMake([](QString const& path) { QVERIFY(QDir().mkpath(path)); });
     QTest::newRow("folder with a file") << TMake(

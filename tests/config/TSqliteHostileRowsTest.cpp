@@ -174,7 +174,7 @@ void TSqliteHostileRowsTest::streamThatIsNoValueIsSkippedWithOneLogLine_data()
     QTest::newRow("type that is none") << QVariant(Head(QMetaType::Void));
     QTest::newRow("unknown type") << QVariant(Head(200) + Bytes({1}));
     QTest::newRow("type out of range") << QVariant(Head(0xffffffffU) + Bytes({1}));
-    QTest::newRow("user type unknown") << QVariant(Head(USER_TYPE) + Bytes({5}) + "None\0");
+    QTest::newRow("user type unknown") << QVariant(Head(USER_TYPE) + Bytes({5}) + QByteArray("None\0", 5));
     QTest::newRow("user type without a name") << QVariant(Head(USER_TYPE));
     QTest::newRow("user type that is a pointer")
         << QVariant(Head(USER_TYPE) + Bytes({9}) + QByteArray("QObject*\0", 9));
