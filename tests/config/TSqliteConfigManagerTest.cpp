@@ -373,6 +373,13 @@ void TSqliteConfigManagerTest::damageIsSetAsideAndTheStoreStarts_data()
         << Changed([](QByteArray& content) { content.replace(0, 4096, QByteArray(4096, 'x')); });
     QTest::newRow("tree overwritten")
         << Changed([](QByteArray& content) { content.replace(4096, 4096, QByteArray(4096, '\xff')); });
+    QTest::newRow("pages exchanged") << Changed(
+        [](QByteArray& content)
+        {
+            QByteArray const third = content.mid(2 * 4096, 4096);
+            content.replace(2 * 4096, 4096, content.mid(3 * 4096, 4096));
+            content.replace(3 * 4096, 4096, third);
+        });
     QTest::newRow("future schema format") << Changed([](QByteArray& content) { content[47] = 9; });
     QTest::newRow("other table") << Executed("CREATE TABLE fields (name TEXT)");
     QTest::newRow("other columns") << Executed("CREATE TABLE settings (id INTEGER PRIMARY KEY, value TEXT)");

@@ -154,7 +154,9 @@ void TSqliteHostileRowsTest::manyDamagedRowsShareOneLogLine()
 void TSqliteHostileRowsTest::numberBeyondTheRangeIsSkipped()
 {
     constexpr qlonglong BEYOND = (1LL << 32) + SETTING;
-    QVERIFY(TTestSettingsFile(m_Path).InsertSigned(BEYOND, TTestSettingsFile::Stream(7)));
+    QByteArray const bytes = TTestSettingsFile::Stream(7);
+    // The digest fits what is left of the number when it is cut to an int.
+    QVERIFY(TTestSettingsFile(m_Path).Insert(BEYOND, bytes, TTestSettingsFile::Digest(SETTING, bytes)));
     TSqliteConfigManager const store(m_Path);
     QVERIFY(!store.Read(SETTING).isValid());
     QCOMPARE(m_Log->Entries().size(), 1);
