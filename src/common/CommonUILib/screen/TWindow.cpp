@@ -226,8 +226,14 @@ bool TWindow::SafeToCloseWindow()
 
 void TWindow::AddLockingWidget(KVN::ModalData const& data)
 {
-    if (!data.widget || !m_Locks->Add(data))
+    if (!data.widget)
         return;
+    if (!m_Locks->Add(data))
+    {
+        // One that came after it may have died meanwhile.
+        StackFade();
+        return;
+    }
     m_Fade->show();
     m_Fade->raise();
     data.widget->raise();
@@ -236,6 +242,11 @@ void TWindow::AddLockingWidget(KVN::ModalData const& data)
 void TWindow::RemoveLockingWidget(QWidget* widget)
 {
     m_Locks->Remove(widget);
+    StackFade();
+}
+
+void TWindow::StackFade()
+{
     if (KVN::ModalData const* const top = m_Locks->Top())
         m_Fade->stackUnder(top->widget);
     else
@@ -288,8 +299,30 @@ void TWindow::MoveToScreen()
 
 void TWindow::LockParent()
 {
+    ReleaseFormerParent();
+    m_LockedParent = parentWidget();
     if (auto* const parent = qobject_cast<TWindow*>(parentWidget()))
         parent->AddLockingWidget({this, GetTitle(), ModalType(), {}});
+}
+
+void TWindow::UnlockParent()
+{
+    bool const isLocked = m_Modal || m_LockedParent;
+    ReleaseFormerParent();
+    if (!isLocked)
+        return;
+    if (auto* const parent = qobject_cast<TWindow*>(parentWidget()))
+        parent->RemoveLockingWidget(this);
+}
+
+// A window that was given another parent while it was modal takes its lock off the one it had. The cast
+// passes over a parent that is in the middle of its destruction.
+void TWindow::ReleaseFormerParent()
+{
+    auto* const former = qobject_cast<TWindow*>(m_LockedParent.data());
+    m_LockedParent = nullptr;
+    if (former && former != parentWidget())
+        former->RemoveLockingWidget(this);
 }
 
 void TWindow::HideWindow()
@@ -300,14 +333,11 @@ void TWindow::HideWindow()
         m_WindowHidden = true;
         hide();
         Q_EMIT WindowHidden();
-        if (!self)
+        // Whoever heard of it may have brought the window back, or to its end.
+        if (!self || !m_WindowHidden)
             return;
     }
-    if (m_Modal)
-    {
-        if (auto* const parent = qobject_cast<TWindow*>(parentWidget()))
-            parent->RemoveLockingWidget(this);
-    }
+    UnlockParent();
     if (MainScreen && parentWidget() == MainScreen)
     {
         QPoint const position = pos();
@@ -339,20 +369,26 @@ bool TWindow::eventFilter(QObject* watched, QEvent* event)
 
 void TWindow::mousePressEvent(QMouseEvent* event)
 {
+    QPointer<TWindow> const self(this);
     Q_EMIT WindowMousePress(event);
-    QWidget::mousePressEvent(event);
+    if (self)
+        QWidget::mousePressEvent(event);
 }
 
 void TWindow::mouseMoveEvent(QMouseEvent* event)
 {
+    QPointer<TWindow> const self(this);
     Q_EMIT WindowMouseMove(event);
-    QWidget::mouseMoveEvent(event);
+    if (self)
+        QWidget::mouseMoveEvent(event);
 }
 
 void TWindow::mouseReleaseEvent(QMouseEvent* event)
 {
+    QPointer<TWindow> const self(this);
     Q_EMIT WindowMouseRelease(event);
-    QWidget::mouseReleaseEvent(event);
+    if (self)
+        QWidget::mouseReleaseEvent(event);
 }
 
 // Keys belong to whoever turns them into wheel, enter and back; a window keeps none, not even Escape.

@@ -5,6 +5,7 @@
 #include "MMICapableWidget.h"
 
 #include <QDomElement>
+#include <QPointer>
 #include <QRect>
 #include <QSharedPointer>
 #include <QTimer>
@@ -155,6 +156,9 @@ private:
     TPushButton* MakeDialogButton(QString const& icon);
     void MoveToScreen();
     void LockParent();
+    void UnlockParent();
+    void ReleaseFormerParent();
+    void StackFade();
 
     QSharedPointer<QPixmap> m_Background;
     QString m_BackgroundName;
@@ -183,5 +187,6 @@ private:
     bool m_GuideEnabled = false;
     bool m_AutoReCentre = false;
     bool m_WindowHidden = false;
+    QPointer<QWidget> m_LockedParent;
     QString m_WindowName;
 };
