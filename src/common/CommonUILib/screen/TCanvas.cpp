@@ -235,7 +235,7 @@ void TCanvas::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
     // A mini window that slides uncovers nothing but sidebar: what would be painted over is left out.
-    if (Sidebar().hasAlpha() || !SidebarRect().contains(event->rect()))
+    if (!SidebarRect().contains(event->rect()) || Sidebar().hasAlpha())
     {
         if (m_Background)
             painter.drawPixmap(0, 0, *m_Background);
@@ -249,7 +249,7 @@ void TCanvas::paintEvent(QPaintEvent* event)
 void TCanvas::PaintSidebar(QPainter* painter) const
 {
     QRect const sidebar = SidebarRect();
-    if (!sidebar.isEmpty())
+    if (!sidebar.isEmpty() && !Sidebar().isNull())
         painter->drawPixmap(sidebar, Sidebar(),
                             sidebar.translated(Sidebar().width() - sidebar.width() - sidebar.x(), 0));
 }
@@ -257,9 +257,10 @@ void TCanvas::PaintSidebar(QPainter* painter) const
 // Where the sidebar shows; empty where it does not.
 QRect TCanvas::SidebarRect() const
 {
-    if (!MainScreen || !MainScreen->IsNavigationBarVisible() || Sidebar().isNull())
+    if (!MainScreen || !MainScreen->IsNavigationBarVisible())
         return {};
     int shownWidth = m_LeftLimit - NAVBAR_WIDTH;
+    // Only here is the picture itself asked: it is not worth decoding before a mini window first opens.
     if (m_FullWindow && m_FullWindow->MiniViewsOverlap())
         shownWidth = SCREEN_WIDTH < WideScreen ? 0 : Sidebar().width();
     return shownWidth > 0 ? QRect(NAVBAR_WIDTH, 0, shownWidth, SCREEN_HEIGHT) : QRect();

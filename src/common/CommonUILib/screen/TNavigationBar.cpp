@@ -7,6 +7,19 @@ namespace
 {
 constexpr int ButtonHeight = 63;
 constexpr int ButtonGap = 0;
+
+// One picture for both bars, as long as one of them lives.
+QSharedPointer<QPixmap> BarPicture()
+{
+    static QWeakPointer<QPixmap> shared;
+    QSharedPointer<QPixmap> picture = shared.toStrongRef();
+    if (!picture)
+    {
+        picture.reset(new QPixmap(QStringLiteral(":/Images/Resources/NavigationBar.png")));
+        shared = picture;
+    }
+    return picture;
+}
 } // namespace
 
 TNavigationBar::TNavigationBar(QWidget* parent, bool special, bool background)
@@ -16,7 +29,7 @@ TNavigationBar::TNavigationBar(QWidget* parent, bool special, bool background)
     if (background)
     {
         setAttribute(Qt::WA_OpaquePaintEvent);
-        picture.reset(new QPixmap(QStringLiteral(":/Images/Resources/NavigationBar.png")));
+        picture = BarPicture();
     }
     SetBackground(picture);
     m_Layout = special ? TOOLBAR_VERTICAL_FAR : TOOLBAR_VERTICAL_NEAR;
