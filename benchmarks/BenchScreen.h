@@ -9,6 +9,17 @@
 
 #include <QUuid>
 
+/// A full view that reaches below the mini windows, so that a slide moves the mini window alone.
+class TOverlappedFull : public TFullWindow
+{
+public:
+    TOverlappedFull()
+        : TFullWindow(nullptr)
+    {
+        SetMiniViewsOverlap(true);
+    }
+};
+
 /// A shown screen with a number of views for one measurement.
 class TBenchScreen
 {

@@ -16,17 +16,6 @@ namespace
 constexpr int SlideDuration = 160;
 constexpr int FrameInterval = 20;
 
-// A full view that reaches below the mini windows, so that only the slide itself is measured.
-class TOverlappedFull : public TFullWindow
-{
-public:
-    TOverlappedFull()
-        : TFullWindow(nullptr)
-    {
-        SetMiniViewsOverlap(true);
-    }
-};
-
 class TSlideScreen : public TBenchScreen
 {
 public:

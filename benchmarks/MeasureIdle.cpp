@@ -12,7 +12,8 @@
 
 namespace
 {
-constexpr int SettleTime = 1000;
+// The sound output is opened two seconds after the start, when a console has nothing else to do.
+constexpr int SettleTime = 3500;
 constexpr int MeasuredTime = 10000;
 
 class TPaintCounter : public QObject

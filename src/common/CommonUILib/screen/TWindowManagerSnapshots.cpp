@@ -30,6 +30,14 @@ QDomElement AppendSection(QDomElement parent, QString const& tag)
     return section;
 }
 
+// The first element of that name in the document; a search through all of it only where the root has another
+// name.
+QDomElement FirstElement(QDomDocument const& document, QString const& tag)
+{
+    QDomElement const root = document.documentElement();
+    return root.tagName() == tag ? root : document.elementsByTagName(tag).item(0).toElement();
+}
+
 // A window that has nothing to say gets no element.
 void AppendWindow(QDomElement section, QString const& tag, QString const& name, TWindow* window)
 {
@@ -91,10 +99,8 @@ bool TWindowManager::RestoreStateFromSnapShot(QString const& xml, bool keepMissi
     QDomDocument document(DocumentType);
     if (!IsSaneLayoutText(xml) || !document.setContent(xml))
         return false;
-    QDomNodeList const roots = document.elementsByTagName(WindowsTag);
-    if (roots.isEmpty() || roots.item(0).isNull())
-        return false;
-    return RestoreStateFromSnapShot(roots.item(0).toElement(), keepMissing);
+    QDomElement const root = FirstElement(document, WindowsTag);
+    return !root.isNull() && RestoreStateFromSnapShot(root, keepMissing);
 }
 
 bool TWindowManager::RestoreStateFromSnapShot(QDomElement root, bool keepMissing)
