@@ -187,6 +187,11 @@ class ScriptsTest(unittest.TestCase):
         [call] = self.calls("ctest")
         self.assertTrue(call.endswith(" -LE ^slow$ -R a b -j3"), call)
 
+    def test_pictures_are_renewed_only_on_request(self):
+        write(self.folder + "/bin/ctest", '#!/bin/bash\necho "renew:${COMMONUI_RENEW_PICTURES-}"\n', 0o755)
+        self.assertIn("renew:\n", self.start(self.tree + "/test").stdout)
+        self.assertIn("renew:1\n", self.start(self.tree + "/test", "--renew-pictures", "-R", "screen").stdout)
+
     def test_the_result_of_ctest_is_the_result(self):
         self.answer("ctest", status=8)
         self.assertEqual(8, self.start(self.tree + "/test").returncode)
