@@ -140,8 +140,14 @@ bool TCanvas::HasMenus() const
 
 void TCanvas::AddLockingWidget(KVN::ModalData const& data)
 {
-    if (data.modalType == KVN::MODAL_NONE || !data.widget || !m_Locks->Add(data))
+    if (data.modalType == KVN::MODAL_NONE || !data.widget)
         return;
+    if (!m_Locks->Add(data))
+    {
+        // One that came after it may have died meanwhile.
+        StackModalWidget();
+        return;
+    }
     m_ModalWidget->SetModalData(data);
     m_ModalWidget->show();
     m_ModalWidget->raise();
@@ -151,6 +157,11 @@ void TCanvas::AddLockingWidget(KVN::ModalData const& data)
 void TCanvas::RemoveLockingWidget(QWidget* widget)
 {
     m_Locks->Remove(widget);
+    StackModalWidget();
+}
+
+void TCanvas::StackModalWidget()
+{
     if (KVN::ModalData const* const top = m_Locks->Top())
     {
         m_ModalWidget->SetModalData(*top);
@@ -190,13 +201,12 @@ void TCanvas::ShiftCanvas()
     int const limit = ReadLeftLimit();
     if (limit == m_LeftLimit)
         return;
-    QRect const sidebarBefore = SidebarRect();
     m_LeftLimit = limit;
     UpdateFullWindowGeometry();
     // The limit moves at every frame of a slide, and only the sidebar depends on it.
     QRect const sidebar = SidebarRect();
-    if (sidebar != sidebarBefore)
-        update(sidebar | sidebarBefore);
+    if (sidebar != m_PaintedSidebar)
+        update(sidebar | m_PaintedSidebar);
 }
 
 void TCanvas::showEvent(QShowEvent* event)
@@ -234,8 +244,9 @@ void TCanvas::resizeEvent(QResizeEvent* event)
 void TCanvas::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
+    m_PaintedSidebar = SidebarRect();
     // A mini window that slides uncovers nothing but sidebar: what would be painted over is left out.
-    if (!SidebarRect().contains(event->rect()) || Sidebar().hasAlpha())
+    if (!m_PaintedSidebar.contains(event->rect()) || Sidebar().hasAlpha())
     {
         if (m_Background)
             painter.drawPixmap(0, 0, *m_Background);
@@ -260,8 +271,10 @@ QRect TCanvas::SidebarRect() const
     if (!MainScreen || !MainScreen->IsNavigationBarVisible())
         return {};
     int shownWidth = m_LeftLimit - NAVBAR_WIDTH;
-    // Only here is the picture itself asked: it is not worth decoding before a mini window first opens.
     if (m_FullWindow && m_FullWindow->MiniViewsOverlap())
-        shownWidth = SCREEN_WIDTH < WideScreen ? 0 : Sidebar().width();
-    return shownWidth > 0 ? QRect(NAVBAR_WIDTH, 0, shownWidth, SCREEN_HEIGHT) : QRect();
+        shownWidth = SCREEN_WIDTH < WideScreen ? 0 : SCREEN_WIDTH;
+    if (shownWidth <= 0)
+        return {};
+    // Only here is the picture itself asked: it is not worth decoding before a mini window first opens.
+    return {NAVBAR_WIDTH, 0, qMin(shownWidth, Sidebar().width()), SCREEN_HEIGHT};
 }

@@ -89,6 +89,7 @@ protected:
 
 private:
     int ReadLeftLimit() const;
+    void StackModalWidget();
     void FetchBackground();
     void PaintSidebar(QPainter* painter) const;
     QRect SidebarRect() const;
@@ -98,6 +99,7 @@ private:
     QString m_BackgroundName;
     QSharedPointer<QPixmap> m_Background;
     int m_LeftLimit = 0;
+    QRect m_PaintedSidebar;
     QColor m_BackgroundColor;
     TObstructionManager* m_ObstructionManager;
     QList<TObstructionData> m_ObstructedRegions;

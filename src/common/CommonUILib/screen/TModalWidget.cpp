@@ -5,15 +5,6 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
-namespace
-{
-bool IsSame(KVN::ModalData const& left, KVN::ModalData const& right)
-{
-    return left.widget == right.widget && left.title == right.title && left.modalType == right.modalType &&
-           bool(left.callback) == bool(right.callback);
-}
-} // namespace
-
 TModalWidget::TModalWidget(QWidget* parent)
     : QWidget(parent)
     , m_Layout(new QVBoxLayout(this))
@@ -29,8 +20,17 @@ TModalWidget::TModalWidget(QWidget* parent)
 
 void TModalWidget::SetModalData(KVN::ModalData const& data)
 {
-    if (!IsSame(m_Data, data))
-        m_Data = data;
+    if (IsShown(data))
+        return;
+    m_Data = data;
+    m_Widget = data.widget;
+}
+
+// A widget that took the place of a dead one in memory is another one.
+bool TModalWidget::IsShown(KVN::ModalData const& data) const
+{
+    return m_Data.widget == data.widget && m_Widget == data.widget && m_Data.title == data.title &&
+           m_Data.modalType == data.modalType && bool(m_Data.callback) == bool(data.callback);
 }
 
 KVN::ModalData const& TModalWidget::GetModalData() const

@@ -34,7 +34,10 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    bool IsShown(KVN::ModalData const& data) const;
+
     KVN::ModalData m_Data;
+    QPointer<QWidget> m_Widget; // the one of m_Data, while it lives
     QVBoxLayout* m_Layout;
     QWidget* m_Body;
 };
