@@ -2,6 +2,8 @@
 #include "ModuleIds.h"
 #include "TestCase.h"
 
+#include <QMetaMethod>
+#include <QPointer>
 #include <QSignalSpy>
 
 namespace
@@ -131,6 +133,39 @@ private Q_SLOTS:
         }
         QCOMPARE(Values(flyouts), (QList<bool>{true, false}));
         QCOMPARE(Values(annotations), (QList<bool>{true, false}));
+    }
+
+    void anAlarmThatDiesIsOnlyCompared()
+    {
+        TCameraXVOverlayManager manager;
+        QSignalSpy alarms(&manager, &TCameraXVOverlayManager::AlarmVisible);
+        auto alarm = std::make_unique<QObject>();
+        QObject* const dead = alarm.get();
+        manager.ShowingAlarm(dead);
+        alarm.reset();
+        manager.HidingAlarm(dead);
+        QCOMPARE(Values(alarms), (QList<bool>{true, false}));
+    }
+
+    void theManagerMayEndInItsSignals()
+    {
+        QPointer<TCameraXVOverlayManager> manager = new TCameraXVOverlayManager;
+        connect(manager, &TCameraXVOverlayManager::AlarmVisible, this, [&] { delete manager.data(); });
+        manager->ShowingAlarm(this);
+        QVERIFY(!manager);
+    }
+
+    void theSignalsStandInTheirOrder()
+    {
+        QByteArrayList names;
+        QMetaObject const& manager = TCameraXVOverlayManager::staticMetaObject;
+        for (int i = manager.methodOffset(); i < manager.methodCount(); ++i)
+        {
+            if (manager.method(i).methodType() == QMetaMethod::Signal)
+                names << manager.method(i).name();
+        }
+        QCOMPARE(names, (QByteArrayList{"PopupVisible", "AnnotationVisible", "AlarmVisible",
+                                        "TaskWindowVisible", "FlyoutWindowVisible", "NotifyScreenShot"}));
     }
 
     void aScreenshotIsBracketed()

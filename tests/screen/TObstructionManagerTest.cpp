@@ -1,5 +1,6 @@
 #include "TObstructionManager.h"
 #include "TestCase.h"
+#include "TObstruction.h"
 #include "TObstructionManagerHelpers.h"
 
 #include <QSignalSpy>
@@ -309,6 +310,114 @@ private Q_SLOTS:
         QCOMPARE(mapped[0].side, OBSTRUCTION_RIGHT);
         QList<TObstructionData> const back = THelpers::MapTo(mapped, &inner, &surface.screen);
         QCOMPARE(QPoint(back[0].left, back[0].bottom), QPoint(110, 70));
+    }
+
+    void aWidgetThatChangesItsParentIsTold()
+    {
+        TSurface surface;
+        QWidget elsewhere;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        surface.bar->setParent(&elsewhere);
+        QVERIFY(!changed.isEmpty());
+        QCOMPARE(surface.LeftLimit(), 0);
+    }
+
+    void theSurfaceItselfMayTakeRoom()
+    {
+        TSurface surface;
+        surface.manager.RegisterObstruction(&surface.screen, OBSTRUCTION_TOP);
+        TObstructionData const data = surface.manager.GetObstructionData().constFirst();
+        QCOMPARE(QRect(QPoint(data.left, data.top), QPoint(data.right, data.bottom)), QRect(0, 0, 1000, 700));
+        surface.manager.RemoveObstruction(&surface.screen);
+    }
+
+    void anObstructionConsumesNoEvent()
+    {
+        TSurface surface;
+        TObstruction obstruction(&surface.screen, surface.bar, OBSTRUCTION_BOTTOM);
+        QCOMPARE(obstruction.GetWidget(), surface.bar);
+        QCOMPARE(obstruction.GetSide(), OBSTRUCTION_BOTTOM);
+        QCOMPARE(obstruction.GetGeometry(), QRect(0, 0, 67, 700));
+        QVERIFY(obstruction.GetUpdatesEnabled());
+        QSignalSpy changed(&obstruction, &TObstruction::ObstructionGeomChanged);
+        for (QEvent::Type const type : {QEvent::Move, QEvent::Resize, QEvent::Show, QEvent::Hide,
+                                        QEvent::ParentChange, QEvent::Enter, QEvent::Paint})
+        {
+            QEvent event(type);
+            QVERIFY(!obstruction.eventFilter(surface.bar, &event));
+            QVERIFY(!obstruction.eventFilter(&surface.screen, &event));
+        }
+        QCOMPARE(changed.count(), 5);
+        surface.bar->resize(80, 700);
+        obstruction.SetUpdatesEnabled(false);
+        obstruction.RefreshGeometryCache(false);
+        QCOMPARE(changed.count(), 6);
+        surface.bar->resize(90, 700);
+        QCOMPARE(obstruction.GetGeometry().width(), 80);
+        obstruction.SetUpdatesEnabled(true);
+        QCOMPARE(obstruction.GetGeometry().width(), 90);
+        QCOMPARE(changed.count(), 6);
+    }
+
+    void switchingAWidgetOnTwoSidesTakesTheFirst()
+    {
+        TSurface surface;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_RIGHT);
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        surface.manager.SetUpdatesEnabled(surface.bar, false);
+        QCOMPARE(Sides(changed), (QList<int>{OBSTRUCTION_RIGHT}));
+        changed.clear();
+        surface.bar->resize(80, 700);
+        QCOMPARE(Sides(changed), (QList<int>{OBSTRUCTION_LEFT}));
+    }
+
+    void aRemovalIsToldWhenItIsDone()
+    {
+        TSurface surface;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_BOTTOM);
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        QList<int> counts;
+        connect(&surface.manager, &TObstructionManager::ObstructionLimitChanged, this,
+                [&] { counts << surface.manager.GetObstructionCount(); });
+        surface.manager.RemoveObstruction(surface.bar);
+        QCOMPARE(counts, (QList<int>{0, 0}));
+    }
+
+    void theManagerMayEndInItsSignal_data()
+    {
+        QTest::addColumn<QString>("operation");
+        for (char const* const operation :
+             {"move", "remove", "delete the widget", "switch one", "switch all"})
+            QTest::newRow(operation) << operation;
+    }
+
+    void theManagerMayEndInItsSignal()
+    {
+        QFETCH(QString, operation);
+        TSurface surface;
+        QPointer<TObstructionManager> manager = new TObstructionManager(&surface.screen, nullptr);
+        auto* const other = new QWidget(&surface.screen);
+        manager->RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        manager->RegisterObstruction(surface.bar, OBSTRUCTION_TOP);
+        manager->RegisterObstruction(other, OBSTRUCTION_BOTTOM);
+        manager->SetUpdatesEnabled(std::vector<QWidget*>{other}, false);
+        if (operation == QLatin1String("switch all"))
+            manager->SetUpdatesEnabled(std::vector<QWidget*>{surface.bar, other}, false);
+        connect(manager, &TObstructionManager::ObstructionLimitChanged, this, [&] { delete manager.data(); });
+        if (operation == QLatin1String("move"))
+            surface.bar->move(1, 1);
+        else if (operation == QLatin1String("remove"))
+            manager->RemoveObstruction(surface.bar);
+        else if (operation == QLatin1String("delete the widget"))
+            delete surface.bar;
+        else if (operation == QLatin1String("switch one"))
+            manager->SetUpdatesEnabled(other, true);
+        else
+            manager->SetUpdatesEnabled(std::vector<QWidget*>{surface.bar, other}, true);
+        QVERIFY(!manager);
+        other->move(1, 1);
     }
 
     void theManagerMayGoBeforeItsWidgets()

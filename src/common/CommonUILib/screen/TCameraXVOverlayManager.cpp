@@ -2,6 +2,8 @@
 
 #include "ModuleIds.h"
 
+#include <QPointer>
+
 namespace
 {
 bool IsCameraSurface(KVN::MorvaneID const& id)
@@ -30,8 +32,10 @@ void TCameraXVOverlayManager::HidingFlyoutWindow()
 
 void TCameraXVOverlayManager::ShowingAlarm(QObject* alarm)
 {
+    QPointer<TCameraXVOverlayManager> const self(this);
     SetFlag(m_AlarmVisible, true, &TCameraXVOverlayManager::AlarmVisible);
-    m_Alarms.append(alarm);
+    if (self)
+        m_Alarms.append(alarm);
 }
 
 void TCameraXVOverlayManager::HidingAlarm(QObject* alarm)

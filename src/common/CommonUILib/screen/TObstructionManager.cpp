@@ -2,10 +2,10 @@
 
 #include "TObstruction.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <algorithm>
-#include <set>
 
 TObstructionManager::TObstructionManager(QWidget* reference, QObject* parent)
     : QObject(parent)
@@ -49,8 +49,7 @@ void TObstructionManager::RemoveObstruction(QObject* object)
     }
     m_Obstructions.erase(firstRemoved, m_Obstructions.end());
 
-    for (EObstructionSide const side : sides)
-        Q_EMIT ObstructionLimitChanged(side);
+    NotifySides(sides);
 }
 
 int TObstructionManager::GetObstructionCount() const
@@ -92,8 +91,17 @@ void TObstructionManager::SetUpdatesEnabled(std::vector<QWidget*> const& widgets
             switchedOn.insert(obstruction->GetSide());
         obstruction->SetUpdatesEnabled(enabled);
     }
-    for (EObstructionSide const side : switchedOn)
-        Q_EMIT ObstructionLimitChanged(side);
+    NotifySides(switchedOn);
+}
+
+void TObstructionManager::NotifySides(std::set<EObstructionSide> const& sides)
+{
+    QPointer<TObstructionManager> const self(this);
+    for (EObstructionSide const side : sides)
+    {
+        if (self)
+            Q_EMIT ObstructionLimitChanged(side);
+    }
 }
 
 bool TObstructionManager::GetUpdatesEnabled(QWidget* widget) const

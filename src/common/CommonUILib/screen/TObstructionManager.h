@@ -6,6 +6,7 @@
 #include <QList>
 #include <QObject>
 
+#include <set>
 #include <vector>
 
 class QWidget;
@@ -55,6 +56,7 @@ public Q_SLOTS:
 
 private:
     TObstruction* Find(QWidget* widget) const;
+    void NotifySides(std::set<EObstructionSide> const& sides);
 
     QWidget* m_Reference;
     std::vector<TObstruction*> m_Obstructions;
