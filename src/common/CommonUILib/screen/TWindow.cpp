@@ -89,8 +89,7 @@ void TWindow::SetBackground(QString const& name)
         return;
     m_BackgroundName = name;
     m_Background.clear();
-    ResizeBackground();
-    update();
+    InvalidateBackground();
 }
 
 void TWindow::SetBackgroundArea(int x, int y, int w, int h)
@@ -99,8 +98,7 @@ void TWindow::SetBackgroundArea(int x, int y, int w, int h)
     m_BackgroundY = y;
     m_BackgroundWidth = w;
     m_BackgroundHeight = h;
-    ResizeBackground();
-    update();
+    InvalidateBackground();
 }
 
 void TWindow::SetBackgroundOpacity(float opacity)
@@ -413,8 +411,18 @@ void TWindow::paintEvent(QPaintEvent* event)
     painter.setOpacity(1.0);
 }
 
+// Many windows are built at the start and few are shown: a hidden one fetches its background when it appears.
+void TWindow::InvalidateBackground()
+{
+    m_BackgroundStale = true;
+    if (isVisible())
+        ResizeBackground();
+    update();
+}
+
 void TWindow::ResizeBackground()
 {
+    m_BackgroundStale = false;
     KVN::PixmapManager* const pixmaps = tscreenPixmapManager();
     if (m_BackgroundName.isEmpty() || !pixmaps)
         return;
@@ -441,6 +449,8 @@ void TWindow::closeEvent(QCloseEvent* event)
 void TWindow::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
+    if (m_BackgroundStale)
+        ResizeBackground();
     if (m_TimerInterval > 0)
         m_Timer.start(m_TimerInterval);
     if (m_AutoReCentre && parentWidget())

@@ -154,6 +154,7 @@ protected:
 
 private:
     TPushButton* MakeDialogButton(QString const& icon);
+    void InvalidateBackground();
     void MoveToScreen();
     void LockParent();
     void UnlockParent();
@@ -162,6 +163,7 @@ private:
 
     QSharedPointer<QPixmap> m_Background;
     QString m_BackgroundName;
+    bool m_BackgroundStale = false;
     bool m_HideMiniviewsOnShow = false;
     bool m_MiniViewsOverlap = false;
     QTimer m_Timer;
