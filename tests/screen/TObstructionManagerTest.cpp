@@ -3,6 +3,7 @@
 #include "TObstruction.h"
 #include "TObstructionManagerHelpers.h"
 
+#include <QPointer>
 #include <QSignalSpy>
 #include <QWidget>
 
@@ -271,15 +272,38 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 0);
     }
 
+    void theLimitOfASideIsHeldToTheCrossedAxis_data()
+    {
+        QTest::addColumn<int>("side");
+        QTest::addColumn<QRect>("asker");
+        QTest::addColumn<int>("limit");
+        QTest::newRow("left, held to the height") << int(OBSTRUCTION_LEFT) << QRect(0, 0, 500, 40) << 40;
+        QTest::newRow("left, mapped by the y") << int(OBSTRUCTION_LEFT) << QRect(0, 20, 500, 400) << 47;
+        QTest::newRow("left, beside the span") << int(OBSTRUCTION_LEFT) << QRect(0, 301, 500, 300) << 0;
+        QTest::newRow("right, held to the height") << int(OBSTRUCTION_RIGHT) << QRect(0, 0, 900, 600) << 600;
+        QTest::newRow("right, mapped by the y") << int(OBSTRUCTION_RIGHT) << QRect(0, 20, 1000, 740) << 681;
+        QTest::newRow("top, held to the width") << int(OBSTRUCTION_TOP) << QRect(0, 0, 30, 700) << 30;
+        QTest::newRow("top, mapped by the x") << int(OBSTRUCTION_TOP) << QRect(10, 300, 500, 300) << 41;
+        QTest::newRow("top, beside the span") << int(OBSTRUCTION_TOP) << QRect(401, 0, 500, 700) << 0;
+        QTest::newRow("bottom, held to the width") << int(OBSTRUCTION_BOTTOM) << QRect(0, 0, 500, 700) << 500;
+        QTest::newRow("bottom, mapped by the x") << int(OBSTRUCTION_BOTTOM) << QRect(100, 0, 900, 700) << 501;
+    }
+    // The axes are crossed on purpose; a widget that is as large as the screen cannot tell.
     void theLimitOfASideIsHeldToTheCrossedAxis()
     {
+        QFETCH(int, side);
+        QFETCH(QRect, asker);
+        QFETCH(int, limit);
         TSurface surface;
-        QWidget low(&surface.screen);
-        low.setGeometry(0, 0, 500, 40);
-        low.show();
-        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
-        // A left limit of 67 is held to the height of 40: crossed on purpose.
-        QCOMPARE(THelpers::GetObstructionLimitAtSideOf(surface.manager, &low, OBSTRUCTION_LEFT), 40);
+        QRect const bars[] = {QRect(0, 0, 67, 301), QRect(700, 0, 300, 700), QRect(0, 0, 401, 51),
+                              QRect(0, 600, 1000, 100)};
+        surface.bar->setGeometry(bars[side]);
+        surface.manager.RegisterObstruction(surface.bar, static_cast<EObstructionSide>(side));
+        QWidget widget(&surface.screen);
+        widget.setGeometry(asker);
+        QCOMPARE(THelpers::GetObstructionLimitAtSideOf(surface.manager, &widget,
+                                                       static_cast<EObstructionSide>(side)),
+                 limit);
     }
 
     void mappingConstrainsToTheWidget()
@@ -310,6 +334,20 @@ private Q_SLOTS:
         QCOMPARE(mapped[0].side, OBSTRUCTION_RIGHT);
         QList<TObstructionData> const back = THelpers::MapTo(mapped, &inner, &surface.screen);
         QCOMPARE(QPoint(back[0].left, back[0].bottom), QPoint(110, 70));
+    }
+
+    void anObstructionMayBeRemovedByTheSlotThatHearsOfIt()
+    {
+        TSurface surface;
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_LEFT);
+        surface.manager.RegisterObstruction(surface.bar, OBSTRUCTION_TOP);
+        QSignalSpy changed(&surface.manager, &TObstructionManager::ObstructionLimitChanged);
+        connect(&surface.manager, &TObstructionManager::ObstructionLimitChanged, surface.bar,
+                [&] { surface.manager.RemoveObstruction(surface.bar); });
+        surface.bar->move(5, 5);
+        QCOMPARE(surface.manager.GetObstructionCount(), 0);
+        // The move is told by the one that its filter reached first, then the removal, once for each side.
+        QCOMPARE(changed.count(), 3);
     }
 
     void aWidgetThatChangesItsParentIsTold()
