@@ -16,6 +16,25 @@ QStringList Words(char const* text)
     return QString::fromLatin1(text).split(QLatin1Char(','), Qt::SkipEmptyParts);
 }
 
+// Holds a stop that is no widget, and notes that it was told of it.
+class TObjectLevel : public QWidget, public KVN::MMICapableWidget
+{
+public:
+    void OnMMIHighlightChild(KVN::MMICapableWidget* child) override { told << child; }
+    bool IsMMIChildNavigatable(KVN::MMICapableWidget*) const override { return true; }
+    QVector<KVN::MMICapableWidget*> told;
+};
+
+class TObjectStop : public QObject, public KVN::MMICapableWidget
+{
+public:
+    using QObject::QObject;
+    void OnMMIHighlight() override { ++highlights; }
+    void OnMMIUnHighlight() override { ++unHighlights; }
+    int highlights = 0;
+    int unHighlights = 0;
+};
+
 bool IsAnotherWindowOpen(QWidget* screen)
 {
     QWidgetList const windows = QApplication::topLevelWidgets();
@@ -844,6 +863,65 @@ private Q_SLOTS:
         stage.root->SetMMIBehaviour(MMI_NORMAL);
         stage.Tick();
         QVERIFY(!IsAnotherWindowOpen(stage.root));
+    }
+
+    void selectionThatIsNoWidgetIsToldToItsLevelOnly()
+    {
+        TManualClock clock;
+        TObjectLevel level;
+        auto* const stop = new TObjectStop(&level);
+        level.show();
+        TMMICapableWidgetNavigator navigator(&level);
+        navigator.OnWheelRight();
+        clock.Advance(100);
+        navigator.UpdateFocus();
+        QCOMPARE(level.told, QVector<KVN::MMICapableWidget*>{stop});
+        QCOMPARE(stop->highlights, 0);
+        QVERIFY(!IsAnotherWindowOpen(&level));
+        clock.Advance(30000);
+        navigator.UpdateFocus();
+        QCOMPARE(stop->unHighlights, 1);
+    }
+
+    void stepAfterAQuietTimeMovesToo()
+    {
+        TNavigatorStage stage;
+        stage.AddStop("a");
+        stage.AddStop("b");
+        stage.Start(0);
+        stage.Tick(30000);
+        QCOMPARE(stage.Glowing(), QString());
+        stage.StepRight();
+        QCOMPARE(stage.Glowing(), QStringLiteral("b"));
+    }
+
+    void levelWithoutDelayShowsNothingInTheMillisecondOfItsEntering()
+    {
+        TNavigatorStage stage;
+        stage.AddPanel("a");
+        stage.Start(0);
+        stage.navigator->OnEnter();
+        stage.Tick(0);
+        QCOMPARE(stage.Glowing(), QString());
+        stage.Tick(1);
+        QCOMPARE(stage.Glowing(), QStringLiteral("a1"));
+    }
+
+    void youngHiddenLevelKeepsThoseBeneathIt()
+    {
+        TNavigatorStage stage;
+        TMMITestWidget* const window = stage.AddPanel("window");
+        TMMITestWidget* const popup = stage.AddPanel("popup");
+        stage.Start(0);
+        stage.navigator->PushWidget(window);
+        stage.Tick(1000);
+        stage.navigator->PushWidget(popup);
+        window->hide();
+        popup->hide();
+        stage.Tick(500);
+        QCOMPARE(stage.Glowing(), QString());
+        stage.Tick(1);
+        QCOMPARE(stage.Glowing(), QStringLiteral("window"));
     }
 
     void glowGoesWithTheNavigator()

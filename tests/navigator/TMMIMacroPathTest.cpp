@@ -121,10 +121,18 @@ private Q_SLOTS:
         QCOMPARE(stage.TakeCalls(), QStringList());
     }
 
+    void levelThatWasPassedThroughIsLeftAgain_data()
+    {
+        QTest::addColumn<bool>("backAnswer");
+        QTest::newRow("willingly") << true;
+        QTest::newRow("against its answer") << false;
+    }
     void levelThatWasPassedThroughIsLeftAgain()
     {
+        QFETCH(bool, backAnswer);
         TNavigatorStage stage;
         Build(stage);
+        m_Setup->backAnswer = backAnswer;
         Follow(stage, "setup,nowhere");
         stage.Tick();
         stage.Tick(500);
@@ -147,6 +155,30 @@ private Q_SLOTS:
         QCOMPARE(stage.TakeCalls().filter(QStringLiteral("back")), Words("back page,back setup"));
         QCOMPARE(stage.Glowing(), QStringLiteral("setup"));
         QVERIFY(!stage.navigator->OnBack());
+    }
+
+    void levelThatAPathEndsAtIsNotPassedThrough()
+    {
+        TNavigatorStage stage;
+        Build(stage);
+        Follow(stage, "setup");
+        stage.Tick();
+        stage.Tick(1000);
+        QCOMPARE(stage.Glowing(), QStringLiteral("page"));
+        QVERIFY(stage.navigator->OnBack());
+    }
+
+    void everyPassedLevelThatIsLeftIsToldToGoBack()
+    {
+        TNavigatorStage stage;
+        Build(stage);
+        Follow(stage, "setup,page,nowhere");
+        stage.Tick();
+        stage.Tick();
+        stage.TakeCalls();
+        stage.Tick(501);
+        QCOMPARE(stage.TakeCalls().filter(QStringLiteral("back")), Words("back page,back setup"));
+        QCOMPARE(stage.Glowing(), QStringLiteral("setup"));
     }
 
     void unknownNameFailsAfterASecond()
@@ -227,6 +259,44 @@ private Q_SLOTS:
         stage.Tick();
         QCOMPARE(stage.TakeCalls().filter(QStringLiteral("enter")), Words("enter other"));
         QCOMPARE(m_Traveller->arrivals, QVector<bool>{true});
+    }
+
+    void levelIsKnownByTheStopThatItWasEnteredThrough_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::newRow("by the enter key") << "key";
+        QTest::newRow("by the enter key on an entered owner of the wheel") << "owner";
+        QTest::newRow("by the program") << "program";
+    }
+    void levelIsKnownByTheStopThatItWasEnteredThrough()
+    {
+        QFETCH(QString, how);
+        TNavigatorStage stage;
+        TMMITestWidget* const door = stage.AddStop("door");
+        TMMITestWidget* const room = stage.AddPanel("room");
+        door->entryWidget = room;
+        stage.Start(0);
+        QString path = QStringLiteral("door");
+        if (how == QLatin1String("owner"))
+        {
+            door->SetMMIBehaviour(MMI_WHEEL_OWNER);
+            stage.Enter();
+            path += QStringLiteral(",door");
+        }
+        if (how == QLatin1String("program"))
+            stage.navigator->PushWidget(door);
+        else
+            stage.navigator->OnEnter();
+        stage.Tick();
+        QCOMPARE(stage.Glowing(), QStringLiteral("room1"));
+        stage.TakeCalls();
+        Follow(stage, path.toLatin1().constData());
+        stage.Tick();
+        QCOMPARE(stage.TakeCalls().filter(QStringLiteral("enter")), QStringList());
+        QCOMPARE(stage.Glowing(), QStringLiteral("room1"));
+        Follow(stage, "nowhere");
+        stage.Tick();
+        QVERIFY(!stage.navigator->OnBack());
     }
 
     void pathThatIsEnteredAlreadyReportsNothing()
