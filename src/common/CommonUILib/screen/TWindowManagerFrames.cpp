@@ -119,10 +119,11 @@ void TWindowManager::AnimateMiniView(int id, int delta)
 void TWindowManager::SlideIn(ViewDetails& view, int id, int delta)
 {
     view.elapsed = std::min(view.elapsed + delta, SlideDuration);
-    bool const isDone = view.elapsed == SlideDuration;
     int const x = int(NAVBAR_WIDTH - HorizontalTravel() + view.elapsed * HorizontalSpeed());
     MoveMiniWindow(id, x, view.miniWindow->y());
-    if (isDone)
+    // Looked at anew: who follows the window may have sent it somewhere else.
+    ViewDetails const* const moved = FindMini(id);
+    if (moved && moved->miniState == MINI_VIEW_OPENING && moved->elapsed == SlideDuration)
         FinishOpening(id);
 }
 
@@ -130,11 +131,10 @@ void TWindowManager::SlideOut(ViewDetails& view, int id, int delta)
 {
     // One more than the duration: the last position is drawn before the window goes.
     view.elapsed = std::min(view.elapsed + delta, SlideDuration + 1);
-    bool const isDone = view.elapsed > SlideDuration;
     int const x = int(NAVBAR_WIDTH - view.elapsed * HorizontalSpeed());
     MoveMiniWindow(id, x, view.miniWindow->y());
     ViewDetails* const moved = FindMini(id);
-    if (!isDone || !moved || moved->miniState != MINI_VIEW_HIDING)
+    if (!moved || moved->miniState != MINI_VIEW_HIDING || moved->elapsed <= SlideDuration)
         return;
     moved->miniState = MINI_VIEW_HIDDEN;
     if (moved->hideAfterAnimation)
