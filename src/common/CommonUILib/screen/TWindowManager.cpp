@@ -249,8 +249,9 @@ void TWindowManager::ReleaseMiniWindow(int id)
 
 void TWindowManager::TakeOutOfSlot(ViewDetails& view, int id)
 {
-    if (IsSlot(view.slot))
-        m_Slots[static_cast<size_t>(view.slot)].removeAll(id);
+    // Out of all of them: a slot may have been given out by hand.
+    for (QList<int>& slot : m_Slots)
+        slot.removeAll(id);
     view.slot = -1;
 }
 
@@ -276,6 +277,8 @@ void TWindowManager::RemoveView(int id)
     m_Views.remove(id);
     for (auto name = m_IdsByName.begin(); name != m_IdsByName.end();)
         name = name.value() == id ? m_IdsByName.erase(name) : std::next(name);
+    if (id == m_DefaultViewId)
+        m_DefaultViewId = -1;
     if (!isCurrent)
         return;
     OnRestoreLastView();
@@ -663,7 +666,7 @@ void TWindowManager::MakeWayFor(int id)
 void TWindowManager::OnShowSetup(int id)
 {
     ViewDetails const* const found = Find(id);
-    if (!found || found->miniWindow)
+    if (!found)
         return;
     ViewDetails const view = *found;
     m_Screen->UpdateNavBarSizes();
