@@ -8,11 +8,31 @@ namespace
 constexpr int MaximumLength = 4 * 1024 * 1024;
 constexpr int MaximumDepth = 200;
 
-// The end of what begins at from, or the end of the text.
+constexpr QLatin1String CommentOpening("<!--");
+constexpr QLatin1String CharactersOpening("<![CDATA[");
+constexpr QLatin1String InstructionOpening("<?");
+constexpr QLatin1String DocumentTypeOpening("<!DOCTYPE");
+constexpr int LongestOpening = 9;
+
+// The place behind the next end, or the end of the text.
 int SkipPast(QString const& text, QLatin1String end, int from)
 {
     int const found = text.indexOf(end, from);
     return found < 0 ? text.size() : found + end.size();
+}
+
+// The place behind a document type that is a name and nothing else, or -1: what may stand in one declares
+// entities, or hides what follows from a scan as quick as this.
+int SkipDocumentType(QString const& text, int from)
+{
+    for (int i = from; i < text.size(); ++i)
+    {
+        if (text[i] == QLatin1Char('>'))
+            return i + 1;
+        if (!text[i].isLetterOrNumber() && !text[i].isSpace())
+            return -1;
+    }
+    return text.size();
 }
 
 // The place behind the tag that begins at from; quoted attribute values may hold any sign.
@@ -47,29 +67,27 @@ bool IsSaneLayoutText(QString const& text)
         return false;
     int depth = 0;
     int at = 0;
-    while ((at = text.indexOf(QLatin1Char('<'), at)) >= 0)
+    while (at >= 0 && depth >= 0 && depth <= MaximumDepth)
     {
-        QStringView const rest = QStringView(text).mid(at, 9);
+        at = text.indexOf(QLatin1Char('<'), at);
+        if (at < 0)
+            return true;
+        QStringView const rest = QStringView(text).mid(at, LongestOpening);
         bool closesItself = false;
-        if (rest.startsWith(QLatin1String("<!--")))
-            at = SkipPast(text, QLatin1String("-->"), at);
-        else if (rest.startsWith(QLatin1String("<![CDATA[")))
-            at = SkipPast(text, QLatin1String("]]>"), at);
-        else if (rest.startsWith(QLatin1String("<!ENTITY")))
-            return false;
-        else if (rest.startsWith(QLatin1String("<?")))
-            at = SkipPast(text, QLatin1String("?>"), at);
+        if (rest.startsWith(CommentOpening))
+            at = SkipPast(text, QLatin1String("-->"), at + CommentOpening.size());
+        else if (rest.startsWith(CharactersOpening))
+            at = SkipPast(text, QLatin1String("]]>"), at + CharactersOpening.size());
+        else if (rest.startsWith(InstructionOpening))
+            at = SkipPast(text, QLatin1String("?>"), at + InstructionOpening.size());
+        else if (rest.startsWith(DocumentTypeOpening))
+            at = SkipDocumentType(text, at + DocumentTypeOpening.size());
         else if (rest.startsWith(QLatin1String("<!")))
-            at += 2; // a document type; a declaration inside it begins with a sign of its own
+            return false;
         else if (rest.startsWith(QLatin1String("</")))
             at = SkipTag(text, at + 2, closesItself), --depth;
         else
-        {
-            at = SkipTag(text, at + 1, closesItself);
-            depth += closesItself ? 0 : 1;
-            if (depth > MaximumDepth)
-                return false;
-        }
+            at = SkipTag(text, at + 1, closesItself), depth += closesItself ? 0 : 1;
     }
-    return true;
+    return false;
 }

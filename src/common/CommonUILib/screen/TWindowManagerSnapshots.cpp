@@ -8,6 +8,8 @@
 #include "TWindowManager.h"
 #include "TXMLSettings.h"
 
+#include <QHash>
+
 namespace
 {
 QString const DocumentType = QStringLiteral("State");
@@ -142,19 +144,22 @@ bool TWindowManager::ReadActiveWindows(QDomElement const& state, bool keepMissin
     return true;
 }
 
+// Each name's first place takes the element. Looked up in a table: a damaged layout may hold thousands of
+// both.
 void TWindowManager::AttachElements(QDomElement const& section, bool isFullView, QString const& tag)
 {
+    QHash<QString, int> places;
+    for (int i = m_PendingRestores.size() - 1; i >= 0; --i)
+    {
+        if (m_PendingRestores[i].isFullView == isFullView)
+            places.insert(m_PendingRestores[i].name, i);
+    }
     for (QDomElement child = section.firstChildElement(tag); !child.isNull();
          child = child.nextSiblingElement(tag))
     {
-        QString const name = child.attribute(TargetName);
-        for (TPendingWindowRestore& pending : m_PendingRestores)
-        {
-            if (pending.name != name || pending.isFullView != isFullView)
-                continue;
-            pending.element = child;
-            break;
-        }
+        int const place = places.value(child.attribute(TargetName), -1);
+        if (place >= 0)
+            m_PendingRestores[place].element = child;
     }
 }
 
