@@ -425,7 +425,8 @@ void TArtTest::iconsKeepTheirMargin()
         }
     }
     int const margin = 3 * row.m_Side / 46;
-    QVERIFY2(image.rect().adjusted(margin, margin, -margin, -margin).contains(ink), QTest::toString(ink));
+    QScopedArrayPointer<char> const where(QTest::toString(ink));
+    QVERIFY2(image.rect().adjusted(margin, margin, -margin, -margin).contains(ink), where.data());
     QVERIFY(qMax(ink.width(), ink.height()) >= row.m_Side / 2);
 }
 

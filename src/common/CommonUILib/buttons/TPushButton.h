@@ -15,7 +15,7 @@ class QPainter;
 class QTimer;
 
 /// Where the text of a button with an icon stands.
-enum ETextPlacement
+enum ETextPlacement : int
 {
     TEXT_RIGHT_OF_ICON = 0,
     TEXT_BELOW_ICON = 1,
