@@ -341,6 +341,21 @@ private Q_SLOTS:
         QVERIFY(!stage.navigator->OnBack());
     }
 
+    void pathBeginsAtTheLowestLevelOfItsRoot()
+    {
+        TNavigatorStage stage;
+        Build(stage);
+        for (char const* name : {"setup", "work", "setup"})
+            stage.navigator->PushWidget(stage.root->findChild<QWidget*>(QString::fromLatin1(name)));
+        stage.navigator->FollowPath(m_Setup, Words("page"), nullptr, QString());
+        stage.Tick();
+        stage.Tick();
+        QCOMPARE(stage.Glowing(), QStringLiteral("field1"));
+        QVERIFY(stage.navigator->OnBack());
+        QVERIFY(stage.navigator->OnBack());
+        QVERIFY(!stage.navigator->OnBack());
+    }
+
     void rootThatIsNowhereEnteredIsEntered()
     {
         TNavigatorStage stage;
