@@ -51,6 +51,11 @@ struct TStage
     QVector<TWindow*> windows;
 };
 
+struct TOpenWindow : TNavigationWindow
+{
+    using TNavigationWindow::GetCancelButton;
+};
+
 class TUnavailable : public TMiniWindow
 {
 public:
@@ -217,6 +222,71 @@ private Q_SLOTS:
         QCOMPARE(stage.screen->GetNavButtonID(Sprayer), -1);
         stage.screen->OnNavigationWindow();
         QVERIFY(!stage.window->grab().isNull());
+    }
+
+    void aButtonMayGoByItself()
+    {
+        TStage stage;
+        for (int id = 0; id < 3; ++id)
+            stage.window->AssignButton(id, QString(), QString(), QString());
+        delete stage.window->GetButton(1);
+        QVERIFY(!stage.window->GetButton(1));
+        stage.window->SetButtonVisibility(1, false);
+        stage.window->SetButtonEnabled(1, false);
+        stage.window->ArrangeButtons();
+        stage.window->AssignButton(1, QString(), QString(), QStringLiteral("again"));
+        QCOMPARE(stage.window->GetButton(1)->GetToolTip(), QStringLiteral("again"));
+        delete stage.window->GetButton(2);
+        stage.window->RemoveButton(2);
+        QVERIFY(!stage.window->GetButton(2));
+        stage.window->RemoveButton(99);
+    }
+
+    void assigningAgainKeepsTheButton()
+    {
+        TStage stage;
+        stage.window->AssignButton(4, QStringLiteral("icon-tick-larger"), QStringLiteral("Map"),
+                                   QStringLiteral("Shows it"));
+        TPushButton* const button = stage.window->GetButton(4);
+        QCOMPARE(button->GetText(), QStringLiteral("Map"));
+        QCOMPARE(button->GetToolTip(), QStringLiteral("Shows it"));
+        stage.window->AssignButton(4, QString(), QStringLiteral("Field"), QString());
+        QCOMPARE(stage.window->GetButton(4), button);
+        QCOMPARE(button->GetText(), QStringLiteral("Field"));
+        QCOMPARE(button->GetToolTip(), QString());
+        int hidden = 0;
+        connect(stage.window, &TWindow::WindowHidden, this, [&hidden] { ++hidden; });
+        stage.screen->OnNavigationWindow();
+        stage.finger.Touch(button);
+        QCOMPARE(hidden, 1);
+    }
+
+    void aDragOffItsButtonShowsTheFullView()
+    {
+        TStage stage;
+        TFullWindow* const full = stage.Full();
+        int const id =
+            stage.screen->AssignNavButton(Sprayer, QString(), stage.Mini(), stage.Canvas(), full, QString());
+        stage.screen->OnNavigationWindow();
+        TPushButton* const button = stage.window->GetButton(id);
+        QPoint const centre = button->mapTo(stage.screen.get(), button->rect().center());
+        stage.finger.Press(centre);
+        stage.finger.Move(centre + QPoint(60, 0));
+        stage.finger.Lift();
+        QCOMPARE(stage.screen.Manager()->GetFullViewId(), id);
+        QVERIFY(full->isVisible());
+    }
+
+    void cancelIsAButton()
+    {
+        TStage stage;
+        stage.screen->OnNavigationWindow();
+        TPushButton* const cancel = (stage.window->*&TOpenWindow::GetCancelButton)();
+        QVERIFY(cancel->isVisible());
+        QVERIFY(stage.screen->rect().contains(
+            QRect(cancel->mapTo(stage.screen.get(), QPoint(0, 0)), cancel->size())));
+        stage.finger.Touch(cancel);
+        QVERIFY(stage.window->isHidden());
     }
 
     void cancelLeavesEverythingAsItWas()

@@ -150,7 +150,8 @@ public:
         , finger(screen.get())
     {
         // As after the first full view: mini windows come out from behind a visible bar.
-        screen->GetNavigationBar()->show();
+        if (TNavigationBar* const bar = screen->GetNavigationBar())
+            bar->show();
     }
     ~TViewStage()
     {

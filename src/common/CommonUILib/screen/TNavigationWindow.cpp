@@ -25,7 +25,7 @@ TNavigationWindow::TNavigationWindow(QWidget* parent)
 
 void TNavigationWindow::AssignButton(int id, QString const& icon, QString const& text, QString const& toolTip)
 {
-    TPushButton*& button = m_Buttons[id];
+    QPointer<TPushButton>& button = m_Buttons[id];
     if (!button)
     {
         button = new TNavigationButton(GetWindowContent(), id);
@@ -77,9 +77,9 @@ void TNavigationWindow::ArrangeButtons()
     int const rowHeight = NAVIGATION_BUTTON_HEIGHT + GridSpacing;
     int const left = (width() - NAVIGATION_WINDOW_COLUMNS * columnWidth + GridSpacing) / 2;
     int index = 0;
-    for (TPushButton* const button : qAsConst(m_Buttons))
+    for (QPointer<TPushButton> const& button : qAsConst(m_Buttons))
     {
-        if (button->isHidden())
+        if (!button || button->isHidden())
             continue;
         button->move(left + index % NAVIGATION_WINDOW_COLUMNS * columnWidth,
                      NAVIGATION_BUTTON_Y_POS + index / NAVIGATION_WINDOW_COLUMNS * rowHeight);

@@ -3,6 +3,7 @@
 #include "TWindow.h"
 
 #include <QMap>
+#include <QPointer>
 
 /// The choice of views in a build without navigation bars: a window with a grid of the same buttons.
 class COMMONUILIB_EXPORT TNavigationWindow : public TWindow
@@ -31,5 +32,5 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    QMap<int, TPushButton*> m_Buttons;
+    QMap<int, QPointer<TPushButton>> m_Buttons;
 };
