@@ -1,5 +1,4 @@
-// One step of a slide and its painting: a mini window with its shadows, against a widget with the same
-// picture and the same shadows that QPropertyAnimation moves on the same canvas.
+// One step of a slide and its painting, against QPropertyAnimation moving the same window and shadows.
 
 #include "BenchScreen.h"
 #include "Metrics.h"
@@ -7,6 +6,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QParallelAnimationGroup>
 #include <QPropertyAnimation>
 
 #include <benchmark/benchmark.h>
@@ -64,35 +64,33 @@ BENCHMARK(SlideStepToolkitWithFollowingFullView)->Unit(benchmark::kMicrosecond);
 void SlideStepStock(benchmark::State& state)
 {
     TSlideScreen console(true);
-    QPixmap const picture = console.Mini(1)->grab();
-    QWidget window(console.Screen());
-    window.setFixedSize(picture.size() + QSize(MINI_WINDOW_SHADOW, MINI_WINDOW_SHADOW));
-    QLabel face(&window);
-    face.setPixmap(picture);
-    face.resize(picture.size());
-    QLabel right(&window);
-    right.setGeometry(picture.width(), 0, MINI_WINDOW_SHADOW, picture.height() + MINI_WINDOW_SHADOW);
-    QLabel bottom(&window);
-    bottom.setGeometry(0, picture.height(), picture.width(), MINI_WINDOW_SHADOW);
-    for (QLabel* const label : {&right, &bottom})
+    console.Manager()->OnShowMiniView(console.Id(1));
+    QList<QWidget*> moved{console.Mini(1)};
+    QList<QLabel*> const labels =
+        console.Screen()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QLabel* const label : labels)
     {
-        QPixmap shadow(label->size());
-        shadow.fill(QColor(0, 0, 0, 60));
-        label->setPixmap(shadow);
+        if (label->isVisible())
+            moved.append(label);
     }
-    window.show();
-    QPropertyAnimation animation(&window, "pos");
-    animation.setDuration(SlideDuration);
-    animation.setStartValue(QPoint(NAVBAR_WIDTH - MINI_WINDOW_SIZE - MINI_WINDOW_BORDER, 0));
-    animation.setEndValue(QPoint(NAVBAR_WIDTH, 0));
+    QParallelAnimationGroup group;
+    for (QWidget* const widget : qAsConst(moved))
+    {
+        QPoint const offset = widget->pos() - moved.first()->pos();
+        auto* const animation = new QPropertyAnimation(widget, "pos", &group);
+        animation->setDuration(SlideDuration);
+        animation->setStartValue(QPoint(NAVBAR_WIDTH - MINI_WINDOW_SIZE - MINI_WINDOW_BORDER, 0) + offset);
+        animation->setEndValue(QPoint(NAVBAR_WIDTH, 0) + offset);
+        group.addAnimation(animation);
+    }
     // Never comes to its end by itself: the time is set step by step.
-    animation.setLoopCount(-1);
-    animation.start();
+    group.setLoopCount(-1);
+    group.start();
     int at = 0;
     for (auto _ : state)
     {
         at = at >= SlideDuration ? 0 : at + FrameInterval;
-        animation.setCurrentTime(at);
+        group.setCurrentTime(at);
         QApplication::processEvents();
     }
 }
