@@ -97,6 +97,8 @@ private Q_SLOTS:
     void widthOfOneButtonCanBeSet();
 
     void disabledByIdStaysDisabled();
+    void disablingReleasesAButtonThatGoes_data();
+    void disablingReleasesAButtonThatGoes();
     void assigningToADisabledBarEnablesNothing();
     void hidingTheBar();
 
@@ -1061,6 +1063,39 @@ void TBaseToolBarTest::deletedWhileFlicking()
     QVERIFY(Inertia(strip)->isActive());
     delete strip;
     QCoreApplication::processEvents();
+}
+
+void TBaseToolBarTest::disablingReleasesAButtonThatGoes_data()
+{
+    QTest::addColumn<bool>("bar");
+    QTest::newRow("button") << false;
+    QTest::newRow("bar") << true;
+}
+
+void TBaseToolBarTest::disablingReleasesAButtonThatGoes()
+{
+    QFETCH(bool, bar);
+    QPointer<TStrip> const strip = Strip(TOOLBAR_VERTICAL_NEAR, false, 3, QSize(50, 50));
+    QPointer<TPushButton> const button = strip->GetButton(1);
+    connect(button, &TPushButton::Released, this,
+            [=](int id)
+            {
+                if (bar)
+                    delete strip.data();
+                else
+                    strip->RemoveButton(id, true);
+            });
+    Finger().Press(Finger().MiddleOf(*button));
+    strip->DisableToolBar();
+    QCOMPARE(strip.isNull(), bar);
+    if (strip)
+    {
+        QCOMPARE(strip->GetNumberOfButtons(), 2);
+        QVERIFY(!strip->GetButton(0)->isEnabled());
+        QVERIFY(!strip->GetButton(2)->isEnabled());
+    }
+    QTRY_VERIFY(!button);
+    Finger().Release(QPoint(20, 60));
 }
 
 COMMONUI_TEST(TBaseToolBarTest)

@@ -121,6 +121,8 @@ private Q_SLOTS:
     void deletedInASlotOfItsOwn();
     void deletedInASlotOfTheEnterKey_data();
     void deletedInASlotOfTheEnterKey();
+    void deletedAsAnotherWayReleasesIt_data();
+    void deletedAsAnotherWayReleasesIt();
     void deletedInAnyState_data();
     void deletedInAnyState();
 
@@ -885,6 +887,46 @@ void TPushButtonTest::deletedInAnyState()
     QCOMPARE(seen.Clicked.count() + seen.Released.count(), emitted);
     Finger().Release(ButtonRect.center());
     QCoreApplication::processEvents();
+}
+
+void TPushButtonTest::deletedAsAnotherWayReleasesIt_data()
+{
+    QTest::addColumn<bool>("focused");
+    QTest::addColumn<bool>("disables");
+    QTest::newRow("disabled") << false << true;
+    QTest::newRow("disabled with the focus") << true << true;
+    QTest::newRow("focus lost") << true << false;
+}
+
+void TPushButtonTest::deletedAsAnotherWayReleasesIt()
+{
+    QFETCH(bool, focused);
+    QFETCH(bool, disables);
+    QPointer<TPushButton> const button = Shown();
+    auto* const other = new TPushButton(m_Window.get(), 8, QString());
+    other->show();
+    m_Window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_Window.get()));
+    other->setFocus();
+    button->setFocusPolicy(focused ? Qt::StrongFocus : Qt::NoFocus);
+    QSignalSpy released(button, &QAbstractButton::released);
+    bool downAtRelease = true;
+    connect(button, &QAbstractButton::released, this,
+            [&]
+            {
+                downAtRelease = button->isDown();
+                delete button.data();
+            });
+    Finger().Press(ButtonRect.center());
+    QCOMPARE(button->hasFocus(), focused);
+    if (disables)
+        button->setEnabled(false);
+    else
+        other->setFocus();
+    QCOMPARE(released.count(), 1);
+    QVERIFY(!downAtRelease);
+    QVERIFY(!button);
+    Finger().Release(ButtonRect.center());
 }
 
 COMMONUI_TEST(TPushButtonTest)

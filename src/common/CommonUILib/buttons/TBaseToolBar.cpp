@@ -278,6 +278,19 @@ void TBaseToolBar::ApplyEnabled(ButtonDetails const& details)
         details.button->setEnabled(m_ToolBarEnabled && details.enabled);
 }
 
+// Disabling a button that a finger holds releases it, and a slot may take buttons off or delete the bar.
+void TBaseToolBar::ApplyEnabledToAll()
+{
+    QPointer<TBaseToolBar> const self(this);
+    QList<int> const ids = m_Buttons.keys();
+    for (int const id : ids)
+    {
+        if (!self)
+            return;
+        ApplyEnabled(m_Buttons.value(id));
+    }
+}
+
 void TBaseToolBar::SetButtonWidth(int id, int width)
 {
     if (id < 0)
@@ -302,15 +315,13 @@ bool TBaseToolBar::FindButtonId(TPushButton* button, int& id) const
 void TBaseToolBar::DisableToolBar()
 {
     m_ToolBarEnabled = false;
-    for (ButtonDetails const& details : qAsConst(m_Buttons))
-        ApplyEnabled(details);
+    ApplyEnabledToAll();
 }
 
 void TBaseToolBar::EnableToolBar()
 {
     m_ToolBarEnabled = true;
-    for (ButtonDetails const& details : qAsConst(m_Buttons))
-        ApplyEnabled(details);
+    ApplyEnabledToAll();
 }
 
 void TBaseToolBar::HideToolBar()

@@ -175,6 +175,7 @@ private:
     void FitToButtons(int length);
     void AnchorFarEdge(QSize const& before);
     void ApplyEnabled(ButtonDetails const& details);
+    void ApplyEnabledToAll();
     void TakeOff(QMap<int, ButtonDetails>::iterator position);
 
     bool IsCounted(ButtonDetails const& details, int counted) const;

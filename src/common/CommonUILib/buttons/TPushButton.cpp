@@ -19,6 +19,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -919,9 +920,15 @@ bool TPushButton::event(QEvent* event)
     case QEvent::MouseButtonRelease:
         return HandOverToParent(static_cast<QMouseEvent*>(event), &TPushButton::TakeRelease);
     case QEvent::EnabledChange:
-        if (!isEnabled() && !m_IconName.isEmpty() && !m_DisabledIcon)
+        if (isEnabled())
+            break;
+        if (!m_IconName.isEmpty() && !m_DisabledIcon)
             m_DisabledIcon = LoadIcon(m_IconName, IconSide(m_RequestedIconSize), KVN::ICON_DISABLED);
-        break;
+        return LetGoAfter(event);
+    case QEvent::FocusOut:
+        if (static_cast<QFocusEvent*>(event)->reason() == Qt::PopupFocusReason)
+            break;
+        return LetGoAfter(event);
     case ClearDownEvent:
         setDown(false);
         break;
@@ -929,6 +936,19 @@ bool TPushButton::event(QEvent* event)
         break;
     }
     return QAbstractButton::event(event);
+}
+
+// The base would still work on the button after released(): so that comes when the base is done.
+bool TPushButton::LetGoAfter(QEvent* event)
+{
+    m_LetGoWaits = m_LetGoWaits || isDown();
+    setDown(false);
+    bool const handled = QAbstractButton::event(event);
+    // Disabling takes the focus first, and is not done with the button then.
+    bool const done = isEnabled() || event->type() == QEvent::EnabledChange;
+    if (done && std::exchange(m_LetGoWaits, false))
+        Q_EMIT released();
+    return handled;
 }
 
 // Qt offers an event that nobody took to the parent. It finds the parent through this object, so a button

@@ -262,6 +262,7 @@ private:
     void SetMinimumSizeOrStandard(QSize const& size);
     void ShowOnParent();
 
+    bool LetGoAfter(QEvent* event);
     bool HandOverToParent(QMouseEvent* event, void (TPushButton::*handle)(QMouseEvent*));
     void TakePress(QMouseEvent* event);
     void TakeMove(QMouseEvent* event);
@@ -307,6 +308,7 @@ private:
     QString m_IconName;
     bool m_Pressed = false;
     bool m_AnimatedPress = false;
+    bool m_LetGoWaits = false;
     bool m_ExplicitIconPosition = false;
     QSharedPointer<QPixmap> m_RightSideIcon;
     std::array<TFace, FACE_COUNT> m_Faces;
