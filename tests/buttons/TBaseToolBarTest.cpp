@@ -113,12 +113,15 @@ private Q_SLOTS:
     void dragWithoutSettingsGoesToTheParent();
     void dragPastTheThreshold_data();
     void dragPastTheThreshold();
+    void thresholdFollowsTheOperatorsSize();
     void clampedDragDoesNotStartTowardsAReachedEnd_data();
     void clampedDragDoesNotStartTowardsAReachedEnd();
     void stripThatFitsGivesEveryMovementBack_data();
     void stripThatFitsGivesEveryMovementBack();
     void stripIsHeldToItsEnds_data();
     void stripIsHeldToItsEnds();
+    void shortStripInAWideBar_data();
+    void shortStripInAWideBar();
     void hiddenButtonsMoveAlong();
     void marksShowWhereThereIsMore_data();
     void marksShowWhereThereIsMore();
@@ -126,6 +129,9 @@ private Q_SLOTS:
 
     void flickRunsOnAtConstantSpeed();
     void flickStopsAtTheEnd();
+    void firstMoveOfADragHasNoSpeed();
+    void speedIsCutToWholePixels_data();
+    void speedIsCutToWholePixels();
     void flickNeedsAQuickLift_data();
     void flickNeedsAQuickLift();
     void flickWithoutInertiaEndsAtOnce();
@@ -133,6 +139,8 @@ private Q_SLOTS:
     void pressStopsAFlick();
     void dragComesToRestOnWholeButtons_data();
     void dragComesToRestOnWholeButtons();
+    void restIsMeasuredInButtonsBeforeTheOperatorsFactor();
+    void movementGivenBackCountsForTheRest();
     void moveAfterTheEndOfADragDoesNothing();
     void moveWithoutAPressDoesNothing();
 
@@ -1096,6 +1104,114 @@ void TBaseToolBarTest::disablingReleasesAButtonThatGoes()
     }
     QTRY_VERIFY(!button);
     Finger().Release(QPoint(20, 60));
+}
+
+void TBaseToolBarTest::shortStripInAWideBar_data()
+{
+    QTest::addColumn<int>("layout");
+    QTest::addColumn<int>("delta");
+    QTest::addColumn<int>("start");
+    // Three buttons of 40 pixels in 200.
+    QTest::newRow("horizontal, nowhere") << 0 << 0 << 0;
+    QTest::newRow("horizontal, a bit on") << 0 << 50 << 0;
+    QTest::newRow("horizontal, to the far edge") << 0 << 80 << 80;
+    QTest::newRow("horizontal, past it") << 0 << 81 << 0;
+    QTest::newRow("horizontal, back") << 0 << -10 << 80;
+    QTest::newRow("vertical, nowhere") << 2 << 0 << 80;
+    QTest::newRow("vertical, a bit on") << 2 << 50 << 0;
+    QTest::newRow("vertical, to the far edge") << 2 << 80 << 0;
+    QTest::newRow("vertical, back") << 2 << -10 << 80;
+}
+
+// A bar that is wider than its strip has no rest for it: clamping keeps fingers off.
+void TBaseToolBarTest::shortStripInAWideBar()
+{
+    QFETCH(int, layout);
+    QFETCH(int, delta);
+    QFETCH(int, start);
+    TStrip* const strip =
+        Strip(eToolBarLayouts(layout), true, 3, layout == 0 ? QSize(200, 50) : QSize(50, 200));
+    LetDrag(strip);
+    QSignalSpy dragged(strip, &TBaseToolBar::dragged);
+    strip->dragButtons(delta);
+    QCOMPARE(Starts(strip, layout == 0), QVector<int>({start, start + 40, start + 80}));
+    QCOMPARE(dragged.count(), start == 0 ? 0 : 1);
+}
+
+void TBaseToolBarTest::thresholdFollowsTheOperatorsSize()
+{
+    TStrip* const strip = LongStrip();
+    m_Screen->Config().Write(CONFIG_BUTTON_SIZE, 2, false);
+    strip->SetUserResizeButtons(true);
+    strip->ArrangeButtons();
+    LetDrag(strip, true);
+    Drag({60, 60 - 29});
+    QCOMPARE(Start(strip, 0), 0);
+    Finger().Release(QPoint(20, 60 - 29));
+    Drag({60, 60 - 30});
+    QCOMPARE(Start(strip, 0), -30);
+    Finger().Release(QPoint(20, 60 - 30));
+}
+
+void TBaseToolBarTest::firstMoveOfADragHasNoSpeed()
+{
+    TStrip* const strip = Strip(TOOLBAR_VERTICAL_NEAR, true, 50, QSize(50, 100));
+    LetDrag(strip, false, false, true);
+    Drag({90, 30});
+    m_Clock->Advance(10);
+    Finger().Release(QPoint(20, 30));
+    QVERIFY(!Inertia(strip)->isActive());
+    QCOMPARE(Start(strip, 0), -60);
+}
+
+void TBaseToolBarTest::speedIsCutToWholePixels_data()
+{
+    QTest::addColumn<int>("distance"); // in 10 ms
+    QTest::addColumn<int>("ran");      // in 10 ms more
+    QTest::newRow("below one") << -9 << 0;
+    QTest::newRow("one") << -10 << -10;
+    QTest::newRow("nearly two") << -19 << -10;
+    QTest::newRow("back") << 29 << 20;
+}
+
+void TBaseToolBarTest::speedIsCutToWholePixels()
+{
+    QFETCH(int, distance);
+    TStrip* const strip = Strip(TOOLBAR_VERTICAL_NEAR, true, 50, QSize(50, 100));
+    LetDrag(strip, false, false, true);
+    strip->dragButtons(-500);
+    Drag({50, 49, 49 + distance});
+    m_Clock->Advance(10);
+    Finger().Release(QPoint(20, 49 + distance));
+    int const before = Start(strip, 0);
+    if (Inertia(strip)->isActive())
+        Tick(strip, 10);
+    QTEST(Start(strip, 0) - before, "ran");
+}
+
+// Deliberate: with larger buttons the strip does not come to rest on whole ones.
+void TBaseToolBarTest::restIsMeasuredInButtonsBeforeTheOperatorsFactor()
+{
+    TStrip* const strip = Strip(TOOLBAR_VERTICAL_NEAR, true, 10, QSize(50, 100));
+    m_Screen->Config().Write(CONFIG_BUTTON_SIZE, 2, false);
+    strip->SetUserResizeButtons(true);
+    strip->ArrangeButtons();
+    LetDrag(strip, false, true);
+    Drag({95, 65});
+    Finger().Release(QPoint(20, 65));
+    QCOMPARE(Start(strip, 0), -40);
+}
+
+// Deliberate: the finger is measured, not the strip.
+void TBaseToolBarTest::movementGivenBackCountsForTheRest()
+{
+    TStrip* const strip = Strip(TOOLBAR_VERTICAL_NEAR, true, 10, QSize(50, 100));
+    LetDrag(strip, false, true);
+    Drag({50, 75, 30});
+    QCOMPARE(Start(strip, 0), -45);
+    m_Clock->Advance(500);
+    Finger().Release(QPoint(20, 30));
+    QCOMPARE(Start(strip, 0), -65);
 }
 
 COMMONUI_TEST(TBaseToolBarTest)

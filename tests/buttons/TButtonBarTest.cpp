@@ -30,6 +30,7 @@ private Q_SLOTS:
     void resizeFromOutsideIsSharedToo();
     void assigningSetsAllThatIsNamed();
     void buttonsAreTheBarsOwnKind();
+    void buttonHasTheStandardSkins();
     void barIsNotDragged();
 
 private:
@@ -137,6 +138,18 @@ void TButtonBarTest::barIsNotDragged()
     finger.Release(QPoint(50, 30));
     QCOMPARE(Place(0).x(), 200);
     QCOMPARE(m_Window->heard.size(), 3);
+}
+
+void TButtonBarTest::buttonHasTheStandardSkins()
+{
+    m_Screen->AddImage(QStringLiteral("NewStandardButton"), Qt::red);
+    m_Screen->AddImage(QStringLiteral("NewStandardButtonSelected"), Qt::green);
+    Assign(1);
+    TPushButton* const button = m_Bar->GetButton(0);
+    auto const seen = [&] { return button->grab().toImage().pixelColor(4, 4); };
+    QCOMPARE(seen(), QColor(Qt::red));
+    button->setDown(true);
+    QCOMPARE(seen(), QColor(Qt::green));
 }
 
 COMMONUI_TEST(TButtonBarTest)

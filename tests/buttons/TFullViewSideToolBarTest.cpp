@@ -2,6 +2,8 @@
 #include "ButtonTestSupport.h"
 #include "Metrics.h"
 
+#include <QTimer>
+
 class TFullViewSideToolBarTest : public QObject
 {
     Q_OBJECT
@@ -24,7 +26,10 @@ private Q_SLOTS:
     void edgeDecidesTheOrder();
     void backgroundFollowsTheSizeIfWanted_data();
     void backgroundFollowsTheSizeIfWanted();
-    void dragsFlicksAndSnaps();
+    void dragComesToRestOnWholeButtons();
+    void flickRunsOn();
+    void operatorsSizeCounts();
+    void barThatHoldsAllIsNotDragged();
 
 private:
     TFullViewSideToolBar* Bar(bool farEdge, bool withBackground, int buttons)
@@ -90,7 +95,7 @@ void TFullViewSideToolBarTest::backgroundFollowsTheSizeIfWanted()
         QCOMPARE(bar->GetBackground()->size(), QSize(72, 300));
 }
 
-void TFullViewSideToolBarTest::dragsFlicksAndSnaps()
+void TFullViewSideToolBarTest::dragComesToRestOnWholeButtons()
 {
     TManualClock clock;
     TFullViewSideToolBar* const bar = Bar(false, false, 20);
@@ -105,6 +110,44 @@ void TFullViewSideToolBarTest::dragsFlicksAndSnaps()
     clock.Advance(500);
     finger.Release(QPoint(30, 520));
     QCOMPARE(bar->GetButton(0)->y(), -64);
+}
+
+void TFullViewSideToolBarTest::flickRunsOn()
+{
+    TManualClock clock;
+    TFullViewSideToolBar* const bar = Bar(false, false, 20);
+    TFinger const finger(*m_Window);
+    finger.Press(QPoint(30, 600));
+    clock.Advance(10);
+    finger.Move(QPoint(30, 560));
+    clock.Advance(20);
+    finger.Move(QPoint(30, 520));
+    clock.Advance(10);
+    finger.Release(QPoint(30, 520));
+    QTimer* const timer = bar->findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+    QVERIFY(timer && timer->isActive());
+    QCOMPARE(bar->GetButton(0)->y(), -80);
+}
+
+void TFullViewSideToolBarTest::operatorsSizeCounts()
+{
+    m_Screen->Config().Write(CONFIG_BUTTON_SIZE, 1, false);
+    TFullViewSideToolBar* const bar = Bar(false, false, 2);
+    QCOMPARE(bar->GetButton(0)->height(), 80);
+    QCOMPARE(bar->GetButton(1)->y(), 80);
+}
+
+void TFullViewSideToolBarTest::barThatHoldsAllIsNotDragged()
+{
+    TFullViewSideToolBar* const bar = Bar(false, false, 2);
+    TFinger const finger(*m_Window);
+    for (int const to : {10, 400})
+    {
+        finger.Press(QPoint(30, 100));
+        finger.Move(QPoint(30, to));
+        finger.Release(QPoint(30, to));
+        QCOMPARE(bar->GetButton(0)->y(), 0);
+    }
 }
 
 COMMONUI_TEST(TFullViewSideToolBarTest)

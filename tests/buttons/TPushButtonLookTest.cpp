@@ -82,6 +82,8 @@ private Q_SLOTS:
     void onlyTheVisibleStateIsPaintedAnew();
     void namedBackgroundFollowsTheSize();
     void pixmapBackgroundKeepsItsCornersAtEverySize();
+    void everyBackgroundFollowsTheSize_data();
+    void everyBackgroundFollowsTheSize();
     void emptyNameClearsTheBackground();
     void flatColour_data();
     void flatColour();
@@ -99,6 +101,11 @@ private Q_SLOTS:
     void pictureIconTurnsGreyByItsLuminance();
     void disabledIconIsMadeWhenNeeded();
     void iconOfADisabledButtonIsGreyAtOnce();
+    void disabledIconTakesTheSideOfTheIcon();
+    void newIconBringsItsOwnDisabledIcon();
+    void resizeLeavesADisabledButtonDisabled();
+    void sameIconIsNotPaintedTwice();
+    void greyPictureKeepsItsTransparency();
     void iconPosition_data();
     void iconPosition();
     void positionsTurnEachOtherOff();
@@ -647,6 +654,102 @@ void TPushButtonLookTest::highlightRepaints()
 {
     QCOMPARE(PaintsAfter([&] { m_Button->OnMMIHighlight(); }), 1);
     QCOMPARE(PaintsAfter([&] { m_Button->OnMMIUnHighlight(); }), 1);
+}
+
+void TPushButtonLookTest::disabledIconTakesTheSideOfTheIcon()
+{
+    m_Button->SetForegroundDisabledOpacity(1.0F);
+    int const grey = (11 * 255) >> 5;
+    QColor const shown(grey, grey, grey);
+    m_Button->SetIcon(Image("icon", Qt::red, QSize(200, 200)), QSize(30, 24), true);
+    m_Button->setEnabled(false);
+    // 24 pixels in the middle of 60 by 57.
+    QCOMPARE(Seen(QPoint(18, 16)), shown);
+    QCOMPARE(Seen(QPoint(41, 39)), shown);
+    QCOMPARE(Seen(QPoint(17, 28)), QColor(Qt::blue));
+    QCOMPARE(Seen(QPoint(42, 28)), QColor(Qt::blue));
+    m_Button->SetIcon(QStringLiteral("icon"), QSize(30, -1), true);
+    m_Button->setEnabled(false);
+    QCOMPARE(Seen(QPoint(1, 0)), shown);
+    QCOMPARE(Seen(QPoint(57, 56)), shown);
+    QCOMPARE(Seen(QPoint(58, 56)), QColor(Qt::blue));
+}
+
+void TPushButtonLookTest::newIconBringsItsOwnDisabledIcon()
+{
+    m_Button->SetForegroundDisabledOpacity(1.0F);
+    m_Button->SetIcon(Image("red", Qt::red), QSize(20, 20), true);
+    m_Button->setEnabled(false);
+    m_Button->SetIcon(Image("green", Qt::green), QSize(20, 20), true);
+    m_Button->setEnabled(false);
+    int const grey = (16 * 255) >> 5;
+    QCOMPARE(Seen(QPoint(30, 28)), QColor(grey, grey, grey));
+}
+
+void TPushButtonLookTest::resizeLeavesADisabledButtonDisabled()
+{
+    m_Button->SetForegroundDisabledOpacity(1.0F);
+    m_Button->SetIcon(Image("icon", Qt::red, QSize(200, 200)), QSize(-1, -1), true);
+    m_Button->setEnabled(false);
+    m_Button->resize(90, 80);
+    QVERIFY(!m_Button->isEnabled());
+    QCOMPARE(m_Button->GetIconSize(), QSize(80, 80));
+    int const grey = (11 * 255) >> 5;
+    QCOMPARE(Seen(QPoint(80, 75)), QColor(grey, grey, grey));
+}
+
+void TPushButtonLookTest::sameIconIsNotPaintedTwice()
+{
+    QString const icon = Image("icon", Qt::red, QSize(200, 200));
+    QCOMPARE(PaintsAfter([&] { m_Button->SetIcon(icon, QSize(20, 20), true); }), 1);
+    QCOMPARE(PaintsAfter([&] { m_Button->SetIcon(icon, QSize(20, 30), true); }), 0);
+    QCOMPARE(PaintsAfter([&] { m_Button->SetIcon(icon, QSize(21, 30), true); }), 1);
+}
+
+void TPushButtonLookTest::greyPictureKeepsItsTransparency()
+{
+    QImage image(20, 20, QImage::Format_ARGB32);
+    image.fill(QColor(255, 255, 255, 102));
+    m_Button->SetIcon(image, QSize(40, 40), true);
+    m_Button->SetForegroundDisabledOpacity(1.0F);
+    m_Button->setEnabled(false);
+    QVERIFY(Near(Seen(QPoint(30, 28)), Mixed(Qt::white, Qt::blue, 0.4)));
+}
+
+void TPushButtonLookTest::everyBackgroundFollowsTheSize_data()
+{
+    QTest::addColumn<bool>("byName");
+    QTest::newRow("by name") << true;
+    QTest::newRow("by pixmap") << false;
+}
+
+void TPushButtonLookTest::everyBackgroundFollowsTheSize()
+{
+    QFETCH(bool, byName);
+    if (byName)
+    {
+        m_Button->SetBackgroundSelected(Image("selected", Qt::green));
+        m_Button->SetBackgroundChecked(Image("checked", Qt::yellow));
+        m_Button->SetBackgroundDisabled(Image("disabled", Qt::magenta));
+    }
+    else
+    {
+        m_Button->SetBackgroundSelected(Coloured(Qt::green, QSize(50, 50)));
+        m_Button->SetBackgroundChecked(Coloured(Qt::yellow, QSize(50, 50)));
+        m_Button->SetBackgroundDisabled(Coloured(Qt::magenta, QSize(50, 50)));
+    }
+    m_Button->SetBackgroundDisabledOpacity(1.0F);
+    m_Button->resize(150, 120);
+    QPoint const last(149, 119);
+    m_Button->setCheckable(true);
+    m_Button->setDown(true);
+    QCOMPARE(Seen(last), QColor(Qt::green));
+    m_Button->setDown(false);
+    m_Button->setChecked(true);
+    QCOMPARE(Seen(last), QColor(Qt::yellow));
+    m_Button->setChecked(false);
+    m_Button->setEnabled(false);
+    QCOMPARE(Seen(last), QColor(Qt::magenta));
 }
 
 COMMONUI_TEST(TPushButtonLookTest)

@@ -83,6 +83,10 @@ private Q_SLOTS:
     void moveAfterTheBarMovedLetsGoAtOnce();
     void hoverWithoutAPressDoesNothing();
     void parentThatMovesTheButtonBackLetsItClick();
+    void buttonAndBarThatMoveTogether_data();
+    void buttonAndBarThatMoveTogether();
+    void releaseEndsTheHeldMove_data();
+    void releaseEndsTheHeldMove();
     void slideOffButton_data();
     void slideOffButton();
     void hitAreaIsWithinHalfTheBorder_data();
@@ -90,16 +94,23 @@ private Q_SLOTS:
     void releasesDoNotClickWithoutPropagation();
     void showingBringsPropagationBack();
     void transparentAncestorTakesTheClick();
+    void transparentButtonTakesItsOwnClick();
     void clearDownEventTakesTheFingerOff();
 
     void longHoldClicksOftenAndSoundsOnce();
     void eachTouchOfARepeatingButtonSounds();
+    void touchAfterACancelledHoldSounds();
+    void enterKeyAfterALongHoldSounds();
 
     void secondReleaseIsADoubleClickHoweverLate();
     void singleClickIsDelayedOnlyForAListener();
     void connectingTwiceReportsOnce();
     void disconnectingEndsTheDelayedReport();
     void releaseBesideTheButtonArmsNothing();
+    void secondReleaseBesideTheButtonIsADoubleClick();
+    void cancelledReleaseOnTheButtonArms();
+    void doubleClickComesAfterTheSecondClick();
+    void releaseIsRoundedToWholePixels();
     void doublePressOfTheSystemIsTwoClicks();
 
     void enterKeyIsAShortPress();
@@ -116,6 +127,7 @@ private Q_SLOTS:
 
     void objectNameComesFromTheBestSource();
     void objectNameIsKeptFromAnEqualSource();
+    void pictureIconGivesNoObjectName();
 
     void deletedInASlotOfItsOwn_data();
     void deletedInASlotOfItsOwn();
@@ -887,6 +899,161 @@ void TPushButtonTest::deletedInAnyState()
     QCOMPARE(seen.Clicked.count() + seen.Released.count(), emitted);
     Finger().Release(ButtonRect.center());
     QCoreApplication::processEvents();
+}
+
+void TPushButtonTest::buttonAndBarThatMoveTogether_data()
+{
+    QTest::addColumn<QPoint>("button");
+    QTest::addColumn<QPoint>("bar");
+    QTest::addColumn<int>("clicks");
+    // The place in the bar counts twice, since it is mapped as a point of the button.
+    QTest::newRow("button stays on the screen") << QPoint(5, 0) << QPoint(-5, 0) << 0;
+    QTest::newRow("bar goes twice as far back") << QPoint(5, 0) << QPoint(-10, 0) << 1;
+    QTest::newRow("up and down") << QPoint(0, 5) << QPoint(0, -10) << 1;
+    QTest::newRow("one pixel less") << QPoint(0, 5) << QPoint(0, -9) << 0;
+}
+
+void TPushButtonTest::buttonAndBarThatMoveTogether()
+{
+    QFETCH(QPoint, button);
+    QFETCH(QPoint, bar);
+    auto* const strip = new QWidget(m_Window.get());
+    strip->resize(300, 300);
+    TPushButton* const carried = MakeButton(strip);
+    m_Window->Expose();
+    TSignals seen(carried);
+    Finger().Press(ButtonRect.center());
+    carried->move(carried->pos() + button);
+    strip->move(strip->pos() + bar);
+    Finger().Move(ButtonRect.center() + QPoint(1, 1));
+    QFETCH(int, clicks);
+    QCOMPARE(carried->isDown(), clicks == 1);
+    Finger().Release(ButtonRect.center());
+    QCOMPARE(seen.Clicked.count(), clicks);
+}
+
+void TPushButtonTest::releaseEndsTheHeldMove_data()
+{
+    QTest::addColumn<bool>("enabled");
+    QTest::addColumn<bool>("explains");
+    QTest::newRow("enabled") << true << false;
+    QTest::newRow("disabled") << false << false;
+    QTest::newRow("explaining") << true << true;
+}
+
+void TPushButtonTest::releaseEndsTheHeldMove()
+{
+    QFETCH(bool, enabled);
+    QFETCH(bool, explains);
+    TPushButton* const button = Shown(7, QStringLiteral("Help"));
+    m_Platform->SetMode(explains);
+    button->setEnabled(enabled);
+    Finger().Tap(*button);
+    button->setEnabled(true);
+    m_Platform->SetMode(false);
+    TSignals seen(button);
+    // A hover on a button elsewhere than at the press is no cancelled press.
+    button->move(button->pos() + QPoint(1, 0));
+    QMouseEvent hover(QEvent::MouseMove, QPointF(9, 9), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(button, &hover);
+    QCOMPARE(seen.Released.count(), 0);
+}
+
+void TPushButtonTest::transparentButtonTakesItsOwnClick()
+{
+    TPushButton* const button = Shown();
+    TSignals seen(button);
+    Finger().Press(ButtonRect.center());
+    button->setAttribute(Qt::WA_TransparentForMouseEvents);
+    Finger().Release(ButtonRect.center());
+    QCOMPARE(seen.Released.count(), 1);
+    QCOMPARE(seen.Clicked.count(), 0);
+}
+
+void TPushButtonTest::touchAfterACancelledHoldSounds()
+{
+    TPushButton* const button = Shown();
+    button->SetAutoRepeat(true, 1, 1);
+    TSignals seen(button);
+    Finger().Press(ButtonRect.center());
+    QTRY_VERIFY(seen.Clicked.count() >= 2);
+    button->SetAutoRepeat(true, 60000, 60000);
+    button->move(button->pos() + QPoint(1, 0));
+    Finger().Release(ButtonRect.center());
+    QCOMPARE(m_Screen->Played().size(), 1);
+    Finger().Tap(*button);
+    QCOMPARE(m_Screen->Played().size(), 2);
+}
+
+void TPushButtonTest::enterKeyAfterALongHoldSounds()
+{
+    TPushButton* const button = Shown();
+    button->SetAutoRepeat(true, 1, 1);
+    TSignals seen(button);
+    Finger().Press(ButtonRect.center());
+    QTRY_VERIFY(seen.Clicked.count() >= 2);
+    Finger().Release(ButtonRect.center());
+    QCOMPARE(m_Screen->Played().size(), 1);
+    button->SetAutoRepeat(true, 60000, 60000);
+    button->animateClick(0);
+    QTRY_COMPARE(m_Screen->Played().size(), 2);
+}
+
+void TPushButtonTest::secondReleaseBesideTheButtonIsADoubleClick()
+{
+    TPushButton* const button = Shown();
+    QSignalSpy doubled(button, &TPushButton::DoubleClicked);
+    Finger().Tap(*button);
+    Finger().Press(ButtonRect.center());
+    Finger().Release(QPoint(ButtonRect.right() + 90, ButtonRect.center().y()));
+    QCOMPARE(doubled.count(), 1);
+}
+
+void TPushButtonTest::cancelledReleaseOnTheButtonArms()
+{
+    TPushButton* const button = Shown();
+    button->SetPropagateClicks(false);
+    QSignalSpy doubled(button, &TPushButton::DoubleClicked);
+    TSignals seen(button);
+    Finger().Tap(*button);
+    QVERIFY(button->findChild<QTimer*>()->isActive());
+    Finger().Tap(*button);
+    QCOMPARE(doubled.count(), 1);
+    QCOMPARE(seen.clicked.count(), 0);
+}
+
+void TPushButtonTest::doubleClickComesAfterTheSecondClick()
+{
+    TPushButton* const button = Shown();
+    TSignals seen(button);
+    QVector<int> clicksBefore;
+    connect(button, &TPushButton::DoubleClicked, this, [&] { clicksBefore << seen.Clicked.count(); });
+    Finger().Tap(*button);
+    Finger().Tap(*button);
+    QCOMPARE(clicksBefore, QVector<int>({2}));
+}
+
+void TPushButtonTest::releaseIsRoundedToWholePixels()
+{
+    TPushButton* const button = Shown();
+    auto const armsBy = [&](QPointF const& at)
+    {
+        QMouseEvent release(QEvent::MouseButtonRelease, at, Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(button, &release);
+        return button->findChild<QTimer*>()->isActive();
+    };
+    // The first pixel that counts is (2, 2); halves round up.
+    QVERIFY(!armsBy(QPointF(1.4, 1.5)));
+    QVERIFY(armsBy(QPointF(1.5, 1.5)));
+}
+
+void TPushButtonTest::pictureIconGivesNoObjectName()
+{
+    TPushButton button(m_Window.get(), 1, QString());
+    button.SetIcon(QImage(5, 5, QImage::Format_RGB32), QSize(10, 10), true);
+    QCOMPARE(button.objectName(), QString());
+    button.SetToolTip(QStringLiteral("tip"));
+    QCOMPARE(button.objectName(), QStringLiteral("tip"));
 }
 
 void TPushButtonTest::deletedAsAnotherWayReleasesIt_data()

@@ -84,6 +84,10 @@ private Q_SLOTS:
     void fontsComeFromTheCondensedFaces();
     void fontPropertiesChangeTheTextsLook();
     void secondLineHasItsOwnColour();
+    void everyLineHasItsOwnFlags_data();
+    void everyLineHasItsOwnFlags();
+    void everyLineHasItsOwnAlignment();
+    void marginOfTheRightIconTakesNoText();
     void alignmentToTheLeftInsetsTheText();
     void hints();
     void nonsensicalFontSizeIsHeldToOne();
@@ -403,6 +407,60 @@ void TPushButtonTextTest::nonsensicalFontSizeIsHeldToOne()
     m_Button->SetFontProperties(Qt::red, -7, true, true, false, Centred, true);
     m_Button->SetText(QStringLiteral("Text"), QString(), true, QStringLiteral("Text"), true);
     QVERIFY(!m_Button->grab().isNull());
+}
+
+void TPushButtonTextTest::everyLineHasItsOwnFlags_data()
+{
+    QTest::addColumn<bool>("second");
+    QTest::newRow("first") << false;
+    QTest::newRow("second") << true;
+}
+
+void TPushButtonTextTest::everyLineHasItsOwnFlags()
+{
+    QFETCH(bool, second);
+    m_Button->SetBackgroundColor(Qt::white);
+    m_Button->resize(60, 200);
+    QString const twoLines = QStringLiteral("MMM MMM");
+    SetText(second ? QString() : twoLines, second ? twoLines : QString());
+    auto const with = [&](bool wrap, bool shadow)
+    {
+        m_Button->SetFontProperties(Qt::red, 16, true, wrap, shadow, Centred, second);
+        return second ? Second() : First();
+    };
+    // What one line in the middle leaves free is taken by two.
+    auto const outer = [](QRect const& rect) { return QRect(rect.left(), rect.top(), rect.width(), 5); };
+    QRect rect = with(true, false);
+    QVERIFY(Shows(Qt::red, outer(rect)));
+    QVERIFY(!Shows(Qt::black, rect));
+    rect = with(false, false);
+    QVERIFY(!Shows(Qt::red, outer(rect)));
+    rect = with(true, true);
+    QVERIFY(Shows(Qt::black, rect));
+}
+
+void TPushButtonTextTest::everyLineHasItsOwnAlignment()
+{
+    m_Button->SetBackgroundColor(Qt::black);
+    SetText(QStringLiteral("M"), QStringLiteral("M"));
+    auto const leftOf = [](QRect const& rect) { return QRect(rect.left(), rect.top() + 2, 12, 10); };
+    QVERIFY(!Shows(regularButtonTextColor, leftOf(First())));
+    QVERIFY(!Shows(regularButtonTextColor, leftOf(Second())));
+    m_Button->SetAlignment(Qt::AlignLeft | Qt::AlignVCenter, true);
+    // Only the alignment of the first line insets both.
+    QCOMPARE(Second().left(), 5);
+    QVERIFY(!Shows(regularButtonTextColor, leftOf(First())));
+    QVERIFY(Shows(regularButtonTextColor, leftOf(Second())));
+    m_Button->SetAlignment(Qt::AlignLeft | Qt::AlignHCenter, true);
+    QVERIFY(Shows(regularButtonTextColor, leftOf(Second())));
+}
+
+void TPushButtonTextTest::marginOfTheRightIconTakesNoText()
+{
+    SetText(QStringLiteral("Text"));
+    m_Button->SetRightSideIcon(m_Screen->AddImage(QStringLiteral("right"), Qt::red, QSize(25, 25)));
+    m_Button->SetRightSideIconMargin(40);
+    QCOMPARE(First().right(), 160 - 1 - 25);
 }
 
 COMMONUI_TEST(TPushButtonTextTest)
