@@ -451,6 +451,8 @@ void TPushButtonTextTest::everyLineHasItsOwnAlignment()
     QCOMPARE(Second().left(), 5);
     QVERIFY(!Shows(regularButtonTextColor, leftOf(First())));
     QVERIFY(Shows(regularButtonTextColor, leftOf(Second())));
+    m_Button->SetAlignment(Qt::AlignVCenter, true);
+    QVERIFY(Shows(regularButtonTextColor, leftOf(Second())));
     m_Button->SetAlignment(Qt::AlignLeft | Qt::AlignHCenter, true);
     QVERIFY(Shows(regularButtonTextColor, leftOf(Second())));
 }
