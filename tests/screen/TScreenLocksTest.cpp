@@ -251,7 +251,7 @@ private Q_SLOTS:
         TLockStage stage;
         TWindow* const alarm = stage.Alarm();
         stage.screen->LockAllToolbars(true);
-        TWindow* const later = stage.Window();
+        TWindow* const later = stage.RaisedWindow();
         stage.screen->CheckToolbarsForLocking();
         QVERIFY(stage.Layers().IsAbove(later, alarm));
         stage.screen->LockAllToolbars(false);
@@ -285,7 +285,7 @@ private Q_SLOTS:
         TLockStage stage;
         stage.Alarm()->hide();
         TWindow* const locking = stage.Window();
-        TWindow* const later = stage.Window();
+        TWindow* const later = stage.RaisedWindow();
         stage.Lock(locking, modalType);
         QVERIFY(stage.Layers().IsAbove(stage.Fade(), later));
         VERIFY_LAYERS(*stage.screen.get());
@@ -393,6 +393,46 @@ private Q_SLOTS:
         stage.screen->RemoveLockingWidget(next);
         QCOMPARE(Values(stage.notices), (QList<bool>{true, true, false}));
         VERIFY_LAYERS(*stage.screen.get());
+    }
+
+    void theLastLockIsTakenOffOnceAlsoWhenOneDiedBefore()
+    {
+        TLockStage stage;
+        TWindow* const first = stage.Window();
+        TWindow* const last = stage.Window();
+        stage.Lock(first, MODAL_LOCAL);
+        stage.Lock(last, MODAL_LOCAL);
+        delete first;
+        stage.screen->RemoveLockingWidget(last);
+        QCOMPARE(Values(stage.notices), (QList<bool>{true, true, false}));
+        VERIFY_LAYERS(*stage.screen.get());
+    }
+
+    void theFadeKnowsItsWindowWhenItAppears()
+    {
+        class TWatcher : public QObject
+        {
+        public:
+            explicit TWatcher(TModalWidget* fade)
+                : m_Fade(fade)
+            {
+                fade->installEventFilter(this);
+            }
+            bool eventFilter(QObject* watched, QEvent* event) override
+            {
+                if (watched == m_Fade && event->type() == QEvent::Show)
+                    m_Seen = m_Fade->GetModalData().widget;
+                return false;
+            }
+
+            TModalWidget* m_Fade;
+            QWidget* m_Seen = nullptr;
+        };
+        TLockStage stage;
+        TWindow* const window = stage.Window();
+        TWatcher const watcher(stage.Fade());
+        stage.Lock(window, MODAL_LOCAL);
+        QCOMPARE(watcher.m_Seen, window);
     }
 
     void aRemovedWidgetMayDieWithoutAWord()

@@ -45,6 +45,13 @@ public:
         window->ShowWindow(false);
         return window;
     }
+    /// One that somebody raised above all.
+    TWindow* RaisedWindow()
+    {
+        TWindow* const window = Window();
+        window->raise();
+        return window;
+    }
 
     TWindow* Alarm()
     {

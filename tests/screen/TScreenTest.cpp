@@ -366,7 +366,7 @@ private Q_SLOTS:
     {
         TScreenStage stage;
         TWindow* const alarm = stage.Alarm();
-        TWindow* const later = stage.Window();
+        TWindow* const later = stage.RaisedWindow();
         auto* const setup = new TCanvas(stage.screen.get());
         stage.screen->SetCurrentCanvas(setup, false);
         QVERIFY(setup->isVisible());
@@ -386,7 +386,7 @@ private Q_SLOTS:
     {
         TScreenStage stage;
         TWindow* const alarm = stage.Alarm();
-        TWindow* const later = stage.Window();
+        TWindow* const later = stage.RaisedWindow();
         for (bool const showBars : {true, false})
         {
             stage.screen->SetCurrentCanvas(nullptr, showBars);
@@ -521,6 +521,32 @@ private Q_SLOTS:
         QVERIFY(stage.Layers().IsAbove(toolTip, second));
     }
 
+    void theBarsComeBackBelowAToolTip()
+    {
+        TScreenStage stage;
+        stage.ToolTip();
+        stage.screen->SetCurrentCanvas(stage.canvas, true);
+        VERIFY_LAYERS(*stage.screen.get());
+    }
+
+    void aWindowComesOntoTheScreenBelowAlarmAndToolTip()
+    {
+        TScreenStage stage;
+        TWindow* const first = stage.Window();
+        TWindow* const second = stage.Window();
+        QVERIFY(stage.Layers().IsDirectlyAbove(second, first));
+        TToolTip* const toolTip = stage.ToolTip();
+        TWindow* const third = stage.Window();
+        QVERIFY(stage.Layers().IsDirectlyAbove(toolTip, third));
+        TWindow* const alarm = stage.Alarm();
+        QVERIFY(stage.Layers().IsDirectlyAbove(toolTip, alarm));
+        TWindow* const fourth = stage.Window();
+        QVERIFY(stage.Layers().IsDirectlyAbove(alarm, fourth));
+        VERIFY_LAYERS(*stage.screen.get());
+        first->ShowWindow(false);
+        QVERIFY(stage.Layers().IsDirectlyAbove(second, first));
+    }
+
     void withoutABarWhatIsRaisedKeepsItsPlace()
     {
         TScreenStage stage;
@@ -549,6 +575,7 @@ private Q_SLOTS:
         TScreenStage stage;
         QObjectList const before = stage.screen->children();
         stage.screen->RaiseToBelowTooltips(nullptr);
+        stage.screen->RaiseToBelowAlarm(nullptr);
         stage.screen->RaiseToBelowSystemToolbar(nullptr);
         stage.screen->RaiseToBelowNavigationBar(nullptr);
         QCOMPARE(stage.screen->children(), before);
@@ -658,6 +685,7 @@ private Q_SLOTS:
         QCOMPARE(flash->geometry(), stage.screen->rect());
         QCOMPARE(color, QColor(255, 255, 255, 96));
         QVERIFY(flash->isHidden());
+        stage.RaisedWindow();
         stage.screen->TakeScreenShot();
         QCOMPARE(stage.screen->children().count(flash), 1);
         QCOMPARE(stage.screen->children().constLast(), flash);

@@ -811,6 +811,7 @@ private Q_SLOTS:
                                 PixmapNames::NewGreenButtonSelected, PixmapNames::NewDisabledButton,
                                 QStringLiteral("Before"));
         TPushButton* const button = window.GetControlButtons()[0];
+        button->SetTextPlacement(TEXT_WHOLE_BUTTON);
         button->SetText(QStringLiteral("Go"), QString(), true, QString(), false);
         QImage const before = button->grab().toImage();
         window.AddControlButton(0, QStringLiteral("icon-cross-larger"), QStringLiteral("After"));
@@ -822,6 +823,7 @@ private Q_SLOTS:
         like.SetBackgroundDisabled(PixmapNames::NewDisabledButton);
         like.SetFontProperties(QColor(255, 255, 255), 16, true, true, false,
                                Qt::AlignCenter | Qt::TextWordWrap, false);
+        like.SetTextPlacement(TEXT_WHOLE_BUTTON);
         like.SetText(QStringLiteral("Go"), QString(), true, QString(), false);
         like.resize(button->size());
         QVERIFY(before != button->grab().toImage());

@@ -435,7 +435,7 @@ void TScreen::RaiseToBelowNavigationBar(QWidget* widget)
 void TScreen::RaiseToBelowAlarm(QWidget* widget)
 {
     RaiseToBelowTooltips(widget);
-    if (!m_AlarmWidget || m_AlarmWidget->parentWidget() != this)
+    if (!widget || !m_AlarmWidget || m_AlarmWidget->parentWidget() != this)
         return;
     // A hidden alarm may have been left behind below windows that came later.
     if (m_AlarmWidget != widget)

@@ -102,6 +102,8 @@ public:
     /// @{
     /// Raises \a widget as far as anything may be raised: above all but tool tips.
     void RaiseToBelowTooltips(QWidget* widget);
+    /// Raises \a widget to below the alarm, where that is a child of the screen, and tool tips.
+    void RaiseToBelowAlarm(QWidget* widget);
     /// Puts \a widget directly below the system tool bar; without one it keeps its place.
     void RaiseToBelowSystemToolbar(QWidget* widget);
     /// Puts \a widget directly below the navigation bar; without one it keeps its place.
@@ -230,7 +232,6 @@ private:
     bool IsAnyLockGlobal() const;
     void StackForGlobalLock(QWidget* anchor);
     void StackForLocalLock();
-    void RaiseToBelowAlarm(QWidget* widget);
     QWidget* LockAnchor() const;
     void ShowFlash();
     void SaveScreenShot(QString const& drive);

@@ -285,7 +285,8 @@ void TWindow::ShowWindow(bool modal)
     show();
 }
 
-// Re-parenting loses the position, so it is put back.
+// Re-parenting loses the position, so it is put back, and brings a window on top of all, where only the alarm
+// and tool tips belong.
 void TWindow::MoveToScreen()
 {
     if (parentWidget() || !MainScreen)
@@ -293,6 +294,7 @@ void TWindow::MoveToScreen()
     QPoint const position = pos();
     setParent(MainScreen);
     move(position);
+    MainScreen->RaiseToBelowAlarm(this);
 }
 
 void TWindow::LockParent()
