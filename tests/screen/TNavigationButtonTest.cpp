@@ -77,6 +77,7 @@ private Q_SLOTS:
         // Without an icon the place is that of one of 55 by 55.
         QTest::newRow("none") << QSize() << QPoint(2, -1);
         QTest::newRow("small") << QSize(30, 30) << QPoint(14, 11);
+        QTest::newRow("odd height") << QSize(30, 31) << QPoint(14, 11);
         QTest::newRow("odd") << QSize(31, 20) << QPoint(14, 16);
         QTest::newRow("as large as the button") << QSize(63, 63) << QPoint(-2, -5);
         QTest::newRow("scaled down") << QSize(630, 300) << QPoint(-2, 11);

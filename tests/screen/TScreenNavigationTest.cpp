@@ -367,6 +367,7 @@ private Q_SLOTS:
         stage.screen->UpdateNavBarSizes();
         stage.DragOff(stage.SpecialBar()->GetButton(id));
         QCOMPARE(stage.manager->GetFullViewId(), id);
+        QCOMPARE(stage.calls, (QStringList{"setup show"}));
         QVERIFY(stage.SpecialBar()->isVisible());
         QVERIFY(stage.Bar()->isVisible());
     }
@@ -477,20 +478,22 @@ private Q_SLOTS:
             stage.screen->AssignNavSpecialButton(SetupId(), QString(), nullptr, nullptr, ToolTip);
         for (int i = 0; i < hidden; ++i)
             stage.screen->SetNavActionButtonVisibility(ids[i], false);
-        stage.screen.m_Config.Write(CONFIG_BUTTON_SIZE, setting, false);
         stage.SpecialBar()->show();
+        stage.screen->UpdateNavBarSizes();
+        stage.screen.m_Config.Write(CONFIG_BUTTON_SIZE, setting, false);
         stage.screen->UpdateNavBarSizes();
         QCOMPARE(stage.SpecialBar()->geometry(), QRect(0, SCREEN_HEIGHT - total, 67, total));
         QCOMPARE(stage.Bar()->geometry(), QRect(0, 0, 67, SCREEN_HEIGHT - total));
         QVERIFY(stage.SpecialBar()->rect().contains(stage.SpecialBar()->GetButton(setup)->geometry()));
 
-        // The special bar continues the picture of the main bar.
-        QImage image(67, total, QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::green);
-        stage.SpecialBar()->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-        QCOMPARE(image, QImage(QStringLiteral(":/Images/Resources/NavigationBar.png"))
-                            .convertToFormat(QImage::Format_ARGB32_Premultiplied)
-                            .copy(0, SCREEN_HEIGHT - total, 67, total));
+        // The special bar continues the picture of the main bar. Each row of this one is a colour of its own.
+        QImage picture(67, SCREEN_HEIGHT, QImage::Format_RGB32);
+        for (int y = 0; y < SCREEN_HEIGHT; ++y)
+            std::fill_n(reinterpret_cast<QRgb*>(picture.scanLine(y)), 67, qRgb(y / 256, y % 256, 0));
+        stage.SpecialBar()->SetBackground(QSharedPointer<QPixmap>::create(QPixmap::fromImage(picture)));
+        QImage painted(67, total, QImage::Format_RGB32);
+        stage.SpecialBar()->render(&painted, QPoint(), QRegion(), QWidget::RenderFlags());
+        QCOMPARE(painted, picture.copy(0, SCREEN_HEIGHT - total, 67, total));
     }
 
     void withoutSetupTheMainBarTakesTheWholeEdge()
@@ -515,6 +518,8 @@ private Q_SLOTS:
         stage.screen->AssignNavSpecialButton(SetupId(), QString(), nullptr, nullptr, ToolTip);
         stage.screen->UpdateNavBarSizes();
         QCOMPARE(stage.Bar()->GetButton(a.id)->height(), ButtonHeight);
+        // Also while the setup hides it.
+        stage.Bar()->hide();
         stage.screen.m_Config.Write(CONFIG_BUTTON_SIZE, 2, false);
         stage.screen->UpdateNavBarSizes();
         QCOMPARE(stage.Bar()->GetButton(a.id)->height(), 94);

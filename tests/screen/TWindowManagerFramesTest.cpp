@@ -368,6 +368,22 @@ private Q_SLOTS:
         QVERIFY(!view.mini->isVisible());
     }
 
+    // As by a press on the setup's button with another finger, or by the wheel.
+    void aWindowThatIsTakenAwayUnderTheFingerSettles()
+    {
+        TViewStage stage;
+        TTestView const view = stage.AddStanding(QStringLiteral("a"));
+        stage.finger.Press({200, 100});
+        stage.finger.Move({200, 300});
+        stage.manager->HideAllMiniViews(false);
+        stage.finger.Move({200, 400});
+        stage.finger.Lift();
+        stage.manager->RestoreAllMiniViews();
+        stage.screen.FinishSlides();
+        QCOMPARE(stage.Slots(), QStringLiteral("|1|"));
+        QCOMPARE(view.mini->pos(), QPoint(InSlotX, SlotHeight));
+    }
+
     void aFingerLetsGoBeforeTheWindowIsAway()
     {
         TViewStage stage;

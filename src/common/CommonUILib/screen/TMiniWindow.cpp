@@ -1,9 +1,11 @@
 #include "TMiniWindow.h"
 
+#include "MainScreen.h"
 #include "Metrics.h"
 #include "PixmapNames.h"
 #include "TMiniWindowTitlebar.h"
 #include "TPushButton.h"
+#include "TScreen.h"
 
 #include <QMouseEvent>
 #include <QPointer>
@@ -201,10 +203,12 @@ void TMiniWindow::mouseReleaseEvent(QMouseEvent* event)
         Q_EMIT MiniWindowHideComplete(m_ViewId);
 }
 
-// Counted from the top of the screen, wherever that stands on a larger display.
+// Counted from the top of the screen, wherever that stands on a larger display. Not from the top-level
+// window: a window that was taken away under the finger is its own.
 int TMiniWindow::ScreenY(QMouseEvent const* event) const
 {
-    return qRound(event->screenPos().y()) - window()->mapToGlobal(QPoint(0, 0)).y();
+    int const top = MainScreen ? MainScreen->mapToGlobal(QPoint(0, 0)).y() : 0;
+    return qRound(event->screenPos().y()) - top;
 }
 
 void TMiniWindow::ClearGesture()
@@ -229,9 +233,8 @@ void TMiniWindow::showEvent(QShowEvent* event)
         HideMaximise();
 }
 
-// A window that vanishes under the finger never sees the release.
+// The gesture goes on: a window that is taken away under the finger still sees its release, and settles.
 void TMiniWindow::hideEvent(QHideEvent* event)
 {
     TWindow::hideEvent(event);
-    ClearGesture();
 }
