@@ -462,12 +462,29 @@ void TWindowManager::RestoreAllMiniViews()
     QList<int> const ids = m_Views.keys();
     for (int const id : ids)
         RestoreMiniView(id);
-    std::vector<QList<int>> const stacked = m_Slots;
-    for (QList<int> const& slot : stacked)
+    RestackMiniViews();
+}
+
+// Bottom to top: what slides away, the slots from the top of the screen downwards, each in the order of its
+// list, and what still settles. Windows that were raised one by one would stand in the order of their
+// raising.
+void TWindowManager::RestackMiniViews()
+{
+    auto const raiseAll = [this](std::initializer_list<EMiniViewState> states)
+    {
+        for (auto view = m_Views.constBegin(); view != m_Views.constEnd(); ++view)
+        {
+            if (std::find(states.begin(), states.end(), view->miniState) != states.end())
+                MiniWindowStackUnder(view.key(), m_NavigationBar);
+        }
+    };
+    raiseAll({MINI_VIEW_HIDING});
+    for (QList<int> const& slot : m_Slots)
     {
         for (int const id : slot)
             MiniWindowStackUnder(id, m_NavigationBar);
     }
+    raiseAll({MINI_VIEW_SETTLING_UP, MINI_VIEW_SETTLING_DOWN});
 }
 
 void TWindowManager::RestoreMiniView(int id)

@@ -144,6 +144,7 @@ private:
     void RestoreMiniView(int id);
     void TakeOutOfSlot(ViewDetails& view, int id);
     bool IsSlot(int slot) const;
+    void RestackMiniViews();
 
     void HideFullWindow(int id);
     void ShowView(int id);

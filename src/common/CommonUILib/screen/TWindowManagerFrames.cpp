@@ -146,7 +146,7 @@ void TWindowManager::Settle(ViewDetails& view, int id, int delta)
     if (view.elapsed >= SlideDuration)
     {
         FinishOpening(id);
-        MiniViewSafeRaise(id);
+        RestackMiniViews();
         return;
     }
     view.elapsed = std::min(view.elapsed + delta, SlideDuration);
