@@ -8,10 +8,10 @@ namespace
 constexpr int MaximumLength = 4 * 1024 * 1024;
 constexpr int MaximumDepth = 200;
 
-constexpr QLatin1String CommentOpening("<!--");
-constexpr QLatin1String CharactersOpening("<![CDATA[");
-constexpr QLatin1String InstructionOpening("<?");
-constexpr QLatin1String DocumentTypeOpening("<!DOCTYPE");
+QLatin1String const CommentOpening("<!--");
+QLatin1String const CharactersOpening("<![CDATA[");
+QLatin1String const InstructionOpening("<?");
+QLatin1String const DocumentTypeOpening("<!DOCTYPE");
 constexpr int LongestOpening = 9;
 
 // The place behind the next end, or the end of the text.
