@@ -2,6 +2,8 @@
 
 #include <QtMath>
 
+#include <cmath>
+
 TBoom::TEnds TBoom::EndsAt(QPointF const& antenna, double heading)
 {
     double const radians = qDegreesToRadians(heading);

@@ -8,9 +8,9 @@
 namespace TBoom
 {
 constexpr int SectionCount = 8;
-constexpr double SectionWidth = 3.0;                    ///< m
-constexpr double Width = SectionCount * SectionWidth;   ///< m
-constexpr double BehindAntenna = 2.5;                   ///< m
+constexpr double SectionWidth = 3.0;                  ///< m
+constexpr double Width = SectionCount * SectionWidth; ///< m
+constexpr double BehindAntenna = 2.5;                 ///< m
 
 /// The ends of the sections on the ground, from the far left to the far right.
 using TEnds = std::array<QPointF, SectionCount + 1>;

@@ -11,26 +11,35 @@ constexpr double LargestPiece = 200.0;
 // Where counting in tiles stays within an int.
 constexpr double FarthestMetre = 1e7;
 
-QPoint IndexOf(QPointF const& point)
+using TIndex = TCoverageMap::TIndex;
+
+TIndex IndexOf(QPointF const& point)
 {
     return {qFloor(point.x() / TileMetres), qFloor(point.y() / TileMetres)};
 }
 
-QPointF OriginOf(QPoint const& index)
+QPointF OriginOf(TIndex const& index)
 {
-    return {index.x() * TileMetres, index.y() * TileMetres};
+    return {index.first * TileMetres, index.second * TileMetres};
+}
+
+int Distance(TIndex const& a, TIndex const& b)
+{
+    return qAbs(a.first - b.first) + qAbs(a.second - b.second);
 }
 
 bool IsUsable(QRectF const& bounds)
 {
     return qIsFinite(bounds.left()) && qIsFinite(bounds.top()) && qAbs(bounds.left()) < FarthestMetre &&
-           qAbs(bounds.top()) < FarthestMetre && bounds.width() < LargestPiece && bounds.height() < LargestPiece;
+           qAbs(bounds.top()) < FarthestMetre && bounds.width() < LargestPiece &&
+           bounds.height() < LargestPiece;
 }
 } // namespace
 
 QColor TCoverageMap::Colour()
 {
-    return {64, 150, 72};
+    // Held exactly by the four bits that a tile has for each colour.
+    return {51, 119, 68};
 }
 
 void TCoverageMap::Add(QPolygonF const& ground)
@@ -38,13 +47,13 @@ void TCoverageMap::Add(QPolygonF const& ground)
     QRectF const bounds = ground.boundingRect();
     if (ground.isEmpty() || !IsUsable(bounds))
         return;
-    QPoint const first = IndexOf(bounds.topLeft());
-    QPoint const last = IndexOf(bounds.bottomRight());
-    for (int y = first.y(); y <= last.y(); ++y)
+    TIndex const first = IndexOf(bounds.topLeft());
+    TIndex const last = IndexOf(bounds.bottomRight());
+    for (int y = first.second; y <= last.second; ++y)
     {
-        for (int x = first.x(); x <= last.x(); ++x)
+        for (int x = first.first; x <= last.first; ++x)
         {
-            QPoint const index(x, y);
+            TIndex const index(x, y);
             QPainter painter(&TileAt(index));
             painter.scale(PixelsPerMetre, PixelsPerMetre);
             painter.translate(-OriginOf(index));
@@ -61,7 +70,8 @@ bool TCoverageMap::IsCovered(QPointF const& point) const
     if (tile == m_Tiles.constEnd())
         return false;
     QPointF const within = (point - OriginOf(tile.key())) * PixelsPerMetre;
-    QPoint const pixel(qBound(0, qFloor(within.x()), TileSide - 1), qBound(0, qFloor(within.y()), TileSide - 1));
+    QPoint const pixel(qBound(0, qFloor(within.x()), TileSide - 1),
+                       qBound(0, qFloor(within.y()), TileSide - 1));
     return qAlpha(tile->pixel(pixel)) != 0;
 }
 
@@ -70,7 +80,7 @@ void TCoverageMap::Clear()
     m_Tiles.clear();
 }
 
-QImage& TCoverageMap::TileAt(QPoint const& index)
+QImage& TCoverageMap::TileAt(TIndex const& index)
 {
     auto const found = m_Tiles.find(index);
     if (found != m_Tiles.end())
@@ -82,12 +92,12 @@ QImage& TCoverageMap::TileAt(QPoint const& index)
     return *m_Tiles.insert(index, tile);
 }
 
-void TCoverageMap::GiveUpFarthest(QPoint const& from)
+void TCoverageMap::GiveUpFarthest(TIndex const& from)
 {
     auto farthest = m_Tiles.begin();
     for (auto tile = m_Tiles.begin(); tile != m_Tiles.end(); ++tile)
     {
-        if ((tile.key() - from).manhattanLength() > (farthest.key() - from).manhattanLength())
+        if (Distance(tile.key(), from) > Distance(farthest.key(), from))
             farthest = tile;
     }
     m_Tiles.erase(farthest);

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QHash>
 #include <QImage>
-#include <QPoint>
+#include <QMap>
+#include <QPair>
 #include <QPolygonF>
 
 class QColor;
 class QPainter;
 
-/// What has been worked, as a picture of the ground in square tiles that come into being where the machine works. The memory is bounded:
-/// beyond MaxTiles the tile farthest from the newest one is given up.
+/// What has been worked, as a picture of the ground in square tiles that come into being where the machine
+/// works. The memory is bounded: beyond MaxTiles the tile farthest from the newest one is given up.
 class TCoverageMap
 {
 public:
@@ -19,7 +19,8 @@ public:
     /// About 78 hectares, in 24 MB.
     static constexpr int MaxTiles = 192;
 
-    /// Marks a piece of ground, in metres east and south. Pieces that are not finite or absurdly large are ignored.
+    /// Marks a piece of ground, in metres east and south. Pieces that are not finite or absurdly large are
+    /// ignored.
     void Add(QPolygonF const& ground);
     bool IsCovered(QPointF const& point) const;
     void Clear();
@@ -30,9 +31,12 @@ public:
 
     static QColor Colour();
 
-private:
-    QImage& TileAt(QPoint const& index);
-    void GiveUpFarthest(QPoint const& from);
+    /// Tiles count from the origin to the east and to the south.
+    using TIndex = QPair<int, int>;
 
-    QHash<QPoint, QImage> m_Tiles;
+private:
+    QImage& TileAt(TIndex const& index);
+    void GiveUpFarthest(TIndex const& from);
+
+    QMap<TIndex, QImage> m_Tiles;
 };

@@ -3,6 +3,7 @@
 #include <QtMath>
 
 #include <algorithm>
+#include <cmath>
 
 namespace
 {
@@ -73,8 +74,9 @@ TPose TFieldPath::At(double distance) const
         return {};
     double const around = std::fmod(distance, m_Length);
     double const along = around < 0.0 ? around + m_Length : around;
-    auto const after = std::upper_bound(m_Segments.begin(), m_Segments.end(), along,
-                                        [](double value, TSegment const& segment) { return value < segment.begin; });
+    auto const after =
+        std::upper_bound(m_Segments.begin(), m_Segments.end(), along,
+                         [](double value, TSegment const& segment) { return value < segment.begin; });
     TSegment const& segment = *std::prev(after);
     return Along(segment, along - segment.begin);
 }

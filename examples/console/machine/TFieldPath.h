@@ -15,8 +15,9 @@ struct TPose
 class TFieldPath
 {
 public:
-    /// Up and down the field on \a passes parallel rows (an even number) of \a length metres, \a spacing apart, with half turns at the
-    /// ends, and back along the headland to the start. Begins at the origin towards the north; the rows follow to the east.
+    /// Up and down the field on \a passes parallel rows (an even number) of \a length metres, \a spacing
+    /// apart, with half turns at the ends, and back along the headland to the start. Begins at the origin
+    /// towards the north; the rows follow to the east.
     static TFieldPath Rows(int passes, double length, double spacing);
 
     /// In metres.

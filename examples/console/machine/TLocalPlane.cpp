@@ -2,6 +2,8 @@
 
 #include <QtMath>
 
+#include <cmath>
+
 namespace
 {
 constexpr double MetresPerDegreeNorth = 111320.0;

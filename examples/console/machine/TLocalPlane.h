@@ -2,7 +2,8 @@
 
 #include <QPointF>
 
-/// A flat piece of the earth around an origin: metres east and south of it. Good for the few kilometres of a farm.
+/// A flat piece of the earth around an origin: metres east and south of it. Good for the few kilometres of a
+/// farm.
 class TLocalPlane
 {
 public:

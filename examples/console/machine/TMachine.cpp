@@ -3,6 +3,7 @@
 #include <QtMath>
 
 #include <algorithm>
+#include <cmath>
 
 namespace
 {
@@ -90,18 +91,28 @@ void TMachine::EnsureLines()
 void TMachine::Work(TBoom::TEnds const& ends, double distance)
 {
     for (int section = 0; section < TBoom::SectionCount; ++section)
+        m_IsFlowing[static_cast<size_t>(section)] = MayFlow(section, ends);
+    // Neighbours that flow cover one piece of ground together.
+    for (size_t left = 0; left < m_IsFlowing.size(); ++left)
     {
-        auto const i = static_cast<size_t>(section);
-        m_IsFlowing[i] = MayFlow(section, ends);
-        if (!m_IsFlowing[i])
+        if (!m_IsFlowing[left])
             continue;
-        QPolygonF const ground{m_Ends[i], m_Ends[i + 1], ends[i + 1], ends[i]};
-        m_Coverage.Add(ground);
-        double const area = TBoom::SectionWidth * distance / SquareMetresPerHectare;
-        m_AreaDone += area;
-        m_TankLitres = qMax(0.0, m_TankLitres - area * m_Rate);
-        Q_EMIT Covered(ground);
+        size_t right = left;
+        while (right < m_IsFlowing.size() && m_IsFlowing[right])
+            ++right;
+        Cover(QVector<QPointF>{m_Ends[left], m_Ends[right], ends[right], ends[left]},
+              static_cast<double>(right - left) * distance);
+        left = right;
     }
+}
+
+void TMachine::Cover(QPolygonF const& ground, double sectionMetres)
+{
+    m_Coverage.Add(ground);
+    double const area = TBoom::SectionWidth * sectionMetres / SquareMetresPerHectare;
+    m_AreaDone += area;
+    m_TankLitres = qMax(0.0, m_TankLitres - area * m_Rate);
+    Q_EMIT Covered(ground);
 }
 
 bool TMachine::MayFlow(int section, TBoom::TEnds const& ends) const
@@ -187,6 +198,7 @@ void TMachine::SetRate(int litresPerHectare)
 double TMachine::FlowPerMinute() const
 {
     auto const flowing = std::count(m_IsFlowing.begin(), m_IsFlowing.end(), true);
-    double const squareMetres = static_cast<double>(flowing) * TBoom::SectionWidth * m_Fix.speed * SecondsPerMinute;
+    double const squareMetres =
+        static_cast<double>(flowing) * TBoom::SectionWidth * m_Fix.speed * SecondsPerMinute;
     return squareMetres / SquareMetresPerHectare * m_Rate;
 }

@@ -10,7 +10,8 @@
 #include <array>
 #include <memory>
 
-/// The tractor with its sprayer, as all modules see it: where it is, what is switched on, what is in the tank and what has been covered.
+/// The tractor with its sprayer, as all modules see it: where it is, what is switched on, what is in the tank
+/// and what has been covered.
 class TMachine : public QObject
 {
     Q_OBJECT
@@ -74,6 +75,7 @@ private:
     void EnsurePlane();
     void EnsureLines();
     void Work(TBoom::TEnds const& ends, double distance);
+    void Cover(QPolygonF const& ground, double sectionMetres);
     bool MayFlow(int section, TBoom::TEnds const& ends) const;
     double SignedDistance(int* line) const;
     void StopFlow();

@@ -5,14 +5,16 @@
 #include <QByteArray>
 #include <QIODevice>
 
-/// Stands between a stream of bytes and the parser of positions, and lets only undamaged sentences through, one for each line. Bytes
-/// come in by Push(), as a link delivers them, or are pulled from a file a sentence at a time.
+/// Stands between a stream of bytes and the parser of positions, and lets only undamaged sentences through,
+/// one for each line. Bytes come in by Push(), as a link delivers them, or are pulled from a file a sentence
+/// at a time.
 class TNmeaFeed : public QIODevice
 {
     Q_OBJECT
 
 public:
-    /// Bytes of sentences that wait to be read; when the reader falls behind that far, newer ones are dropped.
+    /// Bytes of sentences that wait to be read; when the reader falls behind that far, newer ones are
+    /// dropped.
     static constexpr int MaxWaiting = 64 * 1024;
 
     TNmeaFeed() = default;

@@ -12,6 +12,8 @@
 
 #include <sys/stat.h>
 
+#include <cmath>
+
 namespace
 {
 constexpr int AgeCheckInterval = 500;
@@ -23,7 +25,7 @@ bool ParseTcp(QString const& text, TNmeaOrigin* origin)
 {
     int const colon = text.lastIndexOf(QLatin1Char(':'));
     bool isNumber = false;
-    int const port = text.mid(colon + 1).toInt(&isNumber);
+    int const port = text.midRef(colon + 1).toInt(&isNumber);
     QString host = text.left(qMax(0, colon));
     if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']')))
         host = host.mid(1, host.size() - 2);

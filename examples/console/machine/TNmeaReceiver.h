@@ -29,13 +29,13 @@ struct TNmeaOrigin
     quint16 port = 0;
     int baudRate = 0;
 
-    /// Understands "tcp:HOST:PORT", with an IPv6 address in brackets, and paths of files and devices. False, with the reason in \a error,
-    /// for what is none of them.
+    /// Understands "tcp:HOST:PORT", with an IPv6 address in brackets, and paths of files and devices. False,
+    /// with the reason in \a error, for what is none of them.
     static bool Parse(QString const& text, int baudRate, TNmeaOrigin* origin, QString* error);
 };
 
-/// A GNSS receiver that speaks NMEA 0183. Whatever is wrong, noise, a lost link, a recording at its end, shows as "no fix"; a link that
-/// broke is opened again every two seconds.
+/// A GNSS receiver that speaks NMEA 0183. Whatever is wrong, noise, a lost link, a recording at its end,
+/// shows as "no fix"; a link that broke is opened again every two seconds.
 class TNmeaReceiver : public IPositionSource
 {
     Q_OBJECT

@@ -2,8 +2,9 @@
 
 #include <QByteArray>
 
-/// Finds the whole and undamaged NMEA 0183 sentences in a stream of bytes. Everything else, comments, noise, halves of lines, sentences
-/// without a checksum or with a wrong one, is dropped and counted. Never holds more than one sentence.
+/// Finds the whole and undamaged NMEA 0183 sentences in a stream of bytes. Everything else, comments, noise,
+/// halves of lines, sentences without a checksum or with a wrong one, is dropped and counted. Never holds
+/// more than one sentence.
 class TNmeaSentenceReader
 {
 public:

@@ -42,7 +42,8 @@ QVector<TSatellite> TNmeaSource::Satellites() const
     return all;
 }
 
-bool TNmeaSource::parsePosInfoFromNmeaData(char const* data, int size, QGeoPositionInfo* position, bool* hasFix)
+bool TNmeaSource::parsePosInfoFromNmeaData(char const* data, int size, QGeoPositionInfo* position,
+                                           bool* hasFix)
 {
     QByteArray sentence = QByteArray(data, size).trimmed();
     sentence.truncate(qMax(0, sentence.lastIndexOf('*')));

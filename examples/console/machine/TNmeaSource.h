@@ -6,7 +6,8 @@
 #include <QNmeaPositionInfoSource>
 #include <QVector>
 
-/// Qt's parser of positions, which also keeps what it does not report itself: quality, dilution and satellites.
+/// Qt's parser of positions, which also keeps what it does not report itself: quality, dilution and
+/// satellites.
 class TNmeaSource : public QNmeaPositionInfoSource
 {
     Q_OBJECT
@@ -21,7 +22,8 @@ public:
     QVector<TSatellite> Satellites() const;
 
 protected:
-    bool parsePosInfoFromNmeaData(char const* data, int size, QGeoPositionInfo* position, bool* hasFix) override;
+    bool parsePosInfoFromNmeaData(char const* data, int size, QGeoPositionInfo* position,
+                                  bool* hasFix) override;
 
 private:
     void TakeFixData(QList<QByteArray> const& fields);

@@ -5,6 +5,8 @@
 
 #include <QtMath>
 
+#include <cmath>
+
 namespace
 {
 constexpr int FixInterval = 100;
@@ -72,7 +74,8 @@ TFix TSimulatedTractor::FixAt(qint64 elapsed) const
 
     TFix fix;
     fix.quality = FIX_RTK;
-    m_Plane.ToDegrees(pose.position + QPointF(std::sin(across), -std::cos(across)) * swing, &fix.latitude, &fix.longitude);
+    m_Plane.ToDegrees(pose.position + QPointF(std::sin(across), -std::cos(across)) * swing, &fix.latitude,
+                      &fix.longitude);
     fix.altitude = Altitude + UpwardDrift * std::sin(surge);
     fix.heading = pose.heading;
     fix.speed = Speed + Surge * std::cos(surge) * 2.0 * M_PI * 1000.0 / SurgePeriod;
@@ -90,7 +93,7 @@ QVector<TSatellite> TSimulatedTractor::Satellites() const
 QVector<TSatellite> TSimulatedTractor::SatellitesAt(qint64 elapsed) const
 {
     QVector<TSatellite> satellites;
-    int const turned = static_cast<int>(elapsed / SkyPeriod);
+    int const turned = static_cast<int>(elapsed / SkyPeriod % static_cast<int>(FullTurn));
     for (TSatellite satellite : Sky)
     {
         satellite.azimuth = (satellite.azimuth + turned) % static_cast<int>(FullTurn);
@@ -109,12 +112,12 @@ TField TSimulatedTractor::KnownField() const
     double const half = TBoom::Width / 2.0;
     double const east = (Passes - 1) * TBoom::Width + half;
     TField field;
-    field.boundary = QPolygonF{{-half, Headland},
-                               {east, Headland},
-                               {east + Headland, -RowLength / 2.0},
-                               {east, -RowLength - Headland},
-                               {east / 2.0, -RowLength - 1.4 * Headland},
-                               {-half, -RowLength - Headland}};
+    field.boundary = QVector<QPointF>{{-half, Headland},
+                                      {east, Headland},
+                                      {east + Headland, -RowLength / 2.0},
+                                      {east, -RowLength - Headland},
+                                      {east / 2.0, -RowLength - 1.4 * Headland},
+                                      {-half, -RowLength - Headland}};
     field.workArea = QPolygonF(QRectF(QPointF(-half, -RowLength), QPointF(east, 0.0)));
     field.hasLines = true;
     return field;

@@ -5,8 +5,8 @@
 
 #include <QTimer>
 
-/// A tractor that sprays a field for ever, row by row. Where it is follows from the time since the start alone, so that two runs show
-/// the same.
+/// A tractor that sprays a field for ever, row by row. Where it is follows from the time since the start
+/// alone, so that two runs show the same.
 class TSimulatedTractor : public IPositionSource
 {
     Q_OBJECT

@@ -1,0 +1,67 @@
+#include "TConsole.h"
+
+#include "CommonUI.h"
+#include "ConfigManager.h"
+#include "TCameraModule.h"
+#include "TConsoleOptions.h"
+#include "TDiagnosticsModule.h"
+#include "TGnssModule.h"
+#include "TGuidanceModule.h"
+#include "TNmeaReceiver.h"
+#include "TScreen.h"
+#include "TSetupModule.h"
+#include "TSimulatedTractor.h"
+#include "TSprayerModule.h"
+#include "TWindowManager.h"
+
+namespace
+{
+std::unique_ptr<IPositionSource> MakeSource(TConsoleOptions const& options)
+{
+    if (options.nmea)
+        return std::make_unique<TNmeaReceiver>(*options.nmea);
+    return std::make_unique<TSimulatedTractor>();
+}
+
+// Read by the windows when they are built.
+void SetToolkitOptions()
+{
+    CommonUIOptions options = CommonUI::GetCommonUIOptions();
+    options.dashboardEnabled = false;
+    options.viewChangeSoundEnabled = true;
+    CommonUI::SetCommonUIOptions(options);
+}
+} // namespace
+
+TConsole::TConsole(TConsoleOptions const& options, QString const& dataFolder)
+    : m_Machine(MakeSource(options))
+{
+    SetToolkitOptions();
+    m_Shell = std::make_unique<TConsoleShell>(dataFolder);
+    AddModules();
+}
+
+void TConsole::AddModules()
+{
+    m_Shell->AddModule(std::make_unique<TGuidanceModule>(m_Machine));
+    m_Shell->AddModule(std::make_unique<TSprayerModule>(&m_Machine));
+    m_Shell->AddModule(std::make_unique<TGnssModule>(m_Machine));
+    m_Shell->AddModule(std::make_unique<TCameraModule>(m_Machine, Screen()->GetCameraOverlayManager()));
+    m_Shell->AddModule(std::make_unique<TDiagnosticsModule>(Screen()));
+    m_Shell->AddModule(std::make_unique<TSetupModule>());
+}
+
+void TConsole::StartMachine()
+{
+    m_Machine.Start();
+}
+
+void TConsole::Start()
+{
+    bool const isFirstStart = ConfigManager::Instance()->Read(CONFIG_LAYOUT_SNAPSHOT).toString().isEmpty();
+    m_Shell->Start(TGuidanceModule::Id());
+    if (!isFirstStart)
+        return;
+    for (KVN::MorvaneID const& id : {TSprayerModule::Id(), TGnssModule::Id()})
+        Screen()->GetWindowManager()->OnShowMiniView(Screen()->GetNavButtonID(id));
+}

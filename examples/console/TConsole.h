@@ -1,0 +1,33 @@
+#pragma once
+
+#include "TConsoleShell.h"
+#include "TMachine.h"
+
+#include <QString>
+
+#include <memory>
+
+struct TConsoleOptions;
+class TScreen;
+
+/// The console as a whole: the machine, the shell and all modules. GUI thread only.
+class TConsole
+{
+public:
+    TConsole(TConsoleOptions const& options, QString const& dataFolder);
+
+    /// Lets the machine begin, without a screen to show it.
+    void StartMachine();
+    /// Shows the screen; where there is no layout to bring back, with a choice of mini windows.
+    void Start();
+
+    TConsoleShell& Shell() { return *m_Shell; }
+    TScreen* Screen() const { return m_Shell->GetScreen(); }
+    TMachine& Machine() { return m_Machine; }
+
+private:
+    void AddModules();
+
+    TMachine m_Machine;
+    std::unique_ptr<TConsoleShell> m_Shell;
+};

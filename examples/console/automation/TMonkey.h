@@ -1,0 +1,44 @@
+#pragma once
+
+#include "TVirtualOperator.h"
+
+#include <QMap>
+#include <QRandomGenerator>
+#include <QString>
+
+class TScreen;
+class TVirtualTime;
+
+/// Plays with the console: taps, drags, flicks, wheel and keys without sense, the same for the same seed.
+/// After each step it checks what must hold on the screen.
+class TMonkey
+{
+public:
+    TMonkey(TScreen* screen, TVirtualTime* time, quint32 seed);
+
+    /// Does \a steps steps. Empty when all held, else the step and what broke.
+    QString Play(int steps);
+    /// What was done how often.
+    QString Summary() const;
+
+private:
+    void Step();
+    void TapAButton();
+    void TapSomewhere();
+    void DragSomewhere();
+    void DragAWindow();
+    void FlickOffTheBar();
+    void TurnTheWheel();
+    void PressAKey();
+    void Wait();
+    void WaitLong();
+
+    QPoint AnyPoint();
+    int Any(int below) { return static_cast<int>(m_Random.bounded(static_cast<quint32>(below))); }
+
+    TScreen* m_Screen;
+    TVirtualTime* m_Time;
+    QRandomGenerator m_Random;
+    TVirtualOperator m_Operator;
+    QMap<QString, int> m_Done;
+};

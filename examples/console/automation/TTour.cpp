@@ -1,0 +1,249 @@
+#include "TTour.h"
+
+#include "Metrics.h"
+#include "TCameraModule.h"
+#include "TConsole.h"
+#include "TDiagnosticsModule.h"
+#include "TGnssModule.h"
+#include "TGuidanceModule.h"
+#include "TPushButton.h"
+#include "TScreen.h"
+#include "TSetupModule.h"
+#include "TSprayerModule.h"
+#include "TVirtualTime.h"
+#include "TWindowManager.h"
+
+#include <QDir>
+
+namespace
+{
+// Every slide and every press has come to its end by then, and the live values have been taken up.
+constexpr int SettleTime = 500;
+constexpr int HalfSlide = 80;
+constexpr int DragSteps = 12;
+constexpr int WheelNotch = 120;
+// Longer than a level that is gone stays in the way of the one below it.
+constexpr int WideStep = 700;
+constexpr int MostLevels = 20;
+
+// A point in the lower part of the mini window in \a slot, off its buttons.
+QPoint GripOf(int slot)
+{
+    constexpr int Inset = 6;
+    return {NAVBAR_WIDTH + Inset, (slot + 1) * MINI_WINDOW_SIZE - Inset};
+}
+
+QPoint MaximiseButtonOf(int slot)
+{
+    constexpr int Inset = 16;
+    return {NAVBAR_WIDTH + MINI_WINDOW_SIZE - Inset, slot * MINI_WINDOW_SIZE + Inset};
+}
+} // namespace
+
+TTour::TTour(TConsole* console, TVirtualTime* time, QString const& folder)
+    : m_Console(console)
+    , m_Time(time)
+    , m_Folder(folder)
+    , m_Operator(console->Screen(), [time](int ms) { time->Pass(ms); })
+{
+}
+
+QString TTour::Run()
+{
+    if (!QDir().mkpath(m_Folder))
+        return QStringLiteral("the folder %1 cannot be made").arg(m_Folder);
+    Settle();
+    Picture(QStringLiteral("start"));
+    ShowMiniWindows();
+    DragMiniWindows();
+    ShowFullViews();
+    ShowCamera();
+    ShowWheel();
+    ShowSetup();
+    ShowDiagnostics();
+    return m_Failure;
+}
+
+void TTour::ShowMiniWindows()
+{
+    PressNavigation(TCameraModule::Id());
+    m_Time->Pass(HalfSlide);
+    Picture(QStringLiteral("mini-window-sliding"));
+    Settle();
+    Picture(QStringLiteral("slots-full"));
+    PressNavigation(TGuidanceModule::Id());
+    Settle();
+    Picture(QStringLiteral("fourth-window-on-top"));
+    PressNavigation(TGuidanceModule::Id());
+    Settle();
+    PressNavigation(TGnssModule::Id());
+    Settle();
+    Picture(QStringLiteral("linked-window"));
+}
+
+void TTour::DragMiniWindows()
+{
+    QPoint const from = GripOf(0);
+    QPoint const to = from + QPoint(0, MINI_WINDOW_SIZE * 3 / 2);
+    m_Operator.Press(from);
+    for (int step = 1; step <= DragSteps; ++step)
+    {
+        m_Time->Pass(TVirtualOperator::StepTime);
+        m_Operator.MoveTo(from + (to - from) * step / DragSteps);
+    }
+    m_Time->Pass(TVirtualOperator::StepTime);
+    Picture(QStringLiteral("window-dragged"));
+    m_Operator.Release();
+    Settle();
+    Picture(QStringLiteral("window-dropped"));
+}
+
+void TTour::ShowFullViews()
+{
+    // The sprayer's small window goes up into the full view; that of the guidance comes in its place.
+    m_Operator.Tap(MaximiseButtonOf(0));
+    m_Time->Pass(HalfSlide);
+    Picture(QStringLiteral("views-swapping"));
+    Settle();
+    PressButton(QStringLiteral("section-7"));
+    PressButton(QStringLiteral("section-8"));
+    Settle();
+    Picture(QStringLiteral("sprayer"));
+    DragOffRight(TGnssModule::Id());
+    Settle();
+    Picture(QStringLiteral("position"));
+    DragOffRight(TGuidanceModule::Id());
+    Settle();
+    PressButton(QStringLiteral("icon-zoom-in"));
+    Settle();
+    Picture(QStringLiteral("guidance-sections-off"));
+    PressButton(QStringLiteral("icon-zoom-out"));
+    PressButton(QStringLiteral("icon-zoom-out"));
+    Settle();
+    Picture(QStringLiteral("guidance-far"));
+}
+
+void TTour::ShowCamera()
+{
+    DragOffRight(TCameraModule::Id());
+    Settle();
+    Picture(QStringLiteral("camera"));
+    PressButton(QStringLiteral("camera-brightness"));
+    Settle();
+    Picture(QStringLiteral("camera-stands-aside"));
+    PressButton(QStringLiteral("icon-tick-larger"));
+    DragOffRight(TGuidanceModule::Id());
+    Settle();
+}
+
+void TTour::ShowWheel()
+{
+    for (int notch = 0; notch < 2; ++notch)
+    {
+        m_Operator.Wheel(-WheelNotch);
+        m_Time->Pass(WideStep);
+    }
+    Picture(QStringLiteral("wheel-in-the-view"));
+    // Back through the views that were entered, to the level of the screen itself.
+    for (int level = 0; level < MostLevels; ++level)
+    {
+        m_Operator.Key(Qt::Key_Escape);
+        m_Time->Pass(WideStep);
+    }
+    m_Operator.Wheel(WheelNotch);
+    m_Time->Pass(WideStep);
+    Picture(QStringLiteral("wheel-on-the-screen"));
+    m_Operator.Key(Qt::Key_Return);
+    m_Time->Pass(WideStep);
+    m_Operator.Wheel(-WheelNotch);
+    m_Time->Pass(WideStep);
+    Picture(QStringLiteral("wheel-in-a-window"));
+}
+
+void TTour::ShowSetup()
+{
+    TScreen* const screen = m_Console->Screen();
+    Press(screen->GetSpecialNavigationButton(screen->GetNavButtonID(TSetupModule::Id())),
+          QStringLiteral("the setup"));
+    Settle();
+    Picture(QStringLiteral("setup-sound"));
+    PressButton(QStringLiteral("setup-page-1"));
+    Settle();
+    PressButton(QStringLiteral("Large"));
+    Settle();
+    Picture(QStringLiteral("setup-display"));
+    PressButton(QStringLiteral("setup-page-2"));
+    Settle();
+    Picture(QStringLiteral("setup-system"));
+    PressButton(QStringLiteral("icon-tick-larger"));
+    Settle();
+    Picture(QStringLiteral("large-buttons"));
+}
+
+void TTour::ShowDiagnostics()
+{
+    TScreen* const screen = m_Console->Screen();
+    QWidget* const button =
+        screen->GetSpecialNavigationButton(screen->GetNavButtonID(TDiagnosticsModule::Id()));
+    Press(button, QStringLiteral("the diagnostics"));
+    Settle();
+    Picture(QStringLiteral("diagnostics"));
+    Press(button, QStringLiteral("the way back from the diagnostics"));
+    Settle();
+    Picture(QStringLiteral("back-again"));
+}
+
+void TTour::Picture(QString const& name)
+{
+    QString const file =
+        QStringLiteral("%1/%2-%3.png").arg(m_Folder).arg(++m_Number, 2, 10, QLatin1Char('0')).arg(name);
+    if (!m_Console->Screen()->grab().save(file, "PNG"))
+        Fail(QStringLiteral("%1 cannot be written").arg(file));
+}
+
+void TTour::Press(QWidget* button, QString const& what)
+{
+    if (!m_Operator.Tap(button))
+        Fail(QStringLiteral("%1 cannot be pressed before picture %2").arg(what).arg(m_Number + 1));
+}
+
+void TTour::PressButton(QString const& objectName)
+{
+    auto const buttons = m_Console->Screen()->GetCurrentCanvas()->findChildren<TPushButton*>(objectName);
+    for (TPushButton* const button : buttons)
+    {
+        if (button->isVisible())
+        {
+            Press(button, objectName);
+            return;
+        }
+    }
+    Fail(QStringLiteral("there is no button %1 before picture %2").arg(objectName).arg(m_Number + 1));
+}
+
+void TTour::PressNavigation(KVN::MorvaneID const& id)
+{
+    TScreen* const screen = m_Console->Screen();
+    Press(screen->GetNavButton(screen->GetNavButtonID(id)), QStringLiteral("a navigation button"));
+}
+
+void TTour::DragOffRight(KVN::MorvaneID const& id)
+{
+    TScreen* const screen = m_Console->Screen();
+    QPoint const from = m_Operator.MiddleOf(screen->GetNavButton(screen->GetNavButtonID(id)));
+    m_Operator.Drag(from, from + QPoint(2 * NAVBAR_WIDTH, 0), DragSteps);
+    if (screen->GetWindowManager()->GetFullViewId() != screen->GetNavButtonID(id))
+        Fail(QStringLiteral("a drag off the bar brought no full view before picture %1").arg(m_Number + 1));
+}
+
+void TTour::Settle()
+{
+    m_Time->Pass(SettleTime);
+}
+
+// The first one counts; what follows may follow from it.
+void TTour::Fail(QString const& reason)
+{
+    if (m_Failure.isEmpty())
+        m_Failure = reason;
+}

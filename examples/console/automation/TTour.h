@@ -1,0 +1,49 @@
+#pragma once
+
+#include "TVirtualOperator.h"
+
+#include <QString>
+
+class TConsole;
+class TPushButton;
+class TVirtualTime;
+
+namespace KVN
+{
+class MorvaneID;
+}
+
+/// Walks through the console by its own buttons and gestures, and takes a picture of each state. The same
+/// pictures in every run.
+class TTour
+{
+public:
+    TTour(TConsole* console, TVirtualTime* time, QString const& folder);
+
+    /// Empty when everything could be shown, else what could not.
+    QString Run();
+
+private:
+    void ShowMiniWindows();
+    void DragMiniWindows();
+    void ShowFullViews();
+    void ShowCamera();
+    void ShowWheel();
+    void ShowSetup();
+    void ShowDiagnostics();
+
+    void Picture(QString const& name);
+    void Press(QWidget* button, QString const& what);
+    void PressButton(QString const& objectName);
+    void PressNavigation(KVN::MorvaneID const& id);
+    void DragOffRight(KVN::MorvaneID const& id);
+    void Settle();
+    void Fail(QString const& reason);
+
+    TConsole* m_Console;
+    TVirtualTime* m_Time;
+    QString m_Folder;
+    TVirtualOperator m_Operator;
+    int m_Number = 0;
+    QString m_Failure;
+};

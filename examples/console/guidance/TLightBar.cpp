@@ -1,0 +1,66 @@
+#include "TLightBar.h"
+
+#include "ConsoleText.h"
+#include "Palette.h"
+
+#include <QPainter>
+
+namespace
+{
+constexpr int LightsPerSide = 7;
+constexpr int CentimetresPerLight = 5;
+constexpr int GreenLights = 2;
+constexpr int YellowLights = 4;
+constexpr int NumberWidth = 92;
+constexpr int NumberSize = 26;
+constexpr int Gap = 3;
+constexpr int Margin = 6;
+
+QColor const DarkLight(58, 62, 68);
+
+QColor LightColor(int distance)
+{
+    if (distance <= GreenLights)
+        return {90, 220, 100};
+    return distance <= YellowLights ? QColor(245, 205, 60) : QColor(240, 70, 60);
+}
+} // namespace
+
+TLightBar::TLightBar(QWidget* parent)
+    : QWidget(parent)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void TLightBar::SetOffset(double metres, bool isKnown)
+{
+    int const centimetres = isKnown ? qRound(metres * 100.0) : 0;
+    if (centimetres == m_Centimetres && isKnown == m_IsKnown)
+        return;
+    m_Centimetres = centimetres;
+    m_IsKnown = isKnown;
+    update();
+}
+
+void TLightBar::paintEvent(QPaintEvent* event)
+{
+    Q_UNUSED(event)
+    QPainter painter(this);
+    ConsoleText::DrawSurface(&painter, rect());
+    QRect const number((width() - NumberWidth) / 2, 0, NumberWidth, height());
+    QString const text = m_IsKnown ? tr("%1 cm").arg(qAbs(m_Centimetres)) : QStringLiteral("–");
+    ConsoleText::Draw(&painter, number, Qt::AlignCenter, text, NumberSize, regularTextColor);
+
+    int const lightWidth = (number.left() - Margin) / LightsPerSide;
+    int const lit =
+        qMin(LightsPerSide, (qAbs(m_Centimetres) + CentimetresPerLight / 2) / CentimetresPerLight);
+    for (int light = 1; light <= LightsPerSide; ++light)
+    {
+        bool const isLit = light <= lit;
+        QRect const left(number.left() - light * lightWidth, Margin, lightWidth - Gap, height() - 2 * Margin);
+        QRect const right(number.right() + 1 + (light - 1) * lightWidth + Gap, left.top(), left.width(),
+                          left.height());
+        painter.fillRect(left, isLit && m_Centimetres < 0 ? LightColor(light) : DarkLight);
+        painter.fillRect(right, isLit && m_Centimetres > 0 ? LightColor(light) : DarkLight);
+    }
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "TCanvas.h"
+#include "TMapView.h"
+
+/// The canvas of the guidance: the moving map in the room that bars and mini windows leave.
+class TMapCanvas : public TCanvas
+{
+    Q_OBJECT
+
+public:
+    explicit TMapCanvas(TMachine const& machine);
+
+    /// Takes up where the machine is and how much room there is.
+    void Follow();
+    void SetZoomLevel(int level);
+    int ZoomLevel() const { return m_Map.ZoomLevel(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void OnCovered(QPolygonF const& ground);
+
+    TMapView m_Map;
+};

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "IConsoleModule.h"
+#include "MorvaneID.h"
+#include "TCanvas.h"
+#include "TSetupWindow.h"
+
+/// The setup of the console, which takes the whole screen.
+class TSetupModule : public IConsoleModule
+{
+public:
+    TSetupModule();
+
+    static KVN::MorvaneID Id();
+    void RegisterViews(TScreen* screen) override;
+
+private:
+    TCanvas m_Canvas;
+    TSetupWindow m_Window;
+};

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "TFullWindow.h"
+
+#include <QVector>
+
+class TChoiceRow;
+class TTablePanel;
+class TValueField;
+
+/// The setup: pages of settings over the whole screen. It takes effect at once; closing it brings the last
+/// view back.
+class TSetupWindow : public TFullWindow
+{
+    Q_OBJECT
+
+public:
+    explicit TSetupWindow(QWidget* canvas);
+
+    void Setup() override;
+    bool OnMMIBack() override;
+    void SaveXMLStateSnapshot(QDomElement element) override;
+    void RestoreXMLStateSnapshot(QDomElement element) override;
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    enum EPage
+    {
+        PAGE_SOUND,
+        PAGE_DISPLAY,
+        PAGE_SYSTEM,
+        PAGE_COUNT
+    };
+
+    void MakePageButtons();
+    void MakeSoundPage(QWidget* page);
+    void MakeDisplayPage(QWidget* page);
+    void MakeSystemPage(QWidget* page);
+    void ShowPage(int page);
+    void StepVolume(int step);
+    void Sync();
+    void Arrange();
+
+    int m_Page = PAGE_SOUND;
+    QVector<TPushButton*> m_PageButtons;
+    QVector<QWidget*> m_Pages;
+    TChoiceRow* m_SoundRow = nullptr;
+    TPushButton* m_Quieter = nullptr;
+    TPushButton* m_Louder = nullptr;
+    TValueField* m_Volume = nullptr;
+    TChoiceRow* m_ButtonSizeRow = nullptr;
+    TTablePanel* m_About = nullptr;
+    TPushButton* m_SwitchOff = nullptr;
+};

@@ -1,0 +1,26 @@
+#include "TSprayerModule.h"
+
+#include "PixmapNames.h"
+#include "TScreen.h"
+
+#include <QCoreApplication>
+
+TSprayerModule::TSprayerModule(TMachine* machine)
+    : m_Canvas(nullptr)
+    , m_FullWindow(&m_Canvas, machine)
+    , m_MiniWindow(machine)
+{
+    m_Canvas.SetBackground(PixmapNames::BkgControllers800x600);
+}
+
+KVN::MorvaneID TSprayerModule::Id()
+{
+    return KVN::MorvaneID(QUuid(QStringLiteral("{5c7f0f0e-4b35-4d2e-8d0a-2f3e6b9a7c14}")));
+}
+
+void TSprayerModule::RegisterViews(TScreen* screen)
+{
+    screen->AssignNavButton(
+        Id(), QStringLiteral("icon-sprayer"), &m_MiniWindow, &m_Canvas, &m_FullWindow,
+        QCoreApplication::translate("TSprayerModule", "Sprayer: sections, tank and rate"));
+}

@@ -1,0 +1,64 @@
+#include "TTankGauge.h"
+
+#include "ConsoleText.h"
+#include "Palette.h"
+#include "TMachine.h"
+
+#include <QPainter>
+
+namespace
+{
+constexpr int Frame = 3;
+constexpr int LitresSize = 22;
+// Below this share the tank is nearly empty.
+constexpr double LowShare = 0.15;
+
+QColor const EmptyColor(20, 22, 25);
+QColor const FullColor(16, 92, 148);
+QColor const LowColor(150, 52, 36);
+} // namespace
+
+TTankGauge::TTankGauge(QWidget* parent, TMachine const& machine, Qt::Orientation orientation)
+    : QWidget(parent)
+    , m_Machine(machine)
+    , m_Orientation(orientation)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void TTankGauge::Sync()
+{
+    int const litres = qRound(m_Machine.TankLitres());
+    QRect const fluid = FluidRect();
+    if (litres == m_Litres && fluid == m_Fluid)
+        return;
+    m_Litres = litres;
+    m_Fluid = fluid;
+    update();
+}
+
+QRect TTankGauge::FluidRect() const
+{
+    QRect const room = rect().adjusted(Frame, Frame, -Frame, -Frame);
+    double const share = m_Machine.TankLitres() / TMachine::TankSize;
+    if (m_Orientation == Qt::Horizontal)
+        return {room.left(), room.top(), qRound(room.width() * share), room.height()};
+    int const height = qRound(room.height() * share);
+    return {room.left(), room.bottom() + 1 - height, room.width(), height};
+}
+
+bool TTankGauge::IsLow() const
+{
+    return m_Machine.TankLitres() < LowShare * TMachine::TankSize;
+}
+
+void TTankGauge::paintEvent(QPaintEvent* event)
+{
+    Q_UNUSED(event)
+    QPainter painter(this);
+    ConsoleText::DrawSurface(&painter, rect());
+    painter.fillRect(rect().adjusted(Frame, Frame, -Frame, -Frame), EmptyColor);
+    painter.fillRect(FluidRect(), IsLow() ? LowColor : FullColor);
+    ConsoleText::Draw(&painter, rect(), Qt::AlignCenter, tr("%1 l").arg(qRound(m_Machine.TankLitres())),
+                      LitresSize, regularTextColor);
+}

@@ -1,0 +1,195 @@
+#include "TMachine.h"
+
+#include "TestCase.h"
+#include "TestSource.h"
+
+namespace
+{
+/// A machine that a test drives.
+struct TDrive
+{
+    explicit TDrive(TField const& field = {})
+        : source(new TTestSource)
+    {
+        source->m_Field = field;
+        machine = std::make_unique<TMachine>(std::unique_ptr<IPositionSource>(source));
+    }
+
+    /// North from (0, 0), a metre at a time.
+    void North(int metres)
+    {
+        for (int i = 0; i <= metres; ++i)
+            source->Say({0.0, double(-i)}, 0.0);
+    }
+    bool IsCovered(double east, double south) const { return machine->Coverage().IsCovered({east, south}); }
+
+    TTestSource* source;
+    std::unique_ptr<TMachine> machine;
+};
+
+constexpr double LeftOfSection0 = -TBoom::Width / 2.0 + TBoom::SectionWidth / 2.0;
+} // namespace
+
+class TMachineTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theDriveCoversTheWidthOfTheBoom()
+    {
+        TDrive drive;
+        drive.North(20);
+        QVERIFY(drive.IsCovered(LeftOfSection0, -5.0));
+        QVERIFY(drive.IsCovered(-LeftOfSection0, -5.0));
+        QVERIFY(!drive.IsCovered(TBoom::Width / 2.0 + 1.0, -5.0));
+        // 20 m times the boom, and the tank paid for it.
+        QVERIFY(qAbs(drive.machine->AreaDone() - 20.0 * TBoom::Width / 10000.0) < 1e-6);
+        double const used = TMachine::TankSize * 0.8 - drive.machine->TankLitres();
+        QVERIFY(qAbs(used - drive.machine->AreaDone() * drive.machine->Rate()) < 1e-6);
+    }
+
+    void aSectionThatIsOffCoversNothing()
+    {
+        TDrive drive;
+        drive.machine->SetSectionOn(0, false);
+        drive.North(20);
+        QVERIFY(!drive.IsCovered(LeftOfSection0, -5.0));
+        QVERIFY(drive.IsCovered(LeftOfSection0 + TBoom::SectionWidth, -5.0));
+        QVERIFY(!drive.machine->IsFlowing(0));
+        QVERIFY(drive.machine->IsFlowing(1));
+    }
+
+    void theMasterSwitchStopsAll()
+    {
+        TDrive drive;
+        QSignalSpy switched(drive.machine.get(), &TMachine::SwitchesChanged);
+        drive.machine->SetMasterOn(false);
+        drive.machine->SetMasterOn(false);
+        QCOMPARE(switched.count(), 1);
+        drive.North(20);
+        QCOMPARE(drive.machine->AreaDone(), 0.0);
+        QCOMPARE(drive.machine->FlowPerMinute(), 0.0);
+    }
+
+    void coveredGroundIsNotSprayedAgain()
+    {
+        TDrive drive;
+        drive.North(20);
+        double const once = drive.machine->AreaDone();
+        drive.source->SayNothing();
+        drive.North(15);
+        QCOMPARE(drive.machine->AreaDone(), once);
+        QVERIFY(!drive.machine->IsFlowing(3));
+    }
+
+    void outsideOfTheWorkAreaNothingFlows()
+    {
+        TField field;
+        field.workArea = QPolygonF(QRectF(-100.0, -200.0, 200.0, 190.0));
+        TDrive drive(field);
+        drive.North(30);
+        QVERIFY(!drive.IsCovered(0.5, -8.0));
+        QVERIFY(drive.IsCovered(0.5, -15.0));
+    }
+
+    void anEmptyTankStopsTheFlow()
+    {
+        TDrive drive;
+        drive.machine->SetRate(TMachine::LargestRate);
+        for (int i = 0; drive.machine->TankLitres() > 0.0 && i < 20000; ++i)
+            drive.source->Say({0.0, -10.0 * i}, 0.0);
+        QCOMPARE(drive.machine->TankLitres(), 0.0);
+        double const area = drive.machine->AreaDone();
+        drive.North(20);
+        QCOMPARE(drive.machine->AreaDone(), area);
+        drive.machine->FillTank();
+        QCOMPARE(drive.machine->TankLitres(), TMachine::TankSize);
+    }
+
+    void aLostFixStopsTheFlowAndLeavesNoStripe()
+    {
+        TDrive drive;
+        drive.North(10);
+        QVERIFY(drive.machine->IsFlowing(3));
+        drive.source->SayNothing();
+        QVERIFY(!drive.machine->IsFlowing(3));
+        QVERIFY(!drive.machine->Fix().IsValid());
+        drive.source->Say({0.0, -25.0}, 0.0);
+        drive.source->Say({0.0, -26.0}, 0.0);
+        QVERIFY(!drive.IsCovered(0.5, -15.0));
+        QVERIFY(drive.IsCovered(0.5, -23.0));
+    }
+
+    void aJumpLeavesNoStripe()
+    {
+        TDrive drive;
+        drive.source->Say({0.0, 0.0}, 0.0);
+        drive.source->Say({0.0, -100.0}, 0.0);
+        drive.source->Say({0.0, -101.0}, 0.0);
+        QVERIFY(!drive.IsCovered(0.5, -50.0));
+        QVERIFY(drive.IsCovered(0.5, -98.0));
+    }
+
+    void aMachineThatStandsKeepsItsHeading()
+    {
+        TDrive drive;
+        drive.source->Say({0.0, 0.0}, 45.0);
+        drive.source->Say({0.0, 0.0}, 210.0, 0.1);
+        QCOMPARE(drive.machine->Heading(), 45.0);
+    }
+
+    void besideTheLineIsToldAlongTheDrive_data()
+    {
+        QTest::addColumn<double>("east");
+        QTest::addColumn<double>("heading");
+        QTest::addColumn<double>("offset");
+        QTest::addColumn<int>("line");
+        QTest::newRow("right of the first line") << 0.4 << 0.0 << 0.4 << 0;
+        QTest::newRow("the same driven back") << 0.4 << 180.0 << -0.4 << 0;
+        QTest::newRow("left of the third line") << 2 * TBoom::Width - 0.3 << 0.0 << -0.3 << 2;
+        QTest::newRow("west of the origin") << -TBoom::Width + 0.2 << 0.0 << 0.2 << -1;
+    }
+
+    void besideTheLineIsToldAlongTheDrive()
+    {
+        QFETCH(double, east);
+        QFETCH(double, heading);
+        QFETCH(double, offset);
+        QFETCH(int, line);
+        TField field;
+        field.hasLines = true;
+        TDrive drive(field);
+        drive.source->Say({east, 0.0}, heading);
+        QVERIFY(qAbs(drive.machine->OffLine() - offset) < 1e-6);
+        QCOMPARE(drive.machine->NearestLine(), line);
+    }
+
+    void withoutAFieldTheFirstDriveLaysTheLines()
+    {
+        TDrive drive;
+        drive.source->Say({5.0, 5.0}, 90.0, 0.0);
+        QVERIFY(!drive.machine->Field().hasLines);
+        drive.source->Say({5.0, 5.0}, 90.0);
+        QVERIFY(drive.machine->Field().hasLines);
+        drive.source->Say({15.0, 6.0}, 90.0);
+        QVERIFY(qAbs(drive.machine->OffLine() - 1.0) < 1e-6);
+    }
+
+    void rateAndSectionsAreHeldToTheirRanges()
+    {
+        TDrive drive;
+        drive.machine->SetRate(-5);
+        QCOMPARE(drive.machine->Rate(), TMachine::SmallestRate);
+        drive.machine->SetRate(1000000);
+        QCOMPARE(drive.machine->Rate(), TMachine::LargestRate);
+        QSignalSpy switched(drive.machine.get(), &TMachine::SwitchesChanged);
+        drive.machine->SetSectionOn(-1, false);
+        drive.machine->SetSectionOn(TBoom::SectionCount, false);
+        QCOMPARE(switched.count(), 0);
+        QVERIFY(!drive.machine->IsSectionOn(-1));
+        QVERIFY(!drive.machine->IsFlowing(TBoom::SectionCount));
+    }
+};
+
+COMMONUI_TEST(TMachineTest)
+#include "TMachineTest.moc"

@@ -1,0 +1,121 @@
+#include "ScreenInvariants.h"
+
+#include "TCanvas.h"
+#include "TConsole.h"
+#include "TConsoleOptions.h"
+#include "TestCase.h"
+#include "TMiniWindow.h"
+#include "TModalWidget.h"
+#include "TScreen.h"
+#include "TVirtualTime.h"
+
+#include <QTemporaryDir>
+
+namespace
+{
+constexpr int SettleTime = 500;
+
+/// A console as it stands after its first start.
+struct TStage
+{
+    TStage()
+        : console(TConsoleOptions(), folder.path())
+    {
+        console.StartMachine();
+        console.Start();
+        time.Pass(SettleTime);
+    }
+
+    TMiniWindow* MiniWindow() const { return console.Screen()->findChild<TMiniWindow*>(); }
+
+    QTemporaryDir folder;
+    TVirtualTime time;
+    TConsole console;
+};
+} // namespace
+
+/// A rule that cannot be broken would let everything pass.
+class TScreenInvariantsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aStartedConsoleIsInOrder()
+    {
+        TStage stage;
+        QCOMPARE(BrokenInvariant(stage.console.Screen()), QString());
+    }
+
+    void aWindowAboveTheBarIsSeen()
+    {
+        TStage stage;
+        stage.MiniWindow()->raise();
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("above the navigation bar")));
+    }
+
+    void aWindowOutOfItsPlaceIsSeen()
+    {
+        TStage stage;
+        stage.MiniWindow()->move(stage.MiniWindow()->pos() + QPoint(0, 1));
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("stands at")));
+    }
+
+    void aWindowThatTakesNoTouchIsSeen()
+    {
+        TStage stage;
+        stage.MiniWindow()->setAttribute(Qt::WA_TransparentForMouseEvents);
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("no touch")));
+    }
+
+    void aWindowThatVanishedFromItsSlotIsSeen()
+    {
+        TStage stage;
+        stage.MiniWindow()->hide();
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("not on the screen")));
+    }
+
+    void aSecondCanvasIsSeen()
+    {
+        TStage stage;
+        TCanvas second(stage.console.Screen());
+        second.show();
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("canvases")));
+    }
+
+    void aRaisedCanvasIsSeen()
+    {
+        TStage stage;
+        stage.console.Screen()->GetCurrentCanvas()->raise();
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("not the lowest")));
+    }
+
+    void aSecondTopLevelWindowIsSeen()
+    {
+        TStage stage;
+        QWidget second;
+        second.show();
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("top-level")));
+    }
+
+    void aHiddenBarIsSeen()
+    {
+        TStage stage;
+        stage.console.Screen()->SetCurrentCanvas(stage.console.Screen()->GetCurrentCanvas(), false);
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("bar is hidden")));
+    }
+
+    void aLockWithoutAnOwnerIsSeen()
+    {
+        TStage stage;
+        QWidget hidden(stage.console.Screen());
+        stage.console.Screen()->AddLockingWidget({&hidden, QString(), 1, {}});
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("hidden widget locks")));
+        stage.console.Screen()->RemoveLockingWidget(&hidden);
+        QCOMPARE(BrokenInvariant(stage.console.Screen()), QString());
+        stage.console.Screen()->GetModalWidget()->show();
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("without a lock")));
+    }
+};
+
+COMMONUI_TEST(TScreenInvariantsTest)
+#include "TScreenInvariantsTest.moc"
