@@ -30,6 +30,7 @@ readonly LINT_PACKAGES=(
     clang-tidy
     clazy
     git
+    libbenchmark-dev
 )
 
 # say LINE...: to the operator, beside whatever a tool prints.
