@@ -47,11 +47,14 @@ if(COMMONUI_COVERAGE)
 endif()
 
 option(COMMONUI_LINT "Compile with the clazy plugin and clang-tidy; the compiler must be clang" OFF)
+# Checks that clazy leaves out in a folder and those below it, each as ",no-CHECK".
+define_property(DIRECTORY PROPERTY COMMONUI_CLAZY_EXCEPT INHERITED)
+define_property(TARGET PROPERTY COMMONUI_CLAZY_EXCEPT INHERITED)
 if(COMMONUI_LINT)
     # Properties here are read by style sheets and animations; NOTIFY would serve QML alone.
     add_compile_options(-Wsuggest-override -Wzero-as-null-pointer-constant
         "SHELL:-Xclang -load -Xclang ClazyPlugin.so" "SHELL:-Xclang -add-plugin -Xclang clazy"
-        "SHELL:-Xclang -plugin-arg-clazy -Xclang level0,level1,no-qproperty-without-notify")
+        "SHELL:-Xclang -plugin-arg-clazy -Xclang level0,level1,no-qproperty-without-notify$<TARGET_PROPERTY:COMMONUI_CLAZY_EXCEPT>")
     set(CMAKE_CXX_CLANG_TIDY clang-tidy --quiet
         "--header-filter=^${CMAKE_SOURCE_DIR}/(src|tests|examples|benchmarks|tools)/")
     # What tools generate follows no style: clazy passes it over, and clang-tidy finds a check that it cannot fail.

@@ -763,7 +763,7 @@ void TBaseToolBarTest::stripIsHeldToItsEnds()
     QSignalSpy dragged(strip, &TBaseToolBar::dragged);
     for (int const delta : qAsConst(deltas))
         strip->dragButtons(delta);
-    QTEST(Starts(strip, layout == 0).first(), "start");
+    QTEST(Starts(strip, layout == 0).constFirst(), "start");
     QTEST(dragged.count(), "moves");
 }
 
@@ -994,7 +994,7 @@ void TBaseToolBarTest::wheelBringsTheButtonIn()
     LetDrag(strip);
     strip->dragButtons(before);
     strip->OnMMIHighlightChild(strip->GetButton(id));
-    QTEST(Starts(strip, layout == 0).first(), "start");
+    QTEST(Starts(strip, layout == 0).constFirst(), "start");
     strip->OnMMIHighlightChild(nullptr);
 }
 

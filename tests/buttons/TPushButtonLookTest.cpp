@@ -11,7 +11,7 @@ constexpr QPoint Corner(4, 4);
 
 QColor Mixed(QColor const& above, QColor const& below, double opacity)
 {
-    auto const mix = [opacity](int a, int b) { return int(a * opacity + b * (1 - opacity) + 0.5); };
+    auto const mix = [opacity](int a, int b) { return qRound(a * opacity + b * (1 - opacity)); };
     return {mix(above.red(), below.red()), mix(above.green(), below.green()),
             mix(above.blue(), below.blue())};
 }

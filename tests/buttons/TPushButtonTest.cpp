@@ -231,12 +231,13 @@ void TPushButtonTest::startsWithTheWheelsGlowOffAndAWidthOfItsLiking()
 void TPushButtonTest::touchGivesPressedReleasedClickedInThisOrder()
 {
     TPushButton* const button = Shown();
+    QObject const listener;
     QStringList order;
-    connect(button, &TPushButton::Pressed, this,
+    connect(button, &TPushButton::Pressed, &listener,
             [&](int id) { order << QStringLiteral("pressed %1").arg(id); });
-    connect(button, &TPushButton::Released, this,
+    connect(button, &TPushButton::Released, &listener,
             [&](int id) { order << QStringLiteral("released %1").arg(id); });
-    connect(button, &TPushButton::Clicked, this,
+    connect(button, &TPushButton::Clicked, &listener,
             [&](int id) { order << QStringLiteral("clicked %1").arg(id); });
 
     Finger().Press(ButtonRect.center());
@@ -251,9 +252,10 @@ void TPushButtonTest::touchGivesPressedReleasedClickedInThisOrder()
 void TPushButtonTest::clickedComesBeforeOtherSlotsOfTheClick()
 {
     TPushButton* const button = Shown();
+    QObject const listener;
     QStringList order;
-    connect(button, &QAbstractButton::clicked, this, [&] { order << QStringLiteral("other"); });
-    connect(button, &TPushButton::Clicked, this, [&] { order << QStringLiteral("own"); });
+    connect(button, &QAbstractButton::clicked, &listener, [&] { order << QStringLiteral("other"); });
+    connect(button, &TPushButton::Clicked, &listener, [&] { order << QStringLiteral("own"); });
     Finger().Tap(*button);
     QCOMPARE(order, QStringList({QStringLiteral("own"), QStringLiteral("other")}));
 }
@@ -261,8 +263,9 @@ void TPushButtonTest::clickedComesBeforeOtherSlotsOfTheClick()
 void TPushButtonTest::soundComesAfterClicked()
 {
     TPushButton* const button = Shown();
+    QObject const listener;
     int playedAtClick = -1;
-    connect(button, &TPushButton::Clicked, this, [&] { playedAtClick = m_Screen->Played().size(); });
+    connect(button, &TPushButton::Clicked, &listener, [&] { playedAtClick = m_Screen->Played().size(); });
     Finger().Tap(*button);
     QCOMPARE(playedAtClick, 0);
     QCOMPARE(m_Screen->Played(), QVector<int>({SOUND_BUTTON_PRESS}));

@@ -44,7 +44,8 @@ private:
 void TToolBarTest::fiveButtonsStartDisabledWithoutFocus()
 {
     QCOMPARE(Buttons().size(), 5);
-    for (TPushButton const* const button : Buttons())
+    QList<TPushButton*> const buttons = Buttons();
+    for (TPushButton const* const button : buttons)
     {
         QVERIFY(!button->isEnabled());
         QCOMPARE(button->focusPolicy(), Qt::NoFocus);
@@ -73,7 +74,7 @@ void TToolBarTest::firstKeyDecidesTheHalf()
     QVERIFY(m_Bar->GetButton(first));
     for (int i = 0; i < 5; ++i)
     {
-        QCOMPARE(m_Bar->GetButton(row[i]), Buttons()[i]);
+        QCOMPARE(m_Bar->GetButton(row[i]), Buttons().at(i));
         QVERIFY(!m_Bar->GetButton(others[i]));
     }
     for (int const key : {0, -1, 47, 58, 65})
@@ -84,16 +85,16 @@ void TToolBarTest::otherKeysDecideNothing()
 {
     for (int const key : {0, -1, 47, 58, 65})
         QVERIFY(!m_Bar->GetButton(key));
-    QCOMPARE(m_Bar->GetButton('0'), Buttons()[4]);
+    QCOMPARE(m_Bar->GetButton('0'), Buttons().at(4));
 }
 
 void TToolBarTest::iconEnablesAndItsRemovalDisables()
 {
     m_Bar->SetIcon('2', m_Screen->AddImage(QStringLiteral("icon"), Qt::red), ICON_TYPE_STANDARD);
-    TPushButton const* const button = Buttons()[1];
+    TPushButton const* const button = Buttons().at(1);
     QVERIFY(button->isEnabled());
     QCOMPARE(button->GetIconSize(), QSize(20, 20));
-    QVERIFY(!Buttons()[0]->isEnabled());
+    QVERIFY(!Buttons().at(0)->isEnabled());
     m_Bar->RemoveIcon('2');
     QVERIFY(!button->isEnabled());
     QCOMPARE(button->GetIconSize(), QSize());
@@ -102,14 +103,14 @@ void TToolBarTest::iconEnablesAndItsRemovalDisables()
 void TToolBarTest::textIsSetWithoutEnabling()
 {
     m_Bar->SetText('6', QStringLiteral("Six"));
-    QCOMPARE(Buttons()[0]->GetText(), QStringLiteral("Six"));
-    QVERIFY(!Buttons()[0]->isEnabled());
+    QCOMPARE(Buttons().at(0)->GetText(), QStringLiteral("Six"));
+    QVERIFY(!Buttons().at(0)->isEnabled());
 }
 
 void TToolBarTest::keyHoldsTheButtonDown()
 {
     m_Bar->SetIcon('3', QString(), ICON_TYPE_STANDARD);
-    TPushButton* const button = Buttons()[2];
+    TPushButton* const button = Buttons().at(2);
     QSignalSpy pressed(button, &TPushButton::Pressed);
     QSignalSpy clicked(button, &TPushButton::Clicked);
     m_Bar->ButtonPress('3');
@@ -126,11 +127,11 @@ void TToolBarTest::keyHoldsTheButtonDown()
 
 void TToolBarTest::keyOfADisabledButtonDoesNothing()
 {
-    QSignalSpy pressed(Buttons()[0], &TPushButton::Pressed);
+    QSignalSpy pressed(Buttons().at(0), &TPushButton::Pressed);
     m_Bar->ButtonPress('1');
     m_Bar->ButtonRelease('1');
     QCoreApplication::processEvents();
-    QVERIFY(!Buttons()[0]->isDown());
+    QVERIFY(!Buttons().at(0)->isDown());
     QCOMPARE(pressed.count(), 0);
 }
 
@@ -142,19 +143,21 @@ void TToolBarTest::foreignKeysDoNothing()
     m_Bar->RemoveIcon('7');
     m_Bar->ButtonPress('7');
     m_Bar->ButtonRelease('7');
-    for (TPushButton const* const button : Buttons())
+    QList<TPushButton*> const buttons = Buttons();
+    for (TPushButton const* const button : buttons)
     {
         QVERIFY(!button->isDown());
         QCOMPARE(button->GetText(), QString());
     }
-    QVERIFY(Buttons()[0]->isEnabled());
-    QVERIFY(!Buttons()[1]->isEnabled());
+    QVERIFY(Buttons().at(0)->isEnabled());
+    QVERIFY(!Buttons().at(1)->isEnabled());
 }
 
 void TToolBarTest::paintsNothing()
 {
     m_Bar->setStyleSheet(QStringLiteral("background: red"));
-    for (TPushButton* const button : Buttons())
+    QList<TPushButton*> const buttons = Buttons();
+    for (TPushButton* const button : buttons)
         button->hide();
     QCOMPARE(m_Window->grab().toImage().pixelColor(10, 10), QColor(Qt::blue));
 }

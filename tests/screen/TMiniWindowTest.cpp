@@ -9,6 +9,9 @@
 
 #include <QSignalSpy>
 
+using TPath = QList<QPoint>;
+Q_DECLARE_METATYPE(TPath)
+
 namespace
 {
 constexpr int Width = 268;
@@ -74,10 +77,49 @@ TMiniWindowTitlebar* TitlebarOf(TMiniWindow* mini)
 {
     return mini->findChild<TMiniWindowTitlebar*>();
 }
-} // namespace
+struct TGesture
+{
+    char const* name;
+    TPath path;
+    QStringList expected;
+};
 
-using TPath = QList<QPoint>;
-Q_DECLARE_METATYPE(TPath)
+QList<TGesture> Gestures()
+{
+    return {
+        {"left past the edge", {{-1, 100}}, {"hide 7 0", "hidden 7 0"}},
+        {"left to the edge", {{0, 100}}, {}},
+        {"left further", {{-1, 100}, {-30, 100}, {-60, 100}}, {"hide 7 0", "hidden 7 0"}},
+        {"up past the edge", {{100, -1}}, {"up 7 255", "done 7 255"}},
+        {"up to the edge", {{100, 0}}, {}},
+        {"up, every move",
+         {{100, -1}, {100, -40}, {100, -90}},
+         {"up 7 255", "up 7 216", "up 7 166", "done 7 166"}},
+        {"down past the edge", {{100, 257}}, {"down 7 513", "done 7 513"}},
+        {"down to the edge", {{100, 256}}, {}},
+        {"up and down", {{100, -5}, {100, 300}}, {"up 7 251", "down 7 556", "done 7 556"}},
+        {"up and back", {{100, -5}, {100, 50}}, {"up 7 251", "done 7 306"}},
+        {"right past the edge", {{269, 100}, {400, 100}}, {"maximise 7 0"}},
+        {"right to the edge", {{268, 100}}, {}},
+        {"right, back and right again",
+         {{269, 100}, {100, 100}, {400, 100}},
+         {"maximise 7 0", "maximise 7 0"}},
+        {"up, then left", {{100, -5}, {-50, -5}}, {"up 7 251", "up 7 251", "done 7 251"}},
+        {"up, in, then left", {{100, -5}, {100, 100}, {-50, 100}}, {"up 7 251", "done 7 356"}},
+        {"up, then right", {{100, -5}, {400, -5}, {400, 100}}, {"up 7 251", "up 7 251", "done 7 356"}},
+        {"up and left at once", {{-5, -5}}, {"up 7 251", "done 7 251"}},
+        {"down and right at once", {{300, 300}}, {"down 7 556", "done 7 556"}},
+        {"left, then up", {{-5, 100}, {-5, -50}}, {"hide 7 0", "hidden 7 0"}},
+        {"left, in, then up", {{-5, 100}, {50, 100}, {50, -50}}, {"hide 7 0", "hidden 7 0"}},
+        {"left, in, then left", {{-5, 100}, {50, 100}, {-5, 100}}, {"hide 7 0", "hide 7 0", "hidden 7 0"}},
+        {"left, in, then right", {{-5, 100}, {50, 100}, {400, 100}}, {"hide 7 0", "hidden 7 0"}},
+        {"right, then up", {{300, 100}, {300, -5}, {100, -5}}, {"maximise 7 0"}},
+        {"right, in, then down", {{300, 100}, {100, 100}, {100, 300}}, {"maximise 7 0"}},
+        {"right, in, then left", {{300, 100}, {100, 100}, {-5, 100}}, {"maximise 7 0"}},
+        {"within", {{100, 100}, {101, 130}, {60, 150}}, {}},
+    };
+}
+} // namespace
 
 class TMiniWindowTest : public QObject
 {
@@ -222,46 +264,7 @@ private Q_SLOTS:
                                      {"button", QPoint(80, 80)},
                                      {"hide button", QPoint(20, 15)},
                                      {"title", QPoint(150, 15)}};
-        struct TGesture
-        {
-            char const* name;
-            TPath path;
-            QStringList expected;
-        };
-        QList<TGesture> const gestures = {
-            {"left past the edge", {{-1, 100}}, {"hide 7 0", "hidden 7 0"}},
-            {"left to the edge", {{0, 100}}, {}},
-            {"left further", {{-1, 100}, {-30, 100}, {-60, 100}}, {"hide 7 0", "hidden 7 0"}},
-            {"up past the edge", {{100, -1}}, {"up 7 255", "done 7 255"}},
-            {"up to the edge", {{100, 0}}, {}},
-            {"up, every move",
-             {{100, -1}, {100, -40}, {100, -90}},
-             {"up 7 255", "up 7 216", "up 7 166", "done 7 166"}},
-            {"down past the edge", {{100, 257}}, {"down 7 513", "done 7 513"}},
-            {"down to the edge", {{100, 256}}, {}},
-            {"up and down", {{100, -5}, {100, 300}}, {"up 7 251", "down 7 556", "done 7 556"}},
-            {"up and back", {{100, -5}, {100, 50}}, {"up 7 251", "done 7 306"}},
-            {"right past the edge", {{269, 100}, {400, 100}}, {"maximise 7 0"}},
-            {"right to the edge", {{268, 100}}, {}},
-            {"right, back and right again",
-             {{269, 100}, {100, 100}, {400, 100}},
-             {"maximise 7 0", "maximise 7 0"}},
-            {"up, then left", {{100, -5}, {-50, -5}}, {"up 7 251", "up 7 251", "done 7 251"}},
-            {"up, in, then left", {{100, -5}, {100, 100}, {-50, 100}}, {"up 7 251", "done 7 356"}},
-            {"up, then right", {{100, -5}, {400, -5}, {400, 100}}, {"up 7 251", "up 7 251", "done 7 356"}},
-            {"up and left at once", {{-5, -5}}, {"up 7 251", "done 7 251"}},
-            {"down and right at once", {{300, 300}}, {"down 7 556", "done 7 556"}},
-            {"left, then up", {{-5, 100}, {-5, -50}}, {"hide 7 0", "hidden 7 0"}},
-            {"left, in, then up", {{-5, 100}, {50, 100}, {50, -50}}, {"hide 7 0", "hidden 7 0"}},
-            {"left, in, then left",
-             {{-5, 100}, {50, 100}, {-5, 100}},
-             {"hide 7 0", "hide 7 0", "hidden 7 0"}},
-            {"left, in, then right", {{-5, 100}, {50, 100}, {400, 100}}, {"hide 7 0", "hidden 7 0"}},
-            {"right, then up", {{300, 100}, {300, -5}, {100, -5}}, {"maximise 7 0"}},
-            {"right, in, then down", {{300, 100}, {100, 100}, {100, 300}}, {"maximise 7 0"}},
-            {"right, in, then left", {{300, 100}, {100, 100}, {-5, 100}}, {"maximise 7 0"}},
-            {"within", {{100, 100}, {101, 130}, {60, 150}}, {}},
-        };
+        QList<TGesture> const gestures = Gestures();
         for (TStart const& start : Starts)
         {
             for (TGesture const& gesture : gestures)

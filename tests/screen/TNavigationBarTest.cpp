@@ -172,8 +172,9 @@ private Q_SLOTS:
         QCOMPARE(down->geometry().bottom(), SCREEN_HEIGHT - 1);
 
         int clicks = 0;
+        QObject const listener;
         for (int id = 0; id < 20; ++id)
-            connect(bar->GetButton(id), &TPushButton::Clicked, this, [&clicks] { ++clicks; });
+            connect(bar->GetButton(id), &TPushButton::Clicked, &listener, [&clicks] { ++clicks; });
         stage.finger.Press({30, 400});
         stage.finger.Move({{30, 350}, {30, 300}, {30, 250}});
         stage.finger.Lift();

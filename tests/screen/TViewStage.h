@@ -206,7 +206,8 @@ public:
         for (int slot = 0; slot < TWindowManager::GetSlotCount(); ++slot)
         {
             QStringList ids;
-            for (int const id : manager->GetSlot(slot))
+            auto const held = manager->GetSlot(slot);
+            for (int const id : held)
                 ids.append(QString::number(id));
             slotTexts.append(ids.join(QLatin1Char(' ')));
         }

@@ -414,9 +414,10 @@ private Q_SLOTS:
         button.setGeometry(20, 20, 100, 100);
         button.show();
         int clicks = 0;
+        QObject const listener;
         QList<TPushButton*> const buttons = view.mini->findChildren<TPushButton*>();
         for (TPushButton* const each : buttons)
-            connect(each, &QAbstractButton::clicked, this, [&clicks] { ++clicks; });
+            connect(each, &QAbstractButton::clicked, &listener, [&clicks] { ++clicks; });
         stage.finger.Press(start);
         stage.finger.Move({InSlotX + 269, start.y()});
         QCOMPARE(stage.manager->GetFullViewId(), view.id);

@@ -267,7 +267,7 @@ private Q_SLOTS:
         TTestView const a = stage.AddStanding(QStringLiteral("a"), VIEW_ALL);
         TTestView const b = stage.AddStanding(QStringLiteral("b"));
         a.full->m_Save = [&](QDomElement) { delete a.mini; };
-        QCOMPARE(Lines(stage.manager->GetStateSnapshotXML()).last(),
+        QCOMPARE(Lines(stage.manager->GetStateSnapshotXML()).constLast(),
                  QStringLiteral("  ActiveMiniview SlotNumber=1 TargetName=") + b.name);
     }
 
@@ -935,14 +935,14 @@ void TWindowManagerSnapshotsTest::hostileLayouts()
 void TWindowManagerSnapshotsTest::manyElementsAreReadInTime_data()
 {
     QTest::addColumn<QString>("text");
-    int const count = 40000;
+    constexpr int count = 40000;
     QString const places = Repeated(QStringLiteral("<ActiveMiniview SlotNumber='0' TargetName='x'/>"), count);
     QTest::newRow("places") << Layout(places);
     QTest::newRow("places and windows of other names")
         << Layout(places, Repeated(QStringLiteral("<MiniView TargetName='y'/>"), count));
     QTest::newRow("places and windows of one name")
         << Layout(places, Repeated(QStringLiteral("<MiniView TargetName='x'/>"), count));
-    QTest::newRow("attributes") << [count]
+    QTest::newRow("attributes") << []
     {
         QString text = QStringLiteral("<Windows ");
         for (int i = 0; i < count; ++i)

@@ -529,7 +529,8 @@ private Q_SLOTS:
         QVERIFY(view.mini->isVisible());
         stage.screen.FinishSlides();
         QVERIFY(!view.mini->isVisible());
-        for (QLabel const* const shadow : Shadows(stage))
+        auto const shadows = Shadows(stage);
+        for (QLabel const* const shadow : shadows)
             QVERIFY(!shadow->isVisible());
     }
 
@@ -760,7 +761,8 @@ private Q_SLOTS:
         QCOMPARE(stage.State(a), MINI_VIEW_SHOWN);
         stage.manager->ShowMiniWindow(a.id);
         QVERIFY(a.mini->isVisible());
-        for (QLabel const* const shadow : Shadows(stage))
+        auto const shadows = Shadows(stage);
+        for (QLabel const* const shadow : shadows)
             QVERIFY(shadow->isVisible());
     }
 

@@ -62,7 +62,8 @@ private:
     // A mini window slides from behind the bar.
     QString MiniWindowFault() const
     {
-        for (QWidget const* const bar : Bars())
+        auto const bars = Bars();
+        for (QWidget const* const bar : bars)
         {
             for (QWidget* const widget : m_Shown)
             {
@@ -96,7 +97,8 @@ private:
     {
         if (Layer(last) >= 0 && !IsDirectlyAbove(last, fade))
             return QStringLiteral("the fade is not directly below the locking widget");
-        for (QWidget const* const bar : Bars())
+        auto const bars = Bars();
+        for (QWidget const* const bar : bars)
         {
             if (Layer(bar) > Layer(fade))
                 return QStringLiteral("a bar is above the fade");
