@@ -247,6 +247,42 @@ private Q_SLOTS:
         QVERIFY(!stage.screen->GetNavButton(20));
     }
 
+    void theWorkerIgnoresANegativeId()
+    {
+        TAssigningStage stage;
+        TTestView const a = stage.Make(QStringLiteral("a"), VIEW_MINI);
+        stage.screen->AssignNavButton(Id(1), -2, QString(), a.mini, nullptr, nullptr, ToolTip, 0, false, -1);
+        stage.screen->NavButtonAdded(Id(1), -2);
+        QVERIFY(!stage.screen->GetNavButton(-2));
+        QVERIFY(stage.screen->GetAllNavButtonIDs().isEmpty());
+        stage.screen->RemoveNavButton(Id(1));
+    }
+
+    void theWorkerTakesOneBehaviourForLinked_data()
+    {
+        QTest::addColumn<int>("behaviour");
+        QTest::addColumn<bool>("linked");
+        QTest::newRow("single") << 0 << false;
+        QTest::newRow("linked") << 1 << true;
+        QTest::newRow("unknown") << 2 << false;
+        QTest::newRow("negative") << -1 << false;
+    }
+
+    void theWorkerTakesOneBehaviourForLinked()
+    {
+        QFETCH(int, behaviour);
+        QFETCH(bool, linked);
+        TAssigningStage stage;
+        TTestView const a = stage.Make(QStringLiteral("a"), VIEW_MINI);
+        TTestView const b = stage.Make(QStringLiteral("b"), VIEW_MINI);
+        stage.screen->AssignNavButton(Id(1), 5, QString(), a.mini, nullptr, nullptr, ToolTip, behaviour,
+                                      false, 6);
+        stage.screen->AssignNavButton(Id(2), 6, QString(), b.mini, nullptr, nullptr, ToolTip, 0, false, -1);
+        stage.Press(5);
+        stage.Press(5);
+        QCOMPARE(stage.Slots(), linked ? QStringLiteral("5|6|") : QStringLiteral("||"));
+    }
+
     // Order
 
     void buttonsStandInTheWishedOrder_data()

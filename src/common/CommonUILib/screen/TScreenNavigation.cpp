@@ -57,12 +57,16 @@ void TScreen::AssignNavButton(KVN::MorvaneID const& id, int navigationId, QStrin
                               TMiniWindow* miniWindow, TCanvas* canvas, TFullWindow* fullWindow,
                               QString const& toolTip, int behaviour, bool hidden, int next)
 {
+    if (navigationId < 0)
+        return;
+    bool const isLinked = behaviour == WIDGET_BEHAVIOUR_LINKED;
     if (m_NavigationBar)
         m_NavigationBar->AssignButton(navigationId, icon, QString(), toolTip);
     else if (m_NavigationWindow)
         m_NavigationWindow->AssignButton(navigationId, icon, QString(), toolTip);
     m_WindowManager->RegisterView(id.ToString(), navigationId, GetNavButton(navigationId), miniWindow, canvas,
-                                  fullWindow, static_cast<eWidgetBehaviour>(behaviour), next, hidden);
+                                  fullWindow, isLinked ? WIDGET_BEHAVIOUR_LINKED : WIDGET_BEHAVIOUR_SINGLE,
+                                  next, hidden);
     if (hidden || (miniWindow && !miniWindow->IsAvailable()))
         SetNavButtonVisibility(navigationId, false);
     m_NavigationIdsById.insert(id, navigationId);
@@ -263,6 +267,8 @@ void TScreen::UpdateNavBarSizes()
 
 void TScreen::NavButtonAdded(KVN::MorvaneID const& id, int navigationId)
 {
+    if (navigationId < 0)
+        return;
     m_IdByNavigationId.insert(navigationId, id);
     UpdateNavBarOrder();
 }
