@@ -234,20 +234,42 @@ private Q_SLOTS:
     void registeringTwiceConnectsOnce()
     {
         TViewStage stage;
-        TTestView view = stage.Make(QStringLiteral("a"), VIEW_MINI);
+        TTestView view = stage.Make(QStringLiteral("a"), VIEW_ALL);
         TNavigationButton button(stage.screen->GetNavigationBar(), 1);
         for (int i = 0; i < 2; ++i)
-            stage.manager->RegisterView(view.name, 1, &button, view.mini, nullptr, nullptr,
+            stage.manager->RegisterView(view.name, 1, &button, view.mini, view.canvas, view.full,
                                         WIDGET_BEHAVIOUR_SINGLE, -1, false);
         view.id = 1;
         QCOMPARE(Shadows(stage).size(), 2);
-        // Twice heard, a press would show and hide it at once.
         button.click();
         stage.screen.FinishSlides();
         QCOMPARE(stage.State(view), MINI_VIEW_SHOWN);
-        button.click();
+        Q_EMIT button.DraggedOffRight(1);
+        QCOMPARE(stage.calls, (QStringList{"a maximise", "a show"}));
+    }
+
+    // A mistake of a module that must not end the console.
+    void oneWindowInTwoViewsBreaksNothing()
+    {
+        TViewStage stage;
+        TTestView first = stage.Make(QStringLiteral("a"), VIEW_MINI);
+        TTestView second = first;
+        second.name = QStringLiteral("b");
+        stage.Register(first, 1);
+        stage.Register(second, 2);
+        QCOMPARE(first.mini->GetViewId(), 2);
+        stage.manager->OnShowMiniView(1);
+        stage.manager->OnShowMiniView(2);
         stage.screen.FinishSlides();
-        QCOMPARE(stage.State(view), MINI_VIEW_HIDDEN);
+        stage.manager->OnUpdateScreen();
+        stage.manager->RemoveView(1);
+        stage.screen.FinishSlides();
+        delete first.mini;
+        stage.manager->OnShowMiniView(2);
+        stage.manager->OnUpdateScreen();
+        stage.manager->RemoveView(2);
+        QCOMPARE(stage.Slots(), QStringLiteral("||"));
+        QVERIFY(Shadows(stage).isEmpty());
     }
 
     void theWindowsSignalsReachTheManager()

@@ -4,8 +4,8 @@
 
 namespace
 {
-// Layouts of the largest consoles stay below a tenth of either.
-constexpr int MaximumLength = 4 * 1024 * 1024;
+// Layouts of the largest consoles stay far below either. A text of this length costs the parser up to 90 MB.
+constexpr int MaximumLength = 1024 * 1024;
 constexpr int MaximumDepth = 200;
 
 QLatin1String const CommentOpening("<!--");
