@@ -45,6 +45,8 @@ protected:
 };
 } // namespace
 
+Q_DECLARE_METATYPE(std::function<void(TPushButton*)>)
+
 class TPushButtonLookTest : public QObject
 {
     Q_OBJECT
@@ -115,6 +117,10 @@ private Q_SLOTS:
 
     void toolTipMarkShowsInToolTipMode();
     void highlightRepaints();
+    void everyPaintGivesTheSamePixels_data();
+    void everyPaintGivesTheSamePixels();
+    void changeShowsAfterManyPaints_data();
+    void changeShowsAfterManyPaints();
 
 private:
     QColor Seen(QPoint const& at = Corner) const
@@ -750,6 +756,101 @@ void TPushButtonLookTest::everyBackgroundFollowsTheSize()
     m_Button->setChecked(false);
     m_Button->setEnabled(false);
     QCOMPARE(Seen(last), QColor(Qt::magenta));
+}
+
+void TPushButtonLookTest::everyPaintGivesTheSamePixels_data()
+{
+    QTest::addColumn<QString>("skin");
+    QTest::addColumn<bool>("enabled");
+    for (char const* const skin : {"NewStandardButton", "NavBarButton", "NewStandardButtonClear", ""})
+    {
+        QTest::newRow(qPrintable(QLatin1String(skin) + QLatin1String(" enabled")))
+            << QString::fromLatin1(skin) << true;
+        QTest::newRow(qPrintable(QLatin1String(skin) + QLatin1String(" disabled")))
+            << QString::fromLatin1(skin) << false;
+    }
+}
+
+void TPushButtonLookTest::everyPaintGivesTheSamePixels()
+{
+    QFETCH(QString, skin);
+    QFETCH(bool, enabled);
+    m_Button->resize(120, 60);
+    m_Button->SetBackground(skin);
+    m_Button->SetIcon(QStringLiteral("icon-info"), QSize(40, 40), true);
+    m_Button->SetText(QStringLiteral("First"), QString(), true, QStringLiteral("Second"), true);
+    m_Button->setEnabled(enabled);
+    QImage const first = m_Window->grab().toImage();
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(m_Window->grab().toImage(), first);
+    // What a picture of the whole would look like if it were taken from a state that has gone.
+    m_Button->setDown(true);
+    m_Window->grab();
+    m_Button->setDown(false);
+    QCOMPARE(m_Window->grab().toImage(), first);
+}
+
+using TChange = std::function<void(TPushButton*)>;
+
+void TPushButtonLookTest::changeShowsAfterManyPaints_data()
+{
+    QTest::addColumn<TChange>("change");
+    auto const row = [](char const* name, TChange const& change) { QTest::newRow(name) << change; };
+    row("text", [](TPushButton* button) { button->setText(QStringLiteral("Other")); });
+    row("text of the base",
+        [](TPushButton* button) { static_cast<QAbstractButton*>(button)->setText(QStringLiteral("Other")); });
+    row("second line", [](TPushButton* button)
+        { button->SetText(QStringLiteral("Text"), QString(), true, QStringLiteral("Two"), true); });
+    row("colour",
+        [](TPushButton* button) { button->SetFontProperties(Qt::red, 14, true, true, false, 4, false); });
+    row("size of the type", [](TPushButton* button) { button->SetFontSize(20, false); });
+    row("alignment", [](TPushButton* button) { button->SetAlignment(Qt::AlignLeft, false); });
+    row("placement", [](TPushButton* button) { button->SetTextPlacement(TEXT_WHOLE_BUTTON); });
+    row("border", [](TPushButton* button) { button->SetBackgroundBorderArea(1, 20, 1, 1); });
+    row("icon",
+        [](TPushButton* button) { button->SetIcon(QStringLiteral("icon-setup"), QSize(40, 40), true); });
+    row("icon pixmap", [](TPushButton* button)
+        { button->SetIcon(Coloured(Qt::white, QSize(40, 40)), QSharedPointer<QPixmap>()); });
+    row("icon position", [](TPushButton* button) { button->SetIconPosition(QPoint(9, 9), false); });
+    row("icon from the centre", [](TPushButton* button) { button->SetIconPositionFromCentre(QPoint(9, 2)); });
+    row("right icon", [](TPushButton* button) { button->SetRightSideIcon(QStringLiteral("icon-setup")); });
+    row("skin", [](TPushButton* button) { button->SetBackground(QStringLiteral("NewGreenButton")); });
+    row("skin pixmap",
+        [](TPushButton* button) { button->SetBackground(Coloured(Qt::green, QSize(60, 60))); });
+    row("flat colour", [](TPushButton* button) { button->SetBackgroundColor(Qt::red); });
+    row("opacity", [](TPushButton* button) { button->SetBackgroundOpacity(0.5F); });
+    row("size", [](TPushButton* button) { button->resize(140, 70); });
+    row("down", [](TPushButton* button) { button->setDown(true); });
+    row("highlight", [](TPushButton* button) { button->OnMMIHighlight(); });
+    row("disabled", [](TPushButton* button) { button->setEnabled(false); });
+}
+
+void TPushButtonLookTest::changeShowsAfterManyPaints()
+{
+    QFETCH(TChange, change);
+    auto const make = [&]
+    {
+        auto* const button = new TPushButton(m_Window.get(), 1, QString());
+        button->setGeometry(0, 0, 120, 60);
+        button->SetBackground(QStringLiteral("NewStandardButton"));
+        button->SetBackgroundSelected(QStringLiteral("NewStandardButtonSelected"));
+        button->SetIcon(QStringLiteral("icon-info"), QSize(40, 40), true);
+        button->SetText(QStringLiteral("Text"), QString(), true, QString(), false);
+        button->show();
+        return button;
+    };
+    std::unique_ptr<TPushButton> painted(make());
+    QImage const before = m_Window->grab().toImage();
+    for (int i = 0; i < 3; ++i)
+        m_Window->grab();
+    change(painted.get());
+    QCoreApplication::processEvents();
+    QImage const after = m_Window->grab().toImage();
+    painted.reset();
+    std::unique_ptr<TPushButton> const fresh(make());
+    change(fresh.get());
+    QCOMPARE(after, m_Window->grab().toImage());
+    QVERIFY(after != before);
 }
 
 COMMONUI_TEST(TPushButtonLookTest)

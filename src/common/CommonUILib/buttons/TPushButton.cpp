@@ -11,10 +11,12 @@
 
 #include <QEvent>
 #include <QFont>
+#include <QHash>
 #include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QTimer>
 
@@ -41,6 +43,9 @@ constexpr int LeftAlignedInset = 5;
 // The part of a handed over skin that stretches.
 constexpr int StretchFrom = 16;
 constexpr int StretchTo = 40;
+
+// Beyond this the parts cost little beside their background, and their picture takes much memory.
+constexpr int LargestComposedArea = 256 * 128;
 
 constexpr int BoldWeight = QFont::Bold;
 constexpr int PlainWeight = QFont::Normal;
@@ -90,6 +95,44 @@ QImage Grey(QImage const& image)
                        });
     }
     return grey;
+}
+
+// A copy of a font brings the engine along for which a new font has to search.
+QFont SizedFont(bool bold, int pixelSize)
+{
+    static QHash<int, QFont> fonts;
+    static bool const cleared = []
+    {
+        // Fonts must not outlive the application that loaded them.
+        qAddPostRoutine([] { fonts.clear(); });
+        return true;
+    }();
+    Q_UNUSED(cleared)
+    int const size = qMax(1, pixelSize);
+    QFont& font = fonts[bold ? -size : size];
+    if (font.pixelSize() != size)
+    {
+        font = bold ? CONDENSED_BOLD_FONT : CONDENSED_FONT;
+        font.setWeight(bold ? BoldWeight : PlainWeight);
+        font.setPixelSize(size);
+    }
+    return font;
+}
+
+bool LiesOnOpaquePixels(QImage const& image, QImage const& ground)
+{
+    QImage const below = ground.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < image.height(); ++y)
+    {
+        auto const* const line = reinterpret_cast<QRgb const*>(image.constScanLine(y));
+        auto const* const lineBelow = reinterpret_cast<QRgb const*>(below.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+        {
+            if (qAlpha(line[x]) != 0 && qAlpha(lineBelow[x]) != 255)
+                return false;
+        }
+    }
+    return true;
 }
 
 // A change of opacity costs, and nearly every button paints with none.
@@ -212,11 +255,12 @@ void TPushButton::ConstructorPreInitialize()
     policy.setHorizontalPolicy(QSizePolicy::Preferred);
     setSizePolicy(policy);
     m_Border = {DefaultBorder, DefaultBorder, DefaultBorder, DefaultBorder};
+    m_MinimumHint = QSize(MinimumWidth, STANDARD_BUTTON_HEIGHT);
+    m_Hint = m_MinimumHint;
 }
 
 void TPushButton::ConstructorPostInitialize(QString const& toolTip)
 {
-    m_DoubleClickTimer = new QTimer(this);
     SetToolTip(toolTip);
     // The first connections of all, so that Clicked(int) comes before any other slot of clicked().
     connect(this, &QAbstractButton::clicked, this, &TPushButton::OnClicked);
@@ -243,11 +287,12 @@ void TPushButton::ShowOnParent()
 void TPushButton::SetIcon(QString const& name, QSize const& size, bool enable)
 {
     SetObjectName(name, NAME_FROM_ICON);
-    if (enable)
+    if (enable && !isEnabled())
         setEnabled(true);
     m_RequestedIconSize = size;
     int const side = IconSide(size);
-    if (name == m_IconName && m_Icon && m_Icon->size() == QSize(side, side))
+    bool const fits = m_Icon ? m_Icon->size() == QSize(side, side) : name.isEmpty() && !m_DisabledIcon;
+    if (name == m_IconName && fits)
         return;
     m_Icon = LoadIcon(name, side, KVN::ICON_NORMAL);
     m_DisabledIcon =
@@ -258,7 +303,7 @@ void TPushButton::SetIcon(QString const& name, QSize const& size, bool enable)
 
 void TPushButton::SetIcon(QImage const& image, QSize const& size, bool enable)
 {
-    if (enable)
+    if (enable && !isEnabled())
         setEnabled(true);
     m_RequestedIconSize = size;
     int const side = IconSide(size);
@@ -279,7 +324,7 @@ void TPushButton::SetIcon(QSharedPointer<QPixmap> icon, QSharedPointer<QPixmap> 
         RecalculateTextRects();
         return;
     }
-    updateGeometry();
+    FollowHints();
     update();
 }
 
@@ -292,11 +337,8 @@ void TPushButton::SetText(QString text, QString objectName, bool enable, QString
     bool changed = !first.font || first.text != text || QAbstractButton::text() != text ||
                    m_UseSecondLine != useSecondLine;
     if (!first.font)
-    {
-        MakeFont(first, CONDENSED_BOLD_FONT, STANDARD_FONT_SIZE);
-        setFont(*first.font);
-    }
-    if (enable)
+        SetLineFont(false, true, STANDARD_FONT_SIZE);
+    if (enable && !isEnabled())
         setEnabled(true);
     first.text = text;
     m_InsideSetText = true;
@@ -307,7 +349,7 @@ void TPushButton::SetText(QString text, QString objectName, bool enable, QString
     {
         changed = changed || !second.font || second.text != secondLine;
         if (!second.font)
-            MakeFont(second, CONDENSED_BOLD_FONT, SMALL_FONT_SIZE);
+            SetLineFont(true, true, SMALL_FONT_SIZE);
         second.text = secondLine;
     }
     if (changed)
@@ -348,12 +390,16 @@ void TPushButton::ShowToolTip()
 
 void TPushButton::ResizeContents()
 {
-    for (TFace& face : m_Faces)
-        FitFace(face);
-    if (!m_IconName.isEmpty())
-        SetIcon(m_IconName, m_RequestedIconSize, false);
-    if (m_ExplicitIconPosition && m_IconVerticallyCentred)
-        SetIconPosition(m_IconPosition, true);
+    {
+        // The text is laid out once, when all that it gives way to has its place.
+        QScopedValueRollback<bool> const later(m_LayoutLater, true);
+        for (TFace& face : m_Faces)
+            FitFace(face);
+        if (!m_IconName.isEmpty())
+            SetIcon(m_IconName, m_RequestedIconSize, false);
+        if (m_ExplicitIconPosition && m_IconVerticallyCentred)
+            SetIconPosition(m_IconPosition, true);
+    }
     RecalculateTextRects();
 }
 
@@ -667,46 +713,35 @@ QString TPushButton::DrawnSecondLine() const
 
 bool TPushButton::HasText() const
 {
-    return !GetText().isEmpty() || (m_UseSecondLine && !m_Lines[1].text.isEmpty());
+    return m_UseSecondLine ? !m_Lines[0].text.isEmpty() || !m_Lines[1].text.isEmpty() : !text().isEmpty();
 }
 
-void TPushButton::MakeFont(TTextLine& line, QFont const& model, int pixelSize)
+void TPushButton::SetLineFont(bool secondLine, bool bold, int pixelSize)
 {
-    line.font = std::make_unique<QFont>(model);
-    line.font->setPixelSize(qMax(1, pixelSize));
+    TTextLine& line = Line(secondLine);
+    line.font = std::make_unique<QFont>(SizedFont(bold, pixelSize));
+    if (!secondLine)
+        setFont(*line.font);
 }
 
 void TPushButton::SetFontProperties(QColor colour, int pixelSize, bool bold, bool wrap, bool shadow,
                                     int alignment, bool secondLine)
 {
     TTextLine& line = Line(secondLine);
-    QFont const& model = bold ? CONDENSED_BOLD_FONT : CONDENSED_FONT;
-    if (line.font)
-        line.font->setStyleName(model.styleName());
-    else
-        line.font = std::make_unique<QFont>(model);
-    line.font->setWeight(bold ? BoldWeight : PlainWeight);
-    line.font->setPixelSize(qMax(1, pixelSize));
     line.colour = colour;
     line.alignment = alignment;
     line.wrap = wrap;
     line.shadow = shadow;
-    if (!secondLine)
-        setFont(*line.font);
+    SetLineFont(secondLine, bold, pixelSize);
     RecalculateTextRects();
 }
 
 void TPushButton::SetFontSize(int pixelSize, bool secondLine)
 {
-    TTextLine& line = Line(secondLine);
-    if (line.font && line.font->pixelSize() == qMax(1, pixelSize))
+    QFont const* const present = Line(secondLine).font.get();
+    if (present && present->pixelSize() == qMax(1, pixelSize))
         return;
-    if (line.font)
-        line.font->setPixelSize(qMax(1, pixelSize));
-    else
-        MakeFont(line, CONDENSED_FONT, pixelSize);
-    if (!secondLine)
-        setFont(*line.font);
+    SetLineFont(secondLine, present && present->weight() == BoldWeight, pixelSize);
     RecalculateTextRects();
 }
 
@@ -737,6 +772,8 @@ QRect TPushButton::GetSecondLineRect() const
 
 void TPushButton::RecalculateTextRects()
 {
+    if (m_LayoutLater)
+        return;
     bool const hasFirst = m_Lines[0].font && !GetText().isEmpty();
     bool const hasSecond = m_Lines[1].font && !DrawnSecondLine().isEmpty();
     if (hasFirst || hasSecond)
@@ -748,8 +785,21 @@ void TPushButton::RecalculateTextRects()
         m_Lines[0].rect = QRect();
         m_Lines[1].rect = QRect();
     }
-    updateGeometry();
+    ForgetComposed();
+    FollowHints();
     update();
+}
+
+// Layouts are not bothered where nothing changes for them.
+void TPushButton::FollowHints()
+{
+    QSize const hint = sizeHint();
+    QSize const minimum = minimumSizeHint();
+    if (hint == m_Hint && minimum == m_MinimumHint)
+        return;
+    m_Hint = hint;
+    m_MinimumHint = minimum;
+    updateGeometry();
 }
 
 // The first text keeps one line, then the second takes what it wants, then the first grows into the rest.
@@ -846,13 +896,21 @@ void TPushButton::MakeDoubleClickConnections()
 {
     MakeDoubleClickDisconnect();
     m_ArmedForDoubleClick = false;
-    m_DoubleClickTimer->stop();
-    connect(m_DoubleClickTimer, &QTimer::timeout, this, &TPushButton::OnDoubleClickTimeOut);
+    DoubleClickTimer()->stop();
+    connect(DoubleClickTimer(), &QTimer::timeout, this, &TPushButton::OnDoubleClickTimeOut);
 }
 
 void TPushButton::MakeDoubleClickDisconnect()
 {
-    disconnect(m_DoubleClickTimer, &QTimer::timeout, this, &TPushButton::OnDoubleClickTimeOut);
+    disconnect(DoubleClickTimer(), &QTimer::timeout, this, &TPushButton::OnDoubleClickTimeOut);
+}
+
+// Made by the first release: most buttons of a view are never touched.
+QTimer* TPushButton::DoubleClickTimer()
+{
+    if (!m_DoubleClickTimer)
+        m_DoubleClickTimer = new QTimer(this);
+    return m_DoubleClickTimer;
 }
 
 void TPushButton::SetObjectName(QString const& name, EObjectNameSource source)
@@ -929,6 +987,9 @@ bool TPushButton::event(QEvent* event)
         if (static_cast<QFocusEvent*>(event)->reason() == Qt::PopupFocusReason)
             break;
         return LetGoAfter(event);
+    case QEvent::Hide:
+        ForgetComposed();
+        break;
     case ClearDownEvent:
         setDown(false);
         break;
@@ -1024,7 +1085,7 @@ void TPushButton::FinishRelease(QMouseEvent* event)
 
 void TPushButton::NoticeSecondRelease(QPoint const& position)
 {
-    m_DoubleClickTimer->stop();
+    DoubleClickTimer()->stop();
     if (m_ArmedForDoubleClick)
     {
         m_ArmedForDoubleClick = false;
@@ -1033,7 +1094,7 @@ void TPushButton::NoticeSecondRelease(QPoint const& position)
     else if (hitButton(position))
     {
         m_ArmedForDoubleClick = true;
-        m_DoubleClickTimer->start(DoubleClickMs);
+        DoubleClickTimer()->start(DoubleClickMs);
     }
 }
 
@@ -1108,7 +1169,7 @@ void TPushButton::OnButtonRelease()
 void TPushButton::OnDoubleClickTimeOut()
 {
     m_ArmedForDoubleClick = false;
-    m_DoubleClickTimer->stop();
+    DoubleClickTimer()->stop();
     Q_EMIT DelayedSingleClicked();
 }
 
@@ -1148,12 +1209,77 @@ void TPushButton::paintEvent(QPaintEvent*)
 {
     FollowOpacity();
     QPainter painter(this);
-    PaintBackground(painter);
-    ChangeOpacity(painter, isEnabled() ? 1.0F : m_ForegroundDisabledOpacity);
+    if (IsComposed())
+    {
+        painter.drawPixmap(0, 0, *m_Composed);
+    }
+    else
+    {
+        PaintBackground(painter);
+        ChangeOpacity(painter, isEnabled() ? 1.0F : m_ForegroundDisabledOpacity);
+        PaintForeground(painter);
+    }
+    RenderToolTipMark(painter);
+}
+
+void TPushButton::PaintForeground(QPainter& painter) const
+{
     PaintIcons(painter);
     PaintLine(painter, m_Lines[0], GetText());
     PaintLine(painter, m_Lines[1], DrawnSecondLine());
-    RenderToolTipMark(painter);
+}
+
+// Whether the button has what it shows now in one picture. That is made when it is painted a second time
+// without a change, so that a change is not paid for twice, and only where painting it gives the same pixels.
+bool TPushButton::IsComposed()
+{
+    TFace const* const face =
+        isEnabled() && !m_FlatColour && m_BackgroundOpacity >= 1.0F ? VisibleFace() : nullptr;
+    if (!face || !(m_Icon || m_RightSideIcon || HasText()))
+        return false;
+    auto const keyOf = [](QSharedPointer<QPixmap> const& pixmap) { return pixmap ? pixmap->cacheKey() : 0; };
+    TLook const look{keyOf(face->shown), keyOf(m_Icon), keyOf(m_RightSideIcon), text()};
+    if (!(look == m_ComposedLook))
+    {
+        bool const again = look == m_SeenLook;
+        m_SeenLook = look;
+        if (!again)
+            return false;
+        m_ComposedLook = look;
+        m_Composed = Compose(*face);
+    }
+    return bool(m_Composed);
+}
+
+// Null where it would be too large, or would differ from the parts painted one by one: that is, where a part
+// lies on pixels that what is behind the button shines through.
+std::unique_ptr<QPixmap> TPushButton::Compose(TFace const& face) const
+{
+    if (width() * height() > LargestComposedArea)
+        return nullptr;
+    if (!face.opaque)
+    {
+        QImage foreground(size(), QImage::Format_ARGB32_Premultiplied);
+        foreground.fill(Qt::transparent);
+        QPainter painter(&foreground);
+        PaintForeground(painter);
+        painter.end();
+        if (!LiesOnOpaquePixels(foreground, face.shown->toImage()))
+            return nullptr;
+    }
+    auto composed = std::make_unique<QPixmap>(*face.shown);
+    QPainter painter(composed.get());
+    PaintForeground(painter);
+    return composed;
+}
+
+void TPushButton::ForgetComposed()
+{
+    if (m_SeenLook.face == 0)
+        return;
+    m_SeenLook = TLook();
+    m_ComposedLook = TLook();
+    m_Composed.reset();
 }
 
 // A press that has no selected background is not dimmed, on purpose: the state is to be drawn by the art

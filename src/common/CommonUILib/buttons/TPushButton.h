@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QColor>
+#include <QPixmap>
 #include <QSharedPointer>
 
 #include <array>
@@ -247,6 +248,20 @@ private:
         bool shadow = false;
         QRect rect;
     };
+    /// What one picture of the whole button is good for.
+    struct TLook
+    {
+        qint64 face = 0;
+        qint64 icon = 0;
+        qint64 rightSideIcon = 0;
+        QString text;
+
+        bool operator==(TLook const& other) const
+        {
+            return face == other.face && icon == other.icon && rightSideIcon == other.rightSideIcon &&
+                   text == other.text;
+        }
+    };
     struct TTextArea;
     struct TTextHeights;
     struct TBorder
@@ -270,6 +285,7 @@ private:
     void FinishRelease(QMouseEvent* event);
     void NoticeSecondRelease(QPoint const& position);
     void LetGo();
+    QTimer* DoubleClickTimer();
     bool ExplainsItself() const;
     bool HasTransparentAncestor() const;
     QPoint OwnGlobalPosition() const;
@@ -292,12 +308,17 @@ private:
     QString DrawnSecondLine() const;
 
     TTextLine& Line(bool second) { return m_Lines[second ? 1 : 0]; }
-    void MakeFont(TTextLine& line, QFont const& model, int pixelSize);
+    void SetLineFont(bool secondLine, bool bold, int pixelSize);
     void RecalculateTextRects();
     void PlaceLines();
     TTextArea TextArea() const;
     TTextHeights MeasureText(TTextLine const& line, QString const& text, int width) const;
 
+    void FollowHints();
+    bool IsComposed();
+    std::unique_ptr<QPixmap> Compose(TFace const& face) const;
+    void ForgetComposed();
+    void PaintForeground(QPainter& painter) const;
     void PaintBackground(QPainter& painter) const;
     void PaintIcons(QPainter& painter) const;
     void PaintLine(QPainter& painter, TTextLine const& line, QString const& text) const;
@@ -331,12 +352,18 @@ private:
     float m_ForegroundDisabledOpacity = 0.5F;
     TBorder m_Border;
     ETextPlacement m_TextPlacement = TEXT_RIGHT_OF_ICON;
-    QTimer* m_DoubleClickTimer;
+    QTimer* m_DoubleClickTimer = nullptr;
     bool m_ArmedForDoubleClick = false;
     bool m_PlayPressSounds = true;
     bool m_SoundOnNextClick = true;
     bool m_InsideSetText = false;
+    bool m_LayoutLater = false;
     bool m_MMIHighlighted = false;
     EObjectNameSource m_ObjectNameSource = NAME_NONE;
     QPoint m_ToolTipMarkOffset;
+    QSize m_Hint;
+    QSize m_MinimumHint;
+    TLook m_SeenLook;
+    TLook m_ComposedLook;
+    std::unique_ptr<QPixmap> m_Composed;
 };
