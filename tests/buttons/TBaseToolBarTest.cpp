@@ -16,6 +16,7 @@ class TStrip : public TBaseToolBar
 public:
     using TBaseToolBar::ArrangeButtons;
     using TBaseToolBar::dragButtons;
+    using TBaseToolBar::endDrag;
     using TBaseToolBar::m_MaximumVisible;
     using TBaseToolBar::m_Order;
     using TBaseToolBar::OnAnimateDrag;
@@ -82,6 +83,7 @@ private Q_SLOTS:
     void hiddenButtonsLeaveNoHole();
     void perpendicularOffsetMovesAllAcross();
     void offsetGrowsUnderTheMark();
+    void offsetGrowsOnceForABarThatFitsItself();
 
     void assigningMakesAButtonOnceAndFillsIt();
     void assigningTakesAButtonOver();
@@ -116,8 +118,11 @@ private Q_SLOTS:
     void thresholdFollowsTheOperatorsSize();
     void clampedDragDoesNotStartTowardsAReachedEnd_data();
     void clampedDragDoesNotStartTowardsAReachedEnd();
+    void clampedDragStartsOverAtTheThreshold();
     void stripThatFitsGivesEveryMovementBack_data();
     void stripThatFitsGivesEveryMovementBack();
+    void shortStripGoesFromEdgeToEdge_data();
+    void shortStripGoesFromEdgeToEdge();
     void stripIsHeldToItsEnds_data();
     void stripIsHeldToItsEnds();
     void shortStripInAWideBar_data();
@@ -134,6 +139,7 @@ private Q_SLOTS:
     void speedIsCutToWholePixels();
     void flickNeedsAQuickLift_data();
     void flickNeedsAQuickLift();
+    void flickNeedsASecondMove();
     void flickWithoutInertiaEndsAtOnce();
     void clampedFlickEndsTheDragAtTheEnd();
     void pressStopsAFlick();
@@ -141,6 +147,7 @@ private Q_SLOTS:
     void dragComesToRestOnWholeButtons();
     void restIsMeasuredInButtonsBeforeTheOperatorsFactor();
     void movementGivenBackCountsForTheRest();
+    void dragThatWasAtTheEndSnapsTowardsIt();
     void moveAfterTheEndOfADragDoesNothing();
     void moveWithoutAPressDoesNothing();
 
@@ -334,6 +341,19 @@ void TBaseToolBarTest::offsetGrowsUnderTheMark()
     QCOMPARE(Start(strip, 0), 6);
     QVERIFY(!strip->up->isVisible());
     strip->ArrangeButtons();
+    QCOMPARE(strip->GetButtonOffset(), 6);
+}
+
+void TBaseToolBarTest::offsetGrowsOnceForABarThatFitsItself()
+{
+    // Gaps, which the length of the bar does not count, leave something to drag.
+    TStrip* const strip = Strip(TOOLBAR_VERTICAL_NEAR, false, 5, QSize(50, 50));
+    LetDrag(strip);
+    strip->gap = 9;
+    strip->ArrangeButtons();
+    strip->dragButtons(-10);
+    QVERIFY(strip->up->isVisible());
+    strip->SetButtonVisibility(4, false);
     QCOMPARE(strip->GetButtonOffset(), 6);
 }
 
@@ -712,6 +732,17 @@ void TBaseToolBarTest::clampedDragDoesNotStartTowardsAReachedEnd()
     Finger().Release(QPoint(20, 50 + distance));
 }
 
+void TBaseToolBarTest::clampedDragStartsOverAtTheThreshold()
+{
+    TStrip* const strip = LongStrip();
+    LetDrag(strip, true, false, false, true);
+    Drag({50, 80, 45});
+    QCOMPARE(Start(strip, 0), 0);
+    Finger().Move(QPoint(20, 30));
+    QCOMPARE(Start(strip, 0), -15);
+    Finger().Release(QPoint(20, 30));
+}
+
 void TBaseToolBarTest::stripThatFitsGivesEveryMovementBack_data()
 {
     QTest::addColumn<int>("layout");
@@ -732,6 +763,34 @@ void TBaseToolBarTest::stripThatFitsGivesEveryMovementBack()
         QCOMPARE(Starts(strip, layout < 2), before);
     }
     QCOMPARE(dragged.count(), 0);
+}
+
+void TBaseToolBarTest::shortStripGoesFromEdgeToEdge_data()
+{
+    QTest::addColumn<int>("layout");
+    QTest::addColumn<int>("delta");
+    QTest::addColumn<int>("start");
+    // Three buttons in 300 pixels. A horizontal strip may stand at its far edge, and stays where it is when
+    // asked to.
+    QTest::newRow("horizontal, none") << 0 << 0 << 0;
+    QTest::newRow("horizontal, on a bit") << 0 << 5 << 0;
+    QTest::newRow("horizontal, to the far edge") << 0 << 180 << 180;
+    QTest::newRow("horizontal, past the far edge") << 0 << 181 << 0;
+    QTest::newRow("horizontal, back") << 0 << -5 << 180;
+    QTest::newRow("vertical, none") << 2 << 0 << 180;
+    QTest::newRow("vertical, on a bit") << 2 << 5 << 0;
+    QTest::newRow("vertical, to the far edge") << 2 << 180 << 0;
+    QTest::newRow("vertical, back") << 2 << -5 << 180;
+}
+
+void TBaseToolBarTest::shortStripGoesFromEdgeToEdge()
+{
+    QFETCH(int, layout);
+    QFETCH(int, delta);
+    TStrip* const strip =
+        Strip(eToolBarLayouts(layout), true, 3, layout == 0 ? QSize(300, 50) : QSize(50, 300));
+    strip->dragButtons(delta);
+    QTEST(Starts(strip, layout == 0).first(), "start");
 }
 
 void TBaseToolBarTest::stripIsHeldToItsEnds_data()
@@ -875,6 +934,17 @@ void TBaseToolBarTest::flickNeedsAQuickLift()
     QTEST(Inertia(strip)->isActive(), "flicks");
 }
 
+void TBaseToolBarTest::flickNeedsASecondMove()
+{
+    TStrip* const strip = Strip(TOOLBAR_VERTICAL_NEAR, true, 50, QSize(50, 100));
+    LetDrag(strip, false, false, true);
+    // The move that begins the drag has no speed: the finger lay on the strip before.
+    Drag({90, 60});
+    m_Clock->Advance(10);
+    Finger().Release(QPoint(20, 60));
+    QVERIFY(!Inertia(strip)->isActive());
+}
+
 void TBaseToolBarTest::flickWithoutInertiaEndsAtOnce()
 {
     TStrip* const strip = Strip(TOOLBAR_VERTICAL_NEAR, true, 50, QSize(50, 100));
@@ -941,6 +1011,18 @@ void TBaseToolBarTest::dragComesToRestOnWholeButtons()
     Drag({95, 95 + distance});
     Finger().Release(QPoint(20, 95 + distance));
     QTEST(Start(strip, 0), "after");
+}
+
+void TBaseToolBarTest::dragThatWasAtTheEndSnapsTowardsIt()
+{
+    TStrip* const strip = Strip(TOOLBAR_VERTICAL_NEAR, true, 10, QSize(50, 100));
+    LetDrag(strip, false, true, false, true);
+    // Far past the end, and 30 pixels back: whole buttons from the press on are 5 pixels back or 35 on.
+    Drag({95, -500, -470});
+    QCOMPARE(Start(strip, 0), -270);
+    strip->endDrag();
+    QCOMPARE(Start(strip, 0), -300);
+    Finger().Release(QPoint(20, -470));
 }
 
 void TBaseToolBarTest::moveAfterTheEndOfADragDoesNothing()

@@ -101,6 +101,7 @@ private Q_SLOTS:
     void eachTouchOfARepeatingButtonSounds();
     void touchAfterACancelledHoldSounds();
     void enterKeyAfterALongHoldSounds();
+    void touchAfterTheEnterKeySoundsAgain();
 
     void secondReleaseIsADoubleClickHoweverLate();
     void singleClickIsDelayedOnlyForAListener();
@@ -390,6 +391,10 @@ void TPushButtonTest::hoverWithoutAPressDoesNothing()
     Finger().Move(ButtonRect.center());
     Finger().Move(ButtonRect.center() + QPoint(1, 1));
     QCOMPARE(seen.Released.count(), 0);
+    // A finger that went down elsewhere.
+    QMouseEvent move(QEvent::MouseMove, QPointF(9, 9), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(button, &move);
+    QCOMPARE(seen.Released.count(), 0);
     // A button that tracks the mouse takes a hover for a move since a press that never was.
     button->setMouseTracking(true);
     Finger().Move(ButtonRect.center());
@@ -536,6 +541,18 @@ void TPushButtonTest::eachTouchOfARepeatingButtonSounds()
     TPushButton* const button = Shown();
     button->SetAutoRepeat(true, 60000, 60000);
     Finger().Tap(*button);
+    Finger().Tap(*button);
+    QCOMPARE(m_Screen->Played().size(), 2);
+}
+
+void TPushButtonTest::touchAfterTheEnterKeySoundsAgain()
+{
+    TPushButton* const button = Shown();
+    button->SetAutoRepeat(true, 60000, 60000);
+    TSignals seen(button);
+    button->OnMMIEnter();
+    QTRY_COMPARE(seen.Clicked.count(), 1);
+    QCOMPARE(m_Screen->Played().size(), 1);
     Finger().Tap(*button);
     QCOMPARE(m_Screen->Played().size(), 2);
 }

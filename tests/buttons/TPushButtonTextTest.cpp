@@ -4,6 +4,8 @@
 #include "Palette.h"
 #include "RenderUtils.h"
 
+#include <QHBoxLayout>
+
 namespace
 {
 constexpr int Centred = Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextWordWrap;
@@ -90,6 +92,7 @@ private Q_SLOTS:
     void marginOfTheRightIconTakesNoText();
     void alignmentToTheLeftInsetsTheText();
     void hints();
+    void layoutFollowsTheText();
     void nonsensicalFontSizeIsHeldToOne();
 
 private:
@@ -397,6 +400,17 @@ void TPushButtonTextTest::hints()
     QCOMPARE(m_Button->sizeHint(), QSize(237, 44));
     SetText(QString());
     QCOMPARE(m_Button->sizeHint(), QSize(37, 44));
+}
+
+void TPushButtonTextTest::layoutFollowsTheText()
+{
+    auto* const row = new QHBoxLayout(m_Window.get());
+    row->addWidget(m_Button);
+    QCOMPARE(row->sizeHint().width() - row->contentsMargins().left() - row->contentsMargins().right(), 30);
+    SetText(QStringLiteral("Text"));
+    QCOMPARE(row->sizeHint().width() - row->contentsMargins().left() - row->contentsMargins().right(), 230);
+    m_Button->SetIcon(Blank(QSize(40, 40)), QSharedPointer<QPixmap>());
+    QCOMPARE(row->sizeHint().width() - row->contentsMargins().left() - row->contentsMargins().right(), 255);
 }
 
 void TPushButtonTextTest::nonsensicalFontSizeIsHeldToOne()
