@@ -116,7 +116,7 @@ private Q_SLOTS:
     void emptyIconNameClearsTheIcon();
 
     void toolTipMarkShowsInToolTipMode();
-    void highlightRepaints();
+    void highlightAndANewIconRepaint();
     void everyPaintGivesTheSamePixels_data();
     void everyPaintGivesTheSamePixels();
     void changeShowsAfterManyPaints_data();
@@ -656,8 +656,12 @@ void TPushButtonLookTest::toolTipMarkShowsInToolTipMode()
     QCOMPARE(Seen(QPoint(20, 30)), QColor(Qt::blue));
 }
 
-void TPushButtonLookTest::highlightRepaints()
+void TPushButtonLookTest::highlightAndANewIconRepaint()
 {
+    m_Button->SetIcon(Coloured(Qt::red, QSize(10, 10)), QSharedPointer<QPixmap>());
+    QCOMPARE(PaintsAfter(
+                 [&] { m_Button->SetIcon(Coloured(Qt::white, QSize(10, 10)), QSharedPointer<QPixmap>()); }),
+             1);
     QCOMPARE(PaintsAfter([&] { m_Button->OnMMIHighlight(); }), 1);
     QCOMPARE(PaintsAfter([&] { m_Button->OnMMIUnHighlight(); }), 1);
 }
@@ -762,7 +766,8 @@ void TPushButtonLookTest::everyPaintGivesTheSamePixels_data()
 {
     QTest::addColumn<QString>("skin");
     QTest::addColumn<bool>("enabled");
-    for (char const* const skin : {"NewStandardButton", "NavBarButton", "NewStandardButtonClear", ""})
+    for (char const* const skin :
+         {"NewStandardButton", "NavBarButton", "NewStandardButtonClear", "glass", ""})
     {
         QTest::newRow(qPrintable(QLatin1String(skin) + QLatin1String(" enabled")))
             << QString::fromLatin1(skin) << true;
@@ -776,6 +781,7 @@ void TPushButtonLookTest::everyPaintGivesTheSamePixels()
     QFETCH(QString, skin);
     QFETCH(bool, enabled);
     m_Button->resize(120, 60);
+    m_Screen->AddImage(QStringLiteral("glass"), QColor(93, 201, 37, 117));
     m_Button->SetBackground(skin);
     m_Button->SetIcon(QStringLiteral("icon-info"), QSize(40, 40), true);
     m_Button->SetText(QStringLiteral("First"), QString(), true, QStringLiteral("Second"), true);
@@ -836,6 +842,7 @@ void TPushButtonLookTest::changeShowsAfterManyPaints()
         button->SetBackgroundSelected(QStringLiteral("NewStandardButtonSelected"));
         button->SetIcon(QStringLiteral("icon-info"), QSize(40, 40), true);
         button->SetText(QStringLiteral("Text"), QString(), true, QString(), false);
+        button->SetRightSideIcon(QStringLiteral("icon-info"));
         button->show();
         return button;
     };
