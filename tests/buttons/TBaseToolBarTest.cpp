@@ -121,8 +121,6 @@ private Q_SLOTS:
     void clampedDragStartsOverAtTheThreshold();
     void stripThatFitsGivesEveryMovementBack_data();
     void stripThatFitsGivesEveryMovementBack();
-    void shortStripGoesFromEdgeToEdge_data();
-    void shortStripGoesFromEdgeToEdge();
     void stripIsHeldToItsEnds_data();
     void stripIsHeldToItsEnds();
     void shortStripInAWideBar_data();
@@ -139,7 +137,6 @@ private Q_SLOTS:
     void speedIsCutToWholePixels();
     void flickNeedsAQuickLift_data();
     void flickNeedsAQuickLift();
-    void flickNeedsASecondMove();
     void flickWithoutInertiaEndsAtOnce();
     void clampedFlickEndsTheDragAtTheEnd();
     void pressStopsAFlick();
@@ -765,34 +762,6 @@ void TBaseToolBarTest::stripThatFitsGivesEveryMovementBack()
     QCOMPARE(dragged.count(), 0);
 }
 
-void TBaseToolBarTest::shortStripGoesFromEdgeToEdge_data()
-{
-    QTest::addColumn<int>("layout");
-    QTest::addColumn<int>("delta");
-    QTest::addColumn<int>("start");
-    // Three buttons in 300 pixels. A horizontal strip may stand at its far edge, and stays where it is when
-    // asked to.
-    QTest::newRow("horizontal, none") << 0 << 0 << 0;
-    QTest::newRow("horizontal, on a bit") << 0 << 5 << 0;
-    QTest::newRow("horizontal, to the far edge") << 0 << 180 << 180;
-    QTest::newRow("horizontal, past the far edge") << 0 << 181 << 0;
-    QTest::newRow("horizontal, back") << 0 << -5 << 180;
-    QTest::newRow("vertical, none") << 2 << 0 << 180;
-    QTest::newRow("vertical, on a bit") << 2 << 5 << 0;
-    QTest::newRow("vertical, to the far edge") << 2 << 180 << 0;
-    QTest::newRow("vertical, back") << 2 << -5 << 180;
-}
-
-void TBaseToolBarTest::shortStripGoesFromEdgeToEdge()
-{
-    QFETCH(int, layout);
-    QFETCH(int, delta);
-    TStrip* const strip =
-        Strip(eToolBarLayouts(layout), true, 3, layout == 0 ? QSize(300, 50) : QSize(50, 300));
-    strip->dragButtons(delta);
-    QTEST(Starts(strip, layout == 0).first(), "start");
-}
-
 void TBaseToolBarTest::stripIsHeldToItsEnds_data()
 {
     QTest::addColumn<int>("layout");
@@ -932,17 +901,6 @@ void TBaseToolBarTest::flickNeedsAQuickLift()
     m_Clock->Advance(rest);
     Finger().Release(QPoint(20, 60));
     QTEST(Inertia(strip)->isActive(), "flicks");
-}
-
-void TBaseToolBarTest::flickNeedsASecondMove()
-{
-    TStrip* const strip = Strip(TOOLBAR_VERTICAL_NEAR, true, 50, QSize(50, 100));
-    LetDrag(strip, false, false, true);
-    // The move that begins the drag has no speed: the finger lay on the strip before.
-    Drag({90, 60});
-    m_Clock->Advance(10);
-    Finger().Release(QPoint(20, 60));
-    QVERIFY(!Inertia(strip)->isActive());
 }
 
 void TBaseToolBarTest::flickWithoutInertiaEndsAtOnce()
