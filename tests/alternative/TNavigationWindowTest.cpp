@@ -12,9 +12,18 @@
 
 namespace
 {
-KVN::MorvaneID const Sprayer(QUuid(QStringLiteral("{0d5f24ce-3b1c-4ef4-8c4f-6f1b8d7f3a10}")));
-KVN::MorvaneID const Guidance(QUuid(QStringLiteral("{1d5f24ce-3b1c-4ef4-8c4f-6f1b8d7f3a11}")));
-KVN::MorvaneID const Setup(WELL_KNOWN_MODULES[MODULE_SETUP_MANAGER]);
+KVN::MorvaneID Sprayer()
+{
+    return KVN::MorvaneID(QUuid(QStringLiteral("{0d5f24ce-3b1c-4ef4-8c4f-6f1b8d7f3a10}")));
+}
+KVN::MorvaneID Guidance()
+{
+    return KVN::MorvaneID(QUuid(QStringLiteral("{1d5f24ce-3b1c-4ef4-8c4f-6f1b8d7f3a11}")));
+}
+KVN::MorvaneID Setup()
+{
+    return KVN::MorvaneID(WELL_KNOWN_MODULES[MODULE_SETUP_MANAGER]);
+}
 
 // A screen without bars, its navigation window and a finger.
 struct TStage
@@ -82,12 +91,12 @@ private Q_SLOTS:
     void everyKindOfViewHasItsButtonInIt()
     {
         TStage stage;
-        int const mini = stage.screen->AssignNavButton(Sprayer, QString(), stage.Mini(), nullptr, nullptr,
+        int const mini = stage.screen->AssignNavButton(Sprayer(), QString(), stage.Mini(), nullptr, nullptr,
                                                        QStringLiteral("Sprayer"));
         int const setup =
-            stage.screen->AssignNavSpecialButton(Setup, QString(), stage.Canvas(), stage.Full(), QString());
-        int const action =
-            stage.screen->AssignNavActionButton(Guidance, QString(), stage.Canvas(), stage.Full(), QString());
+            stage.screen->AssignNavSpecialButton(Setup(), QString(), stage.Canvas(), stage.Full(), QString());
+        int const action = stage.screen->AssignNavActionButton(Guidance(), QString(), stage.Canvas(),
+                                                               stage.Full(), QString());
         for (int const id : {mini, setup, action})
         {
             auto* const button = qobject_cast<TNavigationButton*>(stage.window->GetButton(id));
@@ -131,9 +140,9 @@ private Q_SLOTS:
     {
         TStage stage;
         int const id =
-            stage.screen->AssignNavButton(Sprayer, QString(), stage.Mini(), nullptr, nullptr, QString());
+            stage.screen->AssignNavButton(Sprayer(), QString(), stage.Mini(), nullptr, nullptr, QString());
         int const setup =
-            stage.screen->AssignNavSpecialButton(Setup, QString(), stage.Canvas(), stage.Full(), QString());
+            stage.screen->AssignNavSpecialButton(Setup(), QString(), stage.Canvas(), stage.Full(), QString());
         stage.screen->SetNavButtonEnabled(id, false);
         QVERIFY(!stage.window->GetButton(id)->isEnabled());
         stage.screen->SetNavSpecialButtonEnabled(setup, false);
@@ -161,9 +170,9 @@ private Q_SLOTS:
         TStage stage;
         auto* const mini = new TUnavailable(nullptr);
         stage.windows.append(mini);
-        int const id = stage.screen->AssignNavButton(Sprayer, QString(), mini, nullptr, nullptr, QString());
+        int const id = stage.screen->AssignNavButton(Sprayer(), QString(), mini, nullptr, nullptr, QString());
         QVERIFY(stage.window->GetButton(id)->isHidden());
-        int const linked = stage.screen->AssignNavButton(Guidance, QString(), {stage.Mini(), stage.Mini()},
+        int const linked = stage.screen->AssignNavButton(Guidance(), QString(), {stage.Mini(), stage.Mini()},
                                                          nullptr, nullptr, QString());
         QVERIFY(!stage.window->GetButton(linked)->isHidden());
         QVERIFY(stage.window->GetButton(linked + 1)->isHidden());
@@ -173,7 +182,7 @@ private Q_SLOTS:
     {
         TStage stage;
         TMiniWindow* const mini = stage.Mini();
-        int const id = stage.screen->AssignNavButton(Sprayer, QString(), mini, nullptr, nullptr, QString());
+        int const id = stage.screen->AssignNavButton(Sprayer(), QString(), mini, nullptr, nullptr, QString());
         stage.Choose(id);
         QVERIFY(stage.window->isHidden());
         QVERIFY(mini->isVisible());
@@ -190,9 +199,9 @@ private Q_SLOTS:
         TCanvas* const canvas = stage.Canvas();
         TFullWindow* const setup = stage.Full();
         int const guidanceId =
-            stage.screen->AssignNavActionButton(Guidance, QString(), canvas, guidance, QString());
+            stage.screen->AssignNavActionButton(Guidance(), QString(), canvas, guidance, QString());
         int const setupId =
-            stage.screen->AssignNavSpecialButton(Setup, QString(), stage.Canvas(), setup, QString());
+            stage.screen->AssignNavSpecialButton(Setup(), QString(), stage.Canvas(), setup, QString());
         stage.Choose(guidanceId);
         QVERIFY(guidance->isVisible());
         QCOMPARE(stage.screen->GetCurrentCanvas(), canvas);
@@ -210,16 +219,16 @@ private Q_SLOTS:
     {
         TStage stage;
         TMiniWindow* const mini = stage.Mini();
-        int const id = stage.screen->AssignNavButton(Sprayer, QString(), mini, nullptr, nullptr, QString());
+        int const id = stage.screen->AssignNavButton(Sprayer(), QString(), mini, nullptr, nullptr, QString());
         QPointer<TPushButton> const button = stage.window->GetButton(id);
         // The press that removes the view comes from the button itself.
-        connect(button, &TPushButton::Clicked, this, [&] { stage.screen->RemoveNavButton(Sprayer); });
+        connect(button, &TPushButton::Clicked, this, [&] { stage.screen->RemoveNavButton(Sprayer()); });
         stage.Choose(id);
         QVERIFY(!stage.window->GetButton(id));
         QVERIFY(mini->isHidden());
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!button);
-        QCOMPARE(stage.screen->GetNavButtonID(Sprayer), -1);
+        QCOMPARE(stage.screen->GetNavButtonID(Sprayer()), -1);
         stage.screen->OnNavigationWindow();
         QVERIFY(!stage.window->grab().isNull());
     }
@@ -265,8 +274,8 @@ private Q_SLOTS:
     {
         TStage stage;
         TFullWindow* const full = stage.Full();
-        int const id =
-            stage.screen->AssignNavButton(Sprayer, QString(), stage.Mini(), stage.Canvas(), full, QString());
+        int const id = stage.screen->AssignNavButton(Sprayer(), QString(), stage.Mini(), stage.Canvas(), full,
+                                                     QString());
         stage.screen->OnNavigationWindow();
         TPushButton* const button = stage.window->GetButton(id);
         QPoint const centre = button->mapTo(stage.screen.get(), button->rect().center());
@@ -293,7 +302,7 @@ private Q_SLOTS:
     {
         TStage stage;
         TMiniWindow* const mini = stage.Mini();
-        stage.screen->AssignNavButton(Sprayer, QString(), mini, nullptr, nullptr, QString());
+        stage.screen->AssignNavButton(Sprayer(), QString(), mini, nullptr, nullptr, QString());
         stage.screen->OnNavigationWindow();
         stage.window->OnCancel();
         QVERIFY(stage.window->isHidden());

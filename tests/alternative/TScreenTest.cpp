@@ -12,7 +12,10 @@
 
 namespace
 {
-KVN::MorvaneID const ModuleId(QUuid(QStringLiteral("{0d5f24ce-3b1c-4ef4-8c4f-6f1b8d7f3a10}")));
+KVN::MorvaneID ModuleId()
+{
+    return KVN::MorvaneID(QUuid(QStringLiteral("{0d5f24ce-3b1c-4ef4-8c4f-6f1b8d7f3a10}")));
+}
 } // namespace
 
 class TScreenTest : public QObject
@@ -187,8 +190,8 @@ private Q_SLOTS:
         TTestScreen screen;
         auto* const canvas = new TCanvas(screen.get());
         auto* const window = new TFullWindow(canvas);
-        screen->SetDefaultView(ModuleId);
-        screen->AssignNavActionButton(ModuleId, QString(), canvas, window, QString());
+        screen->SetDefaultView(ModuleId());
+        screen->AssignNavActionButton(ModuleId(), QString(), canvas, window, QString());
         screen->DisplayStartupFullView();
         QCOMPARE(screen->GetCurrentCanvas(), canvas);
         QVERIFY(window->isVisible());

@@ -497,8 +497,10 @@ private Q_SLOTS:
         if (whenShown)
             stage.canvas->hide();
         // Qt goes on with a widget whose event is being handled, so that its end is put off, as modules do.
-        connect(canvas, whenShown ? &TCanvas::OnShow : &TCanvas::OnHide, canvas,
-                [canvas] { canvas->deleteLater(); });
+        if (whenShown)
+            connect(canvas, &TCanvas::OnShow, canvas, &QObject::deleteLater);
+        else
+            connect(canvas, &TCanvas::OnHide, canvas, &QObject::deleteLater);
         stage.screen->SetCurrentCanvas(whenShown ? stage.canvas : other, true);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QVERIFY(!canvas);

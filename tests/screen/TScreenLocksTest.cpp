@@ -656,5 +656,4 @@ private:
 };
 
 COMMONUI_TEST(TScreenLocksTest)
-#include "moc_TScreenStage.cpp"
 #include "TScreenLocksTest.moc"

@@ -17,7 +17,10 @@
 
 namespace
 {
-KVN::MorvaneID const ModuleId(QUuid(QStringLiteral("{0d5f24ce-3b1c-4ef4-8c4f-6f1b8d7f3a10}")));
+KVN::MorvaneID ModuleId()
+{
+    return KVN::MorvaneID(QUuid(QStringLiteral("{0d5f24ce-3b1c-4ef4-8c4f-6f1b8d7f3a10}")));
+}
 
 bool SamePicture(KVN::PixmapManager* pixmaps, QString const& name, QString const& file)
 {
@@ -759,7 +762,7 @@ private Q_SLOTS:
         TScreenStage stage;
         auto* const canvas = new TCanvas(stage.screen.get());
         auto* const window = stage.Keep(new TFullWindow(nullptr));
-        int const id = stage.screen->AssignNavActionButton(ModuleId, QString(), canvas, window, QString());
+        int const id = stage.screen->AssignNavActionButton(ModuleId(), QString(), canvas, window, QString());
         stage.screen->OnNavShortcut();
         QCOMPARE(stage.screen->GetCurrentCanvas(), stage.canvas);
         stage.screen->SetNavShortcut(id);
@@ -774,8 +777,8 @@ private Q_SLOTS:
         TTestScreen screen;
         auto* const canvas = new TCanvas(screen.get());
         auto* const window = new TFullWindow(canvas);
-        screen->SetDefaultView(ModuleId);
-        screen->AssignNavActionButton(ModuleId, QString(), canvas, window, QString());
+        screen->SetDefaultView(ModuleId());
+        screen->AssignNavActionButton(ModuleId(), QString(), canvas, window, QString());
         QVERIFY(!screen->GetCurrentCanvas());
         screen->DisplayStartupFullView();
         QCOMPARE(screen->GetCurrentCanvas(), canvas);
