@@ -3,7 +3,7 @@
 #include "IConsoleModule.h"
 #include "MorvaneID.h"
 #include "TCanvas.h"
-#include "TSetupWindow.h"
+#include "TMachineSetupWindow.h"
 
 /// The setup of the console, which takes the whole screen.
 class TSetupModule : public IConsoleModule
@@ -16,5 +16,5 @@ public:
 
 private:
     TCanvas m_Canvas;
-    TSetupWindow m_Window;
+    TMachineSetupWindow m_Window;
 };

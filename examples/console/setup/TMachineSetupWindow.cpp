@@ -1,4 +1,4 @@
-#include "TSetupWindow.h"
+#include "TMachineSetupWindow.h"
 
 #include "ConfigManager.h"
 #include "MainScreen.h"
@@ -34,9 +34,9 @@ constexpr int CleanStop = 0;
 constexpr int Centred = Qt::AlignHCenter | Qt::AlignVCenter;
 QString const PageAttribute = QStringLiteral("Page");
 
-constexpr char const* PageNames[] = {QT_TRANSLATE_NOOP("TSetupWindow", "Sound"),
-                                     QT_TRANSLATE_NOOP("TSetupWindow", "Display"),
-                                     QT_TRANSLATE_NOOP("TSetupWindow", "System")};
+constexpr char const* PageNames[] = {QT_TRANSLATE_NOOP("TMachineSetupWindow", "Sound"),
+                                     QT_TRANSLATE_NOOP("TMachineSetupWindow", "Display"),
+                                     QT_TRANSLATE_NOOP("TMachineSetupWindow", "System")};
 
 QVariant Setting(int id)
 {
@@ -49,12 +49,12 @@ void Store(int id, QVariant const& value)
 }
 } // namespace
 
-TSetupWindow::TSetupWindow(QWidget* canvas)
+TMachineSetupWindow::TMachineSetupWindow(QWidget* canvas)
     : TFullWindow(canvas)
 {
 }
 
-void TSetupWindow::Setup()
+void TMachineSetupWindow::Setup()
 {
     TFullWindow::Setup();
     MakePageButtons();
@@ -64,14 +64,14 @@ void TSetupWindow::Setup()
     MakeDisplayPage(m_Pages[PAGE_DISPLAY]);
     MakeSystemPage(m_Pages[PAGE_SYSTEM]);
     AddControlButton(CloseButton, QStringLiteral("icon-tick-larger"), tr("Close the setup"));
-    connect(GetControlButtons()[CloseButton], &TPushButton::Clicked, this, &TSetupWindow::HideWindow);
+    connect(GetControlButtons()[CloseButton], &TPushButton::Clicked, this, &TMachineSetupWindow::HideWindow);
     SetButtonStartOffset(Margin);
     SetTitle(tr("Setup"));
     ShowPage(m_Page);
     Sync();
 }
 
-void TSetupWindow::MakePageButtons()
+void TMachineSetupWindow::MakePageButtons()
 {
     for (int page = 0; page < PAGE_COUNT; ++page)
     {
@@ -80,12 +80,12 @@ void TSetupWindow::MakePageButtons()
         button->SetText(tr(PageNames[page]), QStringLiteral("setup-page-%1").arg(page), true, QString(),
                         false);
         button->SetFontProperties(regularButtonTextColor, TextSize, true, false, false, Centred, false);
-        connect(button, &TPushButton::Clicked, this, &TSetupWindow::ShowPage);
+        connect(button, &TPushButton::Clicked, this, &TMachineSetupWindow::ShowPage);
         m_PageButtons.append(button);
     }
 }
 
-void TSetupWindow::MakeSoundPage(QWidget* page)
+void TMachineSetupWindow::MakeSoundPage(QWidget* page)
 {
     m_SoundRow = new TChoiceRow(page, tr("Sounds"), {tr("Off"), tr("On")});
     connect(m_SoundRow, &TChoiceRow::Chosen, this,
@@ -104,7 +104,7 @@ void TSetupWindow::MakeSoundPage(QWidget* page)
     m_Volume = new TValueField(page, tr("Volume"), QStringLiteral("%"));
 }
 
-void TSetupWindow::MakeDisplayPage(QWidget* page)
+void TMachineSetupWindow::MakeDisplayPage(QWidget* page)
 {
     m_ButtonSizeRow =
         new TChoiceRow(page, tr("Size of the buttons"), {tr("Normal"), tr("Large"), tr("Largest")});
@@ -116,7 +116,7 @@ void TSetupWindow::MakeDisplayPage(QWidget* page)
             });
 }
 
-void TSetupWindow::MakeSystemPage(QWidget* page)
+void TMachineSetupWindow::MakeSystemPage(QWidget* page)
 {
     m_About = new TTablePanel(page, AboutRowHeight, AboutTextSize);
     m_About->SetRows(
@@ -137,7 +137,7 @@ void TSetupWindow::MakeSystemPage(QWidget* page)
             });
 }
 
-void TSetupWindow::ShowPage(int page)
+void TMachineSetupWindow::ShowPage(int page)
 {
     if (page < 0 || page >= m_Pages.size())
         return;
@@ -152,13 +152,13 @@ void TSetupWindow::ShowPage(int page)
     }
 }
 
-void TSetupWindow::StepVolume(int step)
+void TMachineSetupWindow::StepVolume(int step)
 {
     Store(CONFIG_SOUND_VOLUME, qBound(0, Setting(CONFIG_SOUND_VOLUME).toInt() + step, LoudestVolume));
     Sync();
 }
 
-void TSetupWindow::Sync()
+void TMachineSetupWindow::Sync()
 {
     bool const isSoundOn = Setting(CONFIG_SOUND_ENABLED).toBool();
     int const volume = Setting(CONFIG_SOUND_VOLUME).toInt();
@@ -170,26 +170,26 @@ void TSetupWindow::Sync()
 }
 
 // The back key closes the setup, as its own button does.
-bool TSetupWindow::OnMMIBack()
+bool TMachineSetupWindow::OnMMIBack()
 {
     HideWindow();
     return false;
 }
 
 // Settings may have changed while the setup was away.
-void TSetupWindow::showEvent(QShowEvent* event)
+void TMachineSetupWindow::showEvent(QShowEvent* event)
 {
     TFullWindow::showEvent(event);
     Sync();
 }
 
-void TSetupWindow::resizeEvent(QResizeEvent* event)
+void TMachineSetupWindow::resizeEvent(QResizeEvent* event)
 {
     TFullWindow::resizeEvent(event);
     Arrange();
 }
 
-void TSetupWindow::Arrange()
+void TMachineSetupWindow::Arrange()
 {
     if (m_Pages.isEmpty())
         return;
@@ -213,12 +213,12 @@ void TSetupWindow::Arrange()
     PositionControlButtons();
 }
 
-void TSetupWindow::SaveXMLStateSnapshot(QDomElement element)
+void TMachineSetupWindow::SaveXMLStateSnapshot(QDomElement element)
 {
     element.setAttribute(PageAttribute, m_Page);
 }
 
-void TSetupWindow::RestoreXMLStateSnapshot(QDomElement element)
+void TMachineSetupWindow::RestoreXMLStateSnapshot(QDomElement element)
 {
     bool isNumber = false;
     int const page = element.attribute(PageAttribute).toInt(&isNumber);

@@ -10,12 +10,12 @@ class TValueField;
 
 /// The setup: pages of settings over the whole screen. It takes effect at once; closing it brings the last
 /// view back.
-class TSetupWindow : public TFullWindow
+class TMachineSetupWindow : public TFullWindow
 {
     Q_OBJECT
 
 public:
-    explicit TSetupWindow(QWidget* canvas);
+    explicit TMachineSetupWindow(QWidget* canvas);
 
     void Setup() override;
     bool OnMMIBack() override;
