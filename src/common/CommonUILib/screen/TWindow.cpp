@@ -266,6 +266,13 @@ bool TWindow::OnMMIBack()
     return !m_Modal;
 }
 
+void TWindow::RaiseBelowFade(QWidget* child)
+{
+    child->raise();
+    if (!m_Fade->isHidden())
+        child->stackUnder(m_Fade);
+}
+
 void TWindow::ShowWindow(bool modal)
 {
     QPointer<TWindow> const self(this);
@@ -490,6 +497,11 @@ bool TWindow::GetMiniViewsOverlap() const
 bool TWindow::IsModal() const
 {
     return m_Modal;
+}
+
+void TWindow::SetModalFlag()
+{
+    m_Modal = true;
 }
 
 void TWindow::ClearModalFlag()

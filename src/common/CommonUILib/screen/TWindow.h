@@ -140,6 +140,8 @@ protected:
     void SetMiniViewsOverlap(bool overlap);
     bool GetMiniViewsOverlap() const;
     bool IsModal() const;
+    /// Makes the window modal from its next showing on.
+    void SetModalFlag();
     void ClearModalFlag();
     void SetLocalModal(bool local);
     /// The rectangle that the fade covers.
@@ -149,6 +151,8 @@ protected:
     TPushButton* GetCancelButton() const;
     /// By id, null where there is none.
     QVector<TPushButton*> const& GetControlButtons() const;
+    /// Raises a child of the window above its other contents, but not above the fade of a modal one.
+    void RaiseBelowFade(QWidget* child);
     /// Fetches the background again for the present size.
     void ResizeBackground();
 

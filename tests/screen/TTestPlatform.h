@@ -1,0 +1,51 @@
+#pragma once
+
+#include "MorvanePlatformInterface.h"
+
+#include <QVector>
+
+/// A platform that notes which windows it is asked to show, and shows none.
+class TTestPlatform : public MorvanePlatformInterface
+{
+    Q_OBJECT
+
+public:
+    struct TRequest
+    {
+        void* window;
+        bool local;
+
+        bool operator==(TRequest const& other) const
+        {
+            return window == other.window && local == other.local;
+        }
+    };
+
+    void ShowPopupWindow(TPopupWindow* window, bool localWindow) override
+    {
+        m_Popups.append({window, localWindow});
+    }
+    void ShowTaskWindow(TTaskWindow* window, bool localWindow) override
+    {
+        m_TaskWindows.append({window, localWindow});
+    }
+    bool ToolTipVisible() const override { return false; }
+    bool IsToolTipShownFor(QWidget* source) const override
+    {
+        Q_UNUSED(source)
+        return false;
+    }
+    void ShowToolTipFor(QWidget* source, int placement, QString const& text,
+                        QSharedPointer<QPixmap> icon) override
+    {
+        Q_UNUSED(source)
+        Q_UNUSED(placement)
+        Q_UNUSED(text)
+        Q_UNUSED(icon)
+    }
+    void HideToolTip() override {}
+    QWidget* GetCurrentTopLevelWindow() const override { return nullptr; }
+
+    QVector<TRequest> m_Popups;
+    QVector<TRequest> m_TaskWindows;
+};
