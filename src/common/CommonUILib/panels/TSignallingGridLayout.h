@@ -1,0 +1,23 @@
+#pragma once
+
+#include "CommonUILibExport.h"
+
+#include <QGridLayout>
+
+/// A grid that says when it has placed its items, for what must follow one of them without being laid out
+/// itself. For a single column see TSignallingVBoxLayout.
+class COMMONUILIB_EXPORT TSignallingGridLayout : public QGridLayout
+{
+    Q_OBJECT
+
+public:
+    /// The layout of \a parent, or of no widget yet.
+    explicit TSignallingGridLayout(QWidget* parent = nullptr);
+
+    void setGeometry(QRect const& rect) override;
+
+Q_SIGNALS:
+    /// The layout was given a rectangle, the same one included, and every item has its place. A slot may
+    /// delete items, but the layout and its widget only by deleteLater(), since Qt works on with them.
+    void GeometryChanged();
+};
