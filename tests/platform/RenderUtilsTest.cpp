@@ -80,6 +80,20 @@ QImage Inside(QString const& text, QSize const& size, int flags, TOptions const&
                   });
 }
 
+/// The plain form on a canvas that is just the rectangle, in the part \a seen of it.
+QImage Plain(QString const& text, QSize const& size, int flags, QTextOption::WrapMode wrap, bool bold = false,
+             bool shadow = false, QRect const& seen = QRect())
+{
+    return Canvas(size,
+                  [&](QPainter* painter)
+                  {
+                      if (!seen.isNull())
+                          painter->setClipRect(seen);
+                      RenderUtils::RenderText(painter, QRect(QPoint(), size), flags, wrap, text, FontSize,
+                                              Qt::black, bold, shadow, FontOfSize(SmallSize));
+                  });
+}
+
 int Width(QString const& text, int size)
 {
     return QFontMetrics(FontOfSize(size)).horizontalAdvance(text);
@@ -284,6 +298,139 @@ private Q_SLOTS:
         QSize const area(100, LineHeight(FontSize));
         QCOMPARE(Elided(QStringLiteral("one\ntwo"), area, FontSize, FontSize),
                  Elided(QStringLiteral("one\u2026"), area, FontSize, FontSize));
+    }
+
+    void plainTextIsDrawnAsItIsMeasured_data()
+    {
+        QTest::addColumn<bool>("wrap");
+        QTest::newRow("wrapped") << true;
+        QTest::newRow("at its line ends") << false;
+    }
+
+    void plainTextIsDrawnAsItIsMeasured()
+    {
+        QFETCH(bool, wrap);
+        auto const mode = wrap ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap;
+        QRandomGenerator random(3);
+        for (int i = 0; i < 100; ++i)
+        {
+            QString const text = RandomText(random);
+            int const width = random.bounded(60, 200);
+            int const height = RenderUtils::GetTextHeight(text, FontOfSize(FontSize), width, wrap);
+            int const line = LineHeight(FontSize);
+            QImage const fitted = Plain(text, {width, height}, Qt::AlignCenter, mode);
+            QImage const roomy = Plain(text, {width, height + 2 * line}, Qt::AlignCenter, mode);
+            QVERIFY2(fitted == roomy.copy(0, line, width, height), qPrintable(text));
+            QVERIFY(Ink(fitted).top() < line);
+            QVERIFY(Ink(fitted).bottom() >= height - line);
+        }
+    }
+
+    void plainTextBreaksAtItsOwnLineEndsAlone()
+    {
+        QSize const area(60, 120);
+        QString const text = QStringLiteral("first of the lines\nsecond\n\nfourth");
+        QCOMPARE(RenderUtils::GetTextHeight(text, FontOfSize(FontSize), 60, false), 4 * LineHeight(FontSize));
+        QImage const drawn = Plain(text, area, Qt::AlignTop, QTextOption::NoWrap);
+        QCOMPARE(drawn, Plain(text, area, Qt::AlignTop, QTextOption::ManualWrap));
+        QVERIFY(Ink(drawn).right() >= area.width() - 2);
+        QVERIFY(drawn != Plain(text, area, Qt::AlignTop, QTextOption::WordWrap));
+        QImage const second =
+            Plain(QStringLiteral("second"), {60, LineHeight(FontSize)}, Qt::AlignTop, QTextOption::NoWrap);
+        QCOMPARE(drawn.copy(0, LineHeight(FontSize), 60, LineHeight(FontSize)), second);
+    }
+
+    void plainTextKeepsItsSizeAndHasNoEllipsis()
+    {
+        QSize const area(60, LineHeight(FontSize));
+        QString const text = QStringLiteral("Section control");
+        QCOMPARE(
+            Plain(text, area, Qt::AlignTop, QTextOption::NoWrap),
+            Plain(text, {400, area.height()}, Qt::AlignTop, QTextOption::NoWrap).copy(QRect(QPoint(), area)));
+    }
+
+    void plainTextIsBoldOnDemand()
+    {
+        QSize const area(200, 40);
+        QString const text = QStringLiteral("Section");
+        int const light = Ink(Plain(text, area, 0, QTextOption::NoWrap)).width();
+        QVERIFY(Ink(Plain(text, area, 0, QTextOption::NoWrap, true)).width() > light);
+    }
+
+    void plainTextOfAnyHeightIsDrawnLineByLine_data()
+    {
+        QTest::addColumn<int>("flags");
+        QTest::newRow("left") << int(Qt::AlignLeft | Qt::AlignTop);
+        QTest::newRow("centred") << int(Qt::AlignCenter);
+        QTest::newRow("right, bottom") << int(Qt::AlignRight | Qt::AlignBottom);
+    }
+
+    // Large enough to be drawn without a picture, in comparison with the picture of one line.
+    void plainTextOfAnyHeightIsDrawnLineByLine()
+    {
+        QFETCH(int, flags);
+        int const line = LineHeight(FontSize);
+        QStringList numbers;
+        for (int i = 0; i < 900; ++i)
+            numbers << QString::number(i);
+        QString const text = numbers.join(QLatin1Char('\n'));
+        QSize const area(200, 900 * line);
+        auto const wrap = QTextOption::WrapAtWordBoundaryOrAnywhere;
+        QImage const whole = Plain(text, area, flags, wrap, false, true);
+        for (int const i : {0, 17, 899})
+            QCOMPARE(whole.copy(0, i * line, 200, line),
+                     Plain(numbers[i], {200, line}, flags, wrap, false, true));
+        QRect const seen(1, 17 * line + 5, 198, 3 * line);
+        QImage const part = Plain(text, area, flags, wrap, false, true, seen);
+        QCOMPARE(part.copy(seen), whole.copy(seen));
+        QVERIFY(seen.contains(Ink(part)));
+    }
+
+    void giantPlainTextIsDrawnToItsEnd_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("wrap");
+        QString mixed;
+        QString signs;
+        for (int i = 0; i < 50000; ++i)
+        {
+            mixed += QLatin1Char('a') + QString(QChar(0x05d0 + i % 20));
+            signs += QChar(0x4e00 + i % 5000) + QString(QChar(0x0e01 + i % 40));
+        }
+        for (bool const wrap : {true, false})
+        {
+            char const* const mode = wrap ? "wrapped" : "lines";
+            QTest::addRow("%s, words", mode) << QStringLiteral("rates ").repeated(16667) << wrap;
+            QTest::addRow("%s, no blank", mode) << QString(100000, 'm') << wrap;
+            QTest::addRow("%s, line ends", mode) << QString(100000, '\n') + QLatin1Char('x') << wrap;
+            QTest::addRow("%s, both directions", mode) << mixed << wrap;
+            QTest::addRow("%s, without glyphs", mode) << signs << wrap;
+            QTest::addRow("%s, right to left", mode)
+                << QStringLiteral("\u05e9\u05dc\u05d5\u05dd ").repeated(20000) << wrap;
+        }
+    }
+
+    void giantPlainTextIsDrawnToItsEnd()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, wrap);
+        int const height = RenderUtils::GetTextHeight(text, FontOfSize(FontSize), 400, wrap);
+        QCOMPARE(height % LineHeight(FontSize), 0);
+        QSize const window(400, 300);
+        auto const mode = wrap ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap;
+        for (int const top : {0, -height / 2, window.height() - qMax(height, window.height())})
+        {
+            QImage const drawn =
+                Canvas(window,
+                       [&](QPainter* painter)
+                       {
+                           painter->setClipRect(QRect(QPoint(), window));
+                           RenderUtils::RenderText(painter, {0, top, 400, height}, Qt::AlignTop, mode, text,
+                                                   FontSize, Qt::black, false, false, FontOfSize(FontSize));
+                       });
+            bool const ends = top + height <= window.height();
+            QVERIFY(!ends || !Ink(drawn).isEmpty());
+        }
     }
 
     void withoutWrapLineEndsAreBlanks()

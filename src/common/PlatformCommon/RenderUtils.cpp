@@ -9,6 +9,7 @@
 #include <QPainter>
 
 #include <climits>
+#include <memory>
 
 namespace KVN
 {
@@ -26,21 +27,38 @@ constexpr int LargestFontSize = 512;
 // characters.
 constexpr int LongestMeasuredText = 1 << 17;
 
-struct THeightKey
+// A text beyond this is kept as it was laid out, so that it is not laid out anew to be drawn.
+constexpr int LongText = 1024;
+// What the layout of a character takes, roughly; the longest text that is measured can just be kept.
+constexpr qint64 LayoutBytesOfCharacter = 64;
+constexpr qint64 MaxLayoutBytes = LayoutBytesOfCharacter * (LongestMeasuredText + LongText);
+constexpr std::size_t MaxLayouts = 64;
+// A larger rectangle is drawn line by line, since its picture would drive all others from the cache.
+constexpr qint64 LargestPictureBytes = MaxPictureBytes / 4;
+
+constexpr int HashedText = 256;
+
+/// All that the lines of a text depend on.
+struct TLinesKey
 {
     QString text;
     QFont font;
     int width;
+    TTextLines::EWrap wrap;
 
-    friend bool operator==(THeightKey const& left, THeightKey const& right)
+    friend bool operator==(TLinesKey const& left, TLinesKey const& right)
     {
-        return left.width == right.width && left.text == right.text && left.font == right.font;
+        return left.width == right.width && left.wrap == right.wrap && left.text == right.text &&
+               left.font == right.font;
     }
-    friend uint qHash(THeightKey const& key, uint seed = 0)
+    friend uint qHash(TLinesKey const& key, uint seed = 0)
     {
-        return ::qHash(key.text, seed) ^ uint(key.width) << 16;
+        // Of a giant text the beginning must do: it is asked for at every step of a scroll.
+        return ::qHash(key.text.leftRef(HashedText), seed) ^ uint(key.text.size()) ^ uint(key.width) << 16;
     }
 };
+
+using TSharedLines = std::shared_ptr<TTextLines const>;
 
 struct TCaches
 {
@@ -48,7 +66,8 @@ struct TCaches
     TCaches() { qAddPostRoutine(&RenderUtils::ClearTextCache); }
 
     TLruCache<TTextRequest, TTextPicture> pictures{MaxPictureBytes, MaxPictures};
-    TLruCache<THeightKey, int> heights{MaxHeightBytes, MaxHeights};
+    TLruCache<TLinesKey, int> heights{MaxHeightBytes, MaxHeights};
+    TLruCache<TLinesKey, TSharedLines> layouts{MaxLayoutBytes, MaxLayouts};
 };
 
 TCaches& Caches()
@@ -75,6 +94,78 @@ void DrawText(QPainter* painter, QPoint const& place, TTextRequest const& reques
     pictures.Insert(request, made, TextBytes(request.text) + made.image.sizeInBytes());
     if (!made.image.isNull())
         painter->drawImage(place + made.offset, made.image);
+}
+
+TSharedLines LayOut(TLinesKey const& key)
+{
+    auto& layouts = Caches().layouts;
+    if (TSharedLines const* const kept = layouts.Find(key))
+        return *kept;
+    auto lines =
+        std::make_shared<TTextLines const>(TTextLines::Cut(key.text, LongestMeasuredText), key.font,
+                                           qMin(key.width, TTextPicture::LargestSide), key.wrap, INT_MAX);
+    if (key.text.size() > LongText)
+        layouts.Insert(key, lines,
+                       TextBytes(key.text) +
+                           qMin(key.text.size(), LongestMeasuredText) * LayoutBytesOfCharacter);
+    return lines;
+}
+
+/// The part of a high text that can be seen.
+class TVisibleLines
+{
+public:
+    TVisibleLines(QPainter* painter, QRect const& rect, TTextLines const& lines, Qt::Alignment alignment)
+        : m_Painter(painter)
+        , m_Origin(rect.topLeft())
+        , m_Lines(lines)
+        , m_Alignment(alignment)
+        , m_Top(lines.Top(rect.height(), alignment))
+    {
+        QRect const seen =
+            painter->hasClipping() ? rect.intersected(painter->clipBoundingRect().toAlignedRect()) : rect;
+        // Glyphs may reach a little beyond their line.
+        m_First = qMax(0, LineAt(seen.top()) - 1);
+        m_Last = qMin(lines.Count() - 1, LineAt(seen.bottom()) + 1);
+    }
+
+    void Draw(QColor const& colour, int shift) const
+    {
+        m_Painter->save();
+        m_Painter->translate(m_Origin + QPoint(shift, shift));
+        m_Painter->setPen(colour);
+        for (int i = m_First; i <= m_Last; ++i)
+            m_Lines.DrawLine(*m_Painter, i, m_Top + i * m_Lines.LineHeight(), m_Alignment);
+        m_Painter->restore();
+    }
+
+private:
+    int LineAt(int y) const { return (y - m_Origin.y() - m_Top) / m_Lines.LineHeight(); }
+
+    QPainter* m_Painter;
+    QPoint m_Origin;
+    TTextLines const& m_Lines;
+    Qt::Alignment m_Alignment;
+    int m_Top;
+    int m_First = 0;
+    int m_Last = -1;
+};
+
+void DrawLines(QPainter* painter, QRect const& rect, TTextRequest const& request)
+{
+    TTextLines::EWrap const wrap =
+        request.options & TTextRequest::LINE_ENDS ? TTextLines::LINE_ENDS : TTextLines::WORD_WRAP;
+    QFont font = request.font;
+    font.setPixelSize(request.size);
+    TSharedLines const lines = LayOut({request.text, font, rect.width(), wrap});
+    painter->save();
+    painter->setClipRect(rect, Qt::IntersectClip);
+    TVisibleLines const visible(painter, rect, *lines, Qt::Alignment(request.alignment));
+    QColor const colour = QColor::fromRgba(request.colour);
+    if (request.options & TTextRequest::SHADOW)
+        visible.Draw(QColor(0, 0, 0, colour.alpha()), 1);
+    visible.Draw(colour, 0);
+    painter->restore();
 }
 
 bool CanDraw(QPainter const* painter, QRect const& rect)
@@ -132,17 +223,40 @@ int FarMargin(int extent, int near, int last)
 
 int RenderUtils::GetTextHeight(QString const& text, QFont const& font, int width)
 {
+    return GetTextHeight(text, font, width, true);
+}
+
+int RenderUtils::GetTextHeight(QString const& text, QFont const& font, int width, bool wrap)
+{
     if (text.isEmpty() || width < 1)
         return TTextLines::LineHeight(font);
-    THeightKey const key{text, font, width};
+    TLinesKey const key{text, font, width, wrap ? TTextLines::WORD_WRAP : TTextLines::LINE_ENDS};
     auto& heights = Caches().heights;
     if (int const* const known = heights.Find(key))
         return *known;
-    TTextLines const lines(TTextLines::Cut(text, LongestMeasuredText), font,
-                           qMin(width, TTextPicture::LargestSide), TTextLines::WORD_WRAP, INT_MAX);
-    int const height = qMax(1, lines.Count()) * lines.LineHeight();
+    TSharedLines const lines = LayOut(key);
+    int const height = qMax(1, lines->Count()) * lines->LineHeight();
     heights.Insert(key, height, TextBytes(text));
     return height;
+}
+
+void RenderUtils::RenderText(QPainter* painter, QRect const& rect, int flags, QTextOption::WrapMode wrap,
+                             QString const& text, int size, QColor const& color, bool bold, bool shadow,
+                             QFont const& font)
+{
+    if (!CanDraw(painter, rect) || ShowsNothing(text, color))
+        return;
+    TTextRequest request = Request(text, font, rect.size(), size, size, color);
+    if (bold)
+        request.font.setBold(true);
+    bool const breaks = wrap != QTextOption::NoWrap && wrap != QTextOption::ManualWrap;
+    request.alignment = flags & int(Qt::AlignHorizontal_Mask | Qt::AlignVertical_Mask);
+    request.options = TTextRequest::ANTIALIAS | (breaks ? TTextRequest::WRAP : TTextRequest::LINE_ENDS) |
+                      Option(shadow, TTextRequest::SHADOW);
+    if (qint64(rect.width()) * rect.height() * qint64(sizeof(QRgb)) <= LargestPictureBytes)
+        DrawText(painter, rect.topLeft(), request);
+    else
+        DrawLines(painter, rect, request);
 }
 
 void RenderUtils::RenderTextInsideRect(QPainter* painter, QRect const& rect, int flags, QString const& text,
@@ -205,5 +319,6 @@ void RenderUtils::ClearTextCache()
 {
     Caches().pictures.Clear();
     Caches().heights.Clear();
+    Caches().layouts.Clear();
 }
 } // namespace KVN

@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QRect>
 #include <QString>
+#include <QTextOption>
 
 class QPainter;
 
@@ -25,6 +26,19 @@ public:
     /// is longer: a whole number of lines, one for an empty text or a width below 1. A rectangle of that
     /// height holds the whole text in the button form.
     static int GetTextHeight(QString const& text, QFont const& font, int width);
+
+    /// As above; with \a wrap false the lines are those that the text itself ends.
+    static int GetTextHeight(QString const& text, QFont const& font, int width, bool wrap);
+
+    /// Draws \a text inside \a rect in \a font at pixel size \a size, aligned by \a flags (Qt::Alignment).
+    /// It neither shrinks nor ends in an ellipsis: what does not fit is cut at the rectangle, from its first
+    /// line on. \a wrap breaks it as GetTextHeight() counts the lines, in whatever mode but
+    /// QTextOption::NoWrap and ManualWrap, which break it at its own line ends alone. \a bold makes the font
+    /// bold, \a shadow draws a black copy one pixel down and right first. Where the painter has a clip, a
+    /// rectangle of any height costs no more than the lines within it, once the text is laid out.
+    static void RenderText(QPainter* painter, QRect const& rect, int flags, QTextOption::WrapMode wrap,
+                           QString const& text, int size, QColor const& color, bool bold, bool shadow,
+                           QFont const& font);
 
     /// Draws \a text inside \a rect, aligned by \a flags (Qt::Alignment, Qt::TextWordWrap). It starts at
     /// pixel size \a size and shrinks as far as \a minSize until it fits; what does not fit then is elided at

@@ -37,7 +37,7 @@ bool IsControl(QChar c)
 QChar Replacement(QChar c, TTextLines::EWrap wrap)
 {
     if (IsLineEnd(c))
-        return wrap == TTextLines::WORD_WRAP ? QChar(QChar::LineSeparator) : QChar(QLatin1Char(' '));
+        return wrap == TTextLines::SINGLE_LINE ? QChar(QLatin1Char(' ')) : QChar(QChar::LineSeparator);
     return c == QLatin1Char('\t') ? QChar(QLatin1Char(' ')) : QChar();
 }
 
@@ -49,10 +49,25 @@ QTextOption Option(TTextLines::EWrap wrap, bool rightToLeft)
                                                      : QTextOption::NoWrap);
     return option;
 }
+// Every line of \a text by itself cut to \a maxLength.
+QString CutLines(QString const& text, int maxLength)
+{
+    QStringList lines = text.split(QChar::LineSeparator);
+    for (QString& line : lines)
+        line = TTextLines::Cut(line, maxLength);
+    return lines.join(QChar::LineSeparator);
+}
+
+// What of \a text can be seen in lines of \a width.
+QString Visible(QString const& text, int width, TTextLines::EWrap wrap)
+{
+    QString const drawable = TTextLines::Drawable(text, wrap);
+    return wrap == TTextLines::LINE_ENDS ? CutLines(drawable, TTextLines::LongestVisible(width)) : drawable;
+}
 } // namespace
 
 TTextLines::TTextLines(QString const& text, QFont const& font, int width, EWrap wrap, int maxLines)
-    : m_Text(Drawable(text, wrap))
+    : m_Text(Visible(text, width, wrap))
     , m_Font(font)
     , m_Wrap(wrap)
     , m_Width(width)
@@ -92,7 +107,7 @@ QString TTextLines::Drawable(QString const& text, EWrap wrap)
 // a piece may go on in the next one, which therefore begins with it.
 void TTextLines::BreakLines(int maxLines)
 {
-    int length = m_Wrap == WORD_WRAP ? PieceLength : m_Text.size();
+    int length = m_Wrap == SINGLE_LINE ? m_Text.size() : PieceLength;
     while (Count() < maxLines && m_End < m_Text.size())
     {
         std::vector<TLine> piece = BreakPiece(m_End, length, maxLines - Count());
@@ -132,6 +147,14 @@ std::vector<TTextLines::TLine> TTextLines::BreakPiece(int from, int length, int 
     }
     layout.endLayout();
     return lines;
+}
+
+int TTextLines::Top(int height, Qt::Alignment alignment) const
+{
+    int const free = height - Height();
+    if (alignment & Qt::AlignVCenter && (free >= 0 || Count() == 1))
+        return free / 2;
+    return alignment & Qt::AlignBottom ? qMax(0, free) : 0;
 }
 
 int TTextLines::NaturalWidth() const

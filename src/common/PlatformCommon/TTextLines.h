@@ -21,7 +21,8 @@ public:
     enum EWrap
     {
         SINGLE_LINE, ///< line ends in the text become blanks
-        WORD_WRAP    ///< broken at word ends, a word that is too long anywhere
+        LINE_ENDS,   ///< broken at the line ends in the text alone
+        WORD_WRAP    ///< broken at word ends too, a word that is too long anywhere
     };
 
     /// Lays out no more than \a maxLines lines; HasMore() tells whether some were left.
@@ -47,6 +48,10 @@ public:
     int LineHeight() const { return m_LineHeight; }
     QFont const& Font() const { return m_Font; }
     int Height() const { return Count() * m_LineHeight; }
+
+    /// Where the first line stands in an area of \a height. Lines that do not fit in begin at the top; a
+    /// single one that does not is cut at both sides where it is centred.
+    int Top(int height, Qt::Alignment alignment) const;
 
     /// Does no line reach beyond the width.
     bool FitsWidth() const { return NaturalWidth() <= m_Width; }

@@ -24,7 +24,7 @@ private:
     void LayOut(int size);
     bool Fits() const;
     void Elide();
-    int Top() const;
+    int Top() const { return m_Lines->Top(m_Request.area.height(), m_Alignment); }
     QRect Bounds() const;
     void DrawLines(QPainter& painter, QColor const& colour) const;
 
@@ -37,9 +37,19 @@ private:
     std::unique_ptr<TTextLines> m_LastLine; // stands for the last of the lines when that is elided
 };
 
-// A giant text costs no more than a long one when only what could be seen of it is laid out.
+TTextLines::EWrap Wrap(TTextRequest const& request)
+{
+    if (request.options & TTextRequest::LINE_ENDS)
+        return TTextLines::LINE_ENDS;
+    return request.options & TTextRequest::WRAP ? TTextLines::WORD_WRAP : TTextLines::SINGLE_LINE;
+}
+
+// A giant text costs no more than a long one when only what could be seen of it is laid out. Line ends are
+// counted by the lines themselves.
 QString CutForArea(TTextRequest const& request, QSize const& area)
 {
+    if (request.options & TTextRequest::LINE_ENDS)
+        return request.text;
     int const rows = request.options & TTextRequest::WRAP ? area.height() / request.minSize + 2 : 1;
     return TTextLines::Cut(request.text, rows * TTextLines::LongestVisible(area.width()));
 }
@@ -49,7 +59,7 @@ TTextDrawing::TTextDrawing(TTextRequest const& request)
     , m_Alignment(request.alignment)
     , m_Area(request.area.boundedTo(QSize(TTextPicture::LargestSide, TTextPicture::LargestSide)))
     , m_Text(CutForArea(request, m_Area))
-    , m_Wrap(Wants(TTextRequest::WRAP) ? TTextLines::WORD_WRAP : TTextLines::SINGLE_LINE)
+    , m_Wrap(Wrap(request))
 {
     int size = request.size;
     LayOut(size);
@@ -90,14 +100,6 @@ void TTextDrawing::Elide()
         return;
     m_LastLine = std::make_unique<TTextLines>(m_Lines->ElidedLastLine(), m_Lines->Font(), m_Area.width(),
                                               TTextLines::SINGLE_LINE, 1);
-}
-
-int TTextDrawing::Top() const
-{
-    int const free = m_Request.area.height() - m_Lines->Height();
-    if (m_Alignment & Qt::AlignVCenter && (free >= 0 || m_Lines->Count() == 1))
-        return free / 2;
-    return m_Alignment & Qt::AlignBottom ? qMax(0, free) : 0;
 }
 
 // Where something may be drawn, in the coordinates of the area: glyphs may reach a little beyond their line.

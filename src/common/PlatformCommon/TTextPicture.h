@@ -17,7 +17,8 @@ struct TTextRequest
         SHRINK = 2,    ///< smaller sizes are tried
         ELIDE = 4,     ///< an ellipsis where text is left out
         ANTIALIAS = 8, ///< smooth edges
-        SHADOW = 16    ///< a black copy one pixel down and right
+        SHADOW = 16,   ///< a black copy one pixel down and right
+        LINE_ENDS = 32 ///< more than one line, but only where the text has line ends
     };
 
     QString text;
