@@ -191,7 +191,10 @@ void TWindow::MakeSystemConnections() {}
 
 void TWindow::SetTitle(QString const& title)
 {
+    if (title == m_Title)
+        return;
     m_Title = title;
+    update();
 }
 
 QString TWindow::GetTitle()
@@ -482,6 +485,11 @@ void TWindow::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::ParentAboutToChange && parentWidget())
         parentWidget()->removeEventFilter(this);
+}
+
+QString TWindow::GetBackground() const
+{
+    return m_BackgroundName;
 }
 
 void TWindow::SetMiniViewsOverlap(bool overlap)

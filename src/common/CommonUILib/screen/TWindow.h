@@ -136,6 +136,8 @@ protected:
     void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
 
+    /// The logical name of the background, empty for none.
+    QString GetBackground() const;
     /// Whether mini windows may lie over this window; a full window then reaches below them.
     void SetMiniViewsOverlap(bool overlap);
     bool GetMiniViewsOverlap() const;
