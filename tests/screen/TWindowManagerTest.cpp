@@ -886,8 +886,6 @@ private Q_SLOTS:
     void bothTimersRunFromTheStart()
     {
         TViewStage stage;
-        QList<QTimer*> const timers = stage.manager->findChildren<QTimer*>();
-        Q_UNUSED(timers)
         TTestView const a = stage.AddStanding(QStringLiteral("a"));
         stage.manager->OnHideMiniView(a.id, true);
         stage.manager->OnShowMiniView(a.id);
@@ -896,6 +894,22 @@ private Q_SLOTS:
         TTestView const b = stage.AddStanding(QStringLiteral("b"));
         stage.calls.clear();
         QTRY_VERIFY(stage.calls.contains(QStringLiteral("b update")));
+    }
+
+    void bothTimersGoOnAfterAStall()
+    {
+        TViewStage stage;
+        TTestView const a = stage.AddStanding(QStringLiteral("a"));
+        for (int stall = 0; stall < 3; ++stall)
+        {
+            stage.screen.Frame(500);
+            stage.calls.clear();
+            QTRY_COMPARE(stage.calls.count(QStringLiteral("a update")), 2);
+        }
+        stage.manager->OnHideMiniView(a.id, true);
+        stage.manager->OnShowMiniView(a.id);
+        stage.screen.m_Clock.Advance(80);
+        QTRY_VERIFY(a.mini->x() != InSlotX);
     }
 };
 

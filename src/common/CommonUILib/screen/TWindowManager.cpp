@@ -15,6 +15,8 @@
 
 #include <algorithm>
 
+#include <QDeadlineTimer>
+
 namespace
 {
 constexpr int FrameInterval = 20;
@@ -33,11 +35,13 @@ TWindowManager::TWindowManager(TScreen* screen, QWidget* navigationBar)
     , m_NavigationBar(navigationBar)
 {
     m_FrameTimer.setTimerType(Qt::PreciseTimer);
+    m_FrameTimer.setInterval(FrameInterval);
     connect(&m_FrameTimer, &QTimer::timeout, this, &TWindowManager::OnNextFrame);
-    m_FrameTimer.start(FrameInterval);
+    StartOnTheBeat(m_FrameTimer);
     m_UpdateTimer.setTimerType(Qt::PreciseTimer);
+    m_UpdateTimer.setInterval(UpdateInterval);
     connect(&m_UpdateTimer, &QTimer::timeout, this, &TWindowManager::OnUpdateScreen);
-    m_UpdateTimer.start(UpdateInterval);
+    StartOnTheBeat(m_UpdateTimer);
 }
 
 TWindowManager::~TWindowManager()
@@ -47,6 +51,16 @@ TWindowManager::~TWindowManager()
         delete view.rightShadow;
         delete view.bottomShadow;
     }
+}
+
+// A wake costs far more than an idle tick. Qt moves a coarse timer of 100 ms, such as the navigator's, to the
+// tenths of the steady clock's second: timers that start at a multiple of a frame share its wakes.
+void TWindowManager::StartOnTheBeat(QTimer& timer)
+{
+    qint64 const now = QDeadlineTimer::current(Qt::PreciseTimer).deadline();
+    timer.stop();
+    QTimer::singleShot(FrameInterval - static_cast<int>(now % FrameInterval), Qt::PreciseTimer, this,
+                       [&timer] { timer.start(); });
 }
 
 int TWindowManager::GetSlotCount()
@@ -855,6 +869,11 @@ void TWindowManager::HideMiniviewsIfOverlapping(QWidget* widget)
 
 void TWindowManager::OnUpdateScreen()
 {
+    if (m_AreUpdatesOffBeat)
+    {
+        m_AreUpdatesOffBeat = false;
+        StartOnTheBeat(m_UpdateTimer);
+    }
     for (size_t slot = 0; slot < m_Slots.size(); ++slot)
     {
         if (m_Slots[slot].isEmpty())

@@ -165,6 +165,7 @@ private:
     void AttachElements(QDomElement const& section, bool isFullView, QString const& tag);
     void SweepMiniWindows();
     void ServePendingRestore(TPendingWindowRestore const& pending, int id);
+    void StartOnTheBeat(QTimer& timer);
 
     QList<TPendingWindowRestore> m_PendingRestores;
     QMap<QString, int> m_IdsByName;
@@ -183,4 +184,7 @@ private:
     QString m_SetupManagerId;
     QString m_InventorManagerId;
     qint64 m_LastFrameTime = -1;
+    // The first ticks come after the stall of the start.
+    bool m_AreFramesOffBeat = true;
+    bool m_AreUpdatesOffBeat = true;
 };

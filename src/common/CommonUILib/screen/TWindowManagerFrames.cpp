@@ -12,6 +12,8 @@
 namespace
 {
 constexpr int SlideDuration = 160;
+// Two frames' time: by then one was left out.
+constexpr int LateFrame = 40;
 
 int HorizontalTravel()
 {
@@ -70,6 +72,11 @@ void TWindowManager::OnNextFrame()
         for (int const id : ids)
             AnimateMiniView(id, delta);
     }
+    else if (m_AreFramesOffBeat)
+    {
+        m_AreFramesOffBeat = false;
+        StartOnTheBeat(m_FrameTimer);
+    }
     if (m_Swapping)
     {
         m_Swapping = SwappingViews();
@@ -83,6 +90,10 @@ int TWindowManager::FrameDelta()
     qint64 const now = TLocalTime::getCurrentTime();
     qint64 const delta = m_LastFrameTime < 0 ? 0 : now - m_LastFrameTime;
     m_LastFrameTime = now;
+    // After a stall the timers go on from there. Each is put right by its own tick: a timer that another one
+    // restarts may never expire.
+    if (delta >= LateFrame)
+        m_AreFramesOffBeat = m_AreUpdatesOffBeat = true;
     // More than a slide takes is never needed, and a sum with it never overflows.
     return static_cast<int>(qBound<qint64>(0, delta, SlideDuration + 1));
 }
