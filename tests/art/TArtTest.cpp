@@ -105,7 +105,7 @@ QImage Load(QString const& path)
 QStringList FilesLoadedByPath()
 {
     return QStringLiteral(
-               "MiniViewTitlebar NavBarButtonScrollDown NavBarButtonScrollUp NavigationBar "
+               "GreenLED MiniViewTitlebar NavBarButtonScrollDown NavBarButtonScrollUp NavigationBar RedLED "
                "SetupScreenBackgroundFlat800x600 Sidebar SplashScreen800x480 SplashScreen800x600 "
                "SystemToolbarOneButton SystemToolbarThreeButton SystemToolbarTwoButton TaskWindowNoShadow "
                "TaskWindowNoTitlebarNoShadow TaskWindowUSBNoShadow TitleBar WindowToolbarButtonScrollDown "
@@ -378,6 +378,12 @@ void TArtTest::statesDifferInAGreyCopy_data()
         {QStringLiteral("button-blank"), QStringLiteral("button-disabled")},
         {QStringLiteral("MenuButtonFlatSmall"), QStringLiteral("MenuButtonFlatSelectedSmall")},
         {QStringLiteral("WindowToolbarButton"), QStringLiteral("WindowToolbarButtonHighlight")},
+        {QStringLiteral("TabBar-tab-off-vertical"), QStringLiteral("TabBar-tab-on-vertical")},
+        {QStringLiteral("TabBar-tab-off-vertical"), QStringLiteral("TabBar-tab-off-selected-vertical")},
+        {QStringLiteral("TabBar-tab-on-vertical"), QStringLiteral("TabBar-tab-off-selected-vertical")},
+        {QStringLiteral("miniWindow-tab-off"), QStringLiteral("miniWindow-tab-on")},
+        {QStringLiteral("miniWindow-tab-off"), QStringLiteral("miniWindow-tab-off-selected")},
+        {QStringLiteral("miniWindow-tab-on"), QStringLiteral("miniWindow-tab-off-selected")},
         {QStringLiteral("WindowToolbarButtonSelected"),
          QStringLiteral("WindowToolbarButtonHighlightSelected")},
     };
