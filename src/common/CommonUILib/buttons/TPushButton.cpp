@@ -1222,11 +1222,24 @@ void TPushButton::paintEvent(QPaintEvent*)
     RenderToolTipMark(painter);
 }
 
+void TPushButton::PaintBackgroundAndIcons(QPainter& painter)
+{
+    FollowOpacity();
+    PaintBackground(painter);
+    ChangeOpacity(painter, isEnabled() ? 1.0F : m_ForegroundDisabledOpacity);
+    PaintIcons(painter);
+}
+
+void TPushButton::PaintAsFirstLine(QPainter& painter, QRect const& rect, QString const& text) const
+{
+    PaintLine(painter, m_Lines[0], rect, text);
+}
+
 void TPushButton::PaintForeground(QPainter& painter) const
 {
     PaintIcons(painter);
-    PaintLine(painter, m_Lines[0], GetText());
-    PaintLine(painter, m_Lines[1], DrawnSecondLine());
+    PaintLine(painter, m_Lines[0], m_Lines[0].rect, GetText());
+    PaintLine(painter, m_Lines[1], m_Lines[1].rect, DrawnSecondLine());
 }
 
 // Whether the button has what it shows now in one picture. That is made when it is painted a second time
@@ -1304,14 +1317,15 @@ void TPushButton::PaintIcons(QPainter& painter) const
                            (height() - m_RightSideIcon->height()) / 2, *m_RightSideIcon);
 }
 
-void TPushButton::PaintLine(QPainter& painter, TTextLine const& line, QString const& text) const
+void TPushButton::PaintLine(QPainter& painter, TTextLine const& line, QRect const& rect,
+                            QString const& text) const
 {
     if (!line.font || text.isEmpty())
         return;
     bool const centred = (line.alignment & Qt::AlignHCenter) != 0 && (line.alignment & Qt::AlignLeft) == 0;
-    KVN::RenderUtils::RenderElidedTextInsideRect(&painter, *line.font, line.rect, text,
-                                                 line.font->pixelSize(), MINIMUM_FONT_SIZE, line.colour,
-                                                 line.wrap, line.shadow, centred);
+    KVN::RenderUtils::RenderElidedTextInsideRect(&painter, *line.font, rect, text, line.font->pixelSize(),
+                                                 MINIMUM_FONT_SIZE, line.colour, line.wrap, line.shadow,
+                                                 centred);
 }
 
 void TPushButton::RenderToolTipMark(QPainter& painter)

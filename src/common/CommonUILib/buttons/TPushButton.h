@@ -212,6 +212,17 @@ protected:
     /// button again. Does not lift the button.
     void ClearHeld();
 
+    /// \name Parts of the picture
+    /// For a button that lays its own texts out, in the order of a paintEvent() of its own.
+    /// @{
+    /// Background and icons; the painter is left with the opacity of what stands on them.
+    void PaintBackgroundAndIcons(QPainter& painter);
+    /// \a text in the font, colour and alignment of the first line. Nothing without a font.
+    void PaintAsFirstLine(QPainter& painter, QRect const& rect, QString const& text) const;
+    /// The mark of tool-tip mode.
+    void RenderToolTipMark(QPainter& painter);
+    /// @}
+
 private Q_SLOTS:
     void OnClicked();
     void OnButtonDown();
@@ -321,8 +332,7 @@ private:
     void PaintForeground(QPainter& painter) const;
     void PaintBackground(QPainter& painter) const;
     void PaintIcons(QPainter& painter) const;
-    void PaintLine(QPainter& painter, TTextLine const& line, QString const& text) const;
-    void RenderToolTipMark(QPainter& painter);
+    void PaintLine(QPainter& painter, TTextLine const& line, QRect const& rect, QString const& text) const;
 
     int m_ButtonId;
     QSharedPointer<QPixmap> m_Icon;
