@@ -66,6 +66,8 @@ class TRecordingPlatform : public MorvanePlatformInterface
 public:
     void ShowPopupWindow(TPopupWindow*, bool) override {}
     void ShowTaskWindow(TTaskWindow*, bool) override {}
+    void ShowAnnotation(QWidget*, KVN::IAnnotationHandler*, QWidget*) override {}
+    void HideAnnotation(QWidget*) override {}
     bool ToolTipVisible() const override { return m_Mode; }
     bool IsToolTipShownFor(QWidget* source) const override { return source && source == shownFor; }
     void ShowToolTipFor(QWidget* source, int place, QString const& toolTip,
@@ -81,7 +83,7 @@ public:
         shownFor = nullptr;
         ++hidden;
     }
-    QWidget* GetCurrentTopLevelWindow() const override { return nullptr; }
+    QWidget* GetTopLevelWindow() const override { return nullptr; }
 
     void SetMode(bool on)
     {

@@ -24,6 +24,13 @@ public:
         Q_UNUSED(window)
         Q_UNUSED(localWindow)
     }
+    void ShowAnnotation(QWidget* widget, KVN::IAnnotationHandler* handler, QWidget* source) override
+    {
+        Q_UNUSED(widget)
+        Q_UNUSED(handler)
+        Q_UNUSED(source)
+    }
+    void HideAnnotation(QWidget* widget) override { Q_UNUSED(widget) }
     bool ToolTipVisible() const override { return false; }
     bool IsToolTipShownFor(QWidget* source) const override { return source == nullptr; }
     void ShowToolTipFor(QWidget* source, int placement, QString const& text,
@@ -35,7 +42,7 @@ public:
         Q_UNUSED(icon)
     }
     void HideToolTip() override {}
-    QWidget* GetCurrentTopLevelWindow() const override { return nullptr; }
+    QWidget* GetTopLevelWindow() const override { return nullptr; }
 };
 } // namespace
 

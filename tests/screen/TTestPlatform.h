@@ -29,6 +29,13 @@ public:
     {
         m_TaskWindows.append({window, localWindow});
     }
+    void ShowAnnotation(QWidget* widget, KVN::IAnnotationHandler* handler, QWidget* source) override
+    {
+        Q_UNUSED(widget)
+        Q_UNUSED(handler)
+        Q_UNUSED(source)
+    }
+    void HideAnnotation(QWidget* widget) override { Q_UNUSED(widget) }
     bool ToolTipVisible() const override { return false; }
     bool IsToolTipShownFor(QWidget* source) const override
     {
@@ -44,7 +51,7 @@ public:
         Q_UNUSED(icon)
     }
     void HideToolTip() override {}
-    QWidget* GetCurrentTopLevelWindow() const override { return nullptr; }
+    QWidget* GetTopLevelWindow() const override { return nullptr; }
 
     QVector<TRequest> m_Popups;
     QVector<TRequest> m_TaskWindows;

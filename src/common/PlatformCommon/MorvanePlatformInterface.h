@@ -11,8 +11,14 @@ class QWidget;
 class TPopupWindow;
 class TTaskWindow;
 
-/// What the toolkit asks of the platform around it: the stacks of popups and task windows, the tool tips. The
-/// host implements it once; a unit test may run without any, then tool tips do nothing. GUI thread only.
+namespace KVN
+{
+class IAnnotationHandler;
+} // namespace KVN
+
+/// What the toolkit asks of the platform around it: the stacks of popups and task windows, the annotations,
+/// the tool tips. The host implements it once; a unit test may run without any, then tool tips and
+/// annotations do nothing. GUI thread only.
 class PLATFORMCOMMON_EXPORT MorvanePlatformInterface : public QObject
 {
     Q_OBJECT
@@ -28,6 +34,14 @@ public:
     /// Pushes \a window on the stack of task windows of its module, places and shows it.
     virtual void ShowTaskWindow(TTaskWindow* window, bool localWindow) = 0;
 
+    /// Lays \a widget over all others of the screen, at the place that \a handler names, and keeps it there
+    /// while \a source moves, with its ancestors or alone. It hides with the source and comes back with it. A
+    /// widget that is up already gets the new handler and source. Without a source it stays up until it is
+    /// taken down, without a handler where it is. A handler that is no QObject outlives the annotation.
+    virtual void ShowAnnotation(QWidget* widget, KVN::IAnnotationHandler* handler, QWidget* source) = 0;
+    /// Takes \a widget down and gives it back to the parent that it had; any other widget is ignored.
+    virtual void HideAnnotation(QWidget* widget) = 0;
+
     /// Is tool-tip mode on: a press then explains a button instead of working it.
     virtual bool ToolTipVisible() const = 0;
     /// Is the tool tip of \a source on the screen.
@@ -40,7 +54,7 @@ public:
     virtual void HideToolTip() = 0;
 
     /// The top-level window that is in use now.
-    virtual QWidget* GetCurrentTopLevelWindow() const = 0;
+    virtual QWidget* GetTopLevelWindow() const = 0;
 
 Q_SIGNALS:
     /// Tool-tip mode was switched; ToolTipVisible() has the new answer already.
