@@ -5,6 +5,7 @@
 #include "TModalWidget.h"
 #include "TNavigationBar.h"
 #include "TScreen.h"
+#include "TSystemToolBar.h"
 #include "TWindow.h"
 
 #include <QtTest>
@@ -28,8 +29,8 @@ public:
     /// The first thing that is not as it must be; empty when all is well.
     QString Fault() const
     {
-        for (QString const& fault :
-             {CanvasFault(), MiniWindowFault(), LockFault(), AlarmFault(), ToolTipFault()})
+        for (QString const& fault : {CanvasFault(), MiniWindowFault(), SystemToolBarFault(), LockFault(),
+                                     AlarmFault(), ToolTipFault()})
         {
             if (!fault.isEmpty())
                 return fault;
@@ -70,6 +71,27 @@ private:
                 if (qobject_cast<TMiniWindow*>(widget) && IsAbove(widget, bar))
                     return QStringLiteral("a mini window is above a bar");
             }
+        }
+        return {};
+    }
+
+    // Free, it is above the navigation bars and the fade; under a global lock all bars are behind the fade.
+    QString SystemToolBarFault() const
+    {
+        QWidget const* const systemBar = m_Screen.GetSystemToolBar();
+        if (Layer(systemBar) < 0)
+            return {};
+        bool const isBehindTheFade = IsAbove(m_Screen.GetModalWidget(), systemBar);
+        if (m_Screen.AreAllToolbarsLocked())
+            return isBehindTheFade ? QString()
+                                   : QStringLiteral("the locked system tool bar is above the fade");
+        if (isBehindTheFade)
+            return QStringLiteral("the free system tool bar is behind the fade");
+        auto const bars = Bars();
+        for (QWidget const* const bar : bars)
+        {
+            if (IsAbove(bar, systemBar))
+                return QStringLiteral("the navigation bar is above the system tool bar");
         }
         return {};
     }

@@ -33,7 +33,7 @@ void TFullViewSideToolBar::ArrangeButtons()
 
 void TFullViewSideToolBar::showEvent(QShowEvent* event)
 {
-    setFixedHeight(SCREEN_HEIGHT - FULL_WINDOW_TITLEBAR_HEIGHT);
+    setFixedHeight(SCREEN_HEIGHT - FULL_WINDOW_TITLEBAR_HEIGHT - tscreenSystemToolBarHeight());
     TBaseToolBar::showEvent(event);
 }
 

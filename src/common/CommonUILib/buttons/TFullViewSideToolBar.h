@@ -2,8 +2,8 @@
 
 #include "TBaseToolBar.h"
 
-/// The tool bar down one side of a full view, below its title bar. It flicks and comes to rest on whole
-/// buttons. For the bar of a task window see TTaskToolBar.
+/// The tool bar down one side of a full view, below its title bar and above the system tool bar. It flicks
+/// and comes to rest on whole buttons. For the bar of a task window see TTaskToolBar.
 class COMMONUILIB_EXPORT TFullViewSideToolBar : public TBaseToolBar
 {
     Q_OBJECT

@@ -24,6 +24,11 @@ KVN::PixmapManager* tscreenPixmapManager()
     return MainScreen ? MainScreen->GetPixmapManager() : nullptr;
 }
 
+int tscreenSystemToolBarHeight()
+{
+    return MainScreen ? MainScreen->GetSystemToolBarHeight() : 0;
+}
+
 void tscreenPushMMIWidget(QWidget* widget)
 {
     if (MainScreen)

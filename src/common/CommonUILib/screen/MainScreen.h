@@ -22,8 +22,10 @@ COMMONUILIB_EXPORT TScreen** GetMainScreen();
 COMMONUILIB_EXPORT void tscreenPlaySound(ESoundType type);
 
 /// \name The screen, for leaf widgets
-/// What buttons and bars ask of the screen, without its header. Without a screen: null, and no effect.
+/// What buttons and bars ask of the screen, without its header. Without a screen: null or 0, and no effect.
 /// @{
 COMMONUILIB_EXPORT KVN::PixmapManager* tscreenPixmapManager();
+/// 0 while it is hidden.
+COMMONUILIB_EXPORT int tscreenSystemToolBarHeight();
 COMMONUILIB_EXPORT void tscreenPushMMIWidget(QWidget* widget);
 /// @}

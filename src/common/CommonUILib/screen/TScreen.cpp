@@ -19,6 +19,7 @@
 #include "TSoundServer.h"
 #include "TSystemSettings.h"
 #include "TSystemSettingsProxy.h"
+#include "TSystemToolBar.h"
 #include "TWindowManager.h"
 #include "UserLog.h"
 
@@ -350,26 +351,6 @@ void TScreen::SetAlarmWidget(TWindow* widget)
 TWindow* TScreen::GetAlarmWidget() const
 {
     return m_AlarmWidget;
-}
-
-int TScreen::GetSystemToolBarWidth() const
-{
-    return m_SystemToolBar && m_SystemToolBar->isVisible() ? m_SystemToolBar->width() : 0;
-}
-
-int TScreen::GetSystemToolBarHeight() const
-{
-    return m_SystemToolBar && m_SystemToolBar->isVisible() ? m_SystemToolBar->height() : 0;
-}
-
-int TScreen::GetSystemToolBarWidthWithoutVisibilityCheck() const
-{
-    return m_SystemToolBar ? m_SystemToolBar->width() : 0;
-}
-
-int TScreen::GetSystemToolBarHeightWithoutVisibilityCheck() const
-{
-    return m_SystemToolBar ? m_SystemToolBar->height() : 0;
 }
 
 QRect TScreen::GetUsableRect()

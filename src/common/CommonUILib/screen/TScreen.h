@@ -18,7 +18,6 @@
 #include <memory>
 
 class QThread;
-class TBaseToolBar;
 class TCameraXVOverlayManager;
 class TCanvas;
 class TFullWindow;
@@ -30,6 +29,8 @@ class TNavigationWindow;
 class TObstructionManager;
 class TPushButton;
 class TSoundServer;
+class TSystemToolBar;
+class TSystemToolBarButton;
 class TWindow;
 class TWindowManager;
 
@@ -88,9 +89,20 @@ public:
     TWindow* GetAlarmWidget() const;
     /// @}
 
-    /// \name Room that the system tool bar takes
-    /// 0 without one; the first two also while it is hidden.
+    /// \name System tool bar
+    /// It is the host's or a module's; the screen keeps it in its bottom right corner and in its layer.
+    /// Without one its buttons go nowhere, and its room is 0.
     /// @{
+    /// Shows \a bar, which becomes a child of the screen, in the corner; the one before is hidden. Null:
+    /// none.
+    void SetSystemToolBar(TSystemToolBar* bar);
+    TSystemToolBar* GetSystemToolBar() const;
+    /// A bar that is wanted follows its own size into the corner, with SystemToolbarGeometryChanged(). Views
+    /// call it as they come and go.
+    void ShowSystemToolbar(bool show);
+    /// How many of its buttons a view leaves room for, -1 for all. The bar decides what it makes of it.
+    void LimitVisibleSystemToolBarButtons(int count);
+    /// The first two are 0 also while it is hidden.
     int GetSystemToolBarWidth() const;
     int GetSystemToolBarHeight() const;
     int GetSystemToolBarWidthWithoutVisibilityCheck() const;
@@ -195,6 +207,11 @@ public:
     /// NotifyScreenLock(false) is emitted.
     void RemoveLockingWidget(QWidget* widget) override;
     virtual TSoundServer* GetSoundServerPtr() const;
+    /// Puts a button on the system tool bar, takes it off, and shows or hides it there; see
+    /// TSystemToolBar::AddButton().
+    virtual void AddSystemToolBarButton(TSystemToolBarButton* button);
+    virtual void RemoveSystemToolBarButton(TSystemToolBarButton* button);
+    virtual void SetSystemToolBarButtonVisible(TSystemToolBarButton* button, bool visible);
 
 Q_SIGNALS:
     /// For hosts: their worker timer, as one tick for all modules. The toolkit neither emits nor uses it.
@@ -219,12 +236,14 @@ public Q_SLOTS:
     void OnFlyoutWindowOpened();
     void OnFlyoutWindowClosed();
     void OnNavShortcut();
+    void OnSystemToolBarGeometryChanged();
     /// Puts bars, fade and locking widgets into their layers.
     void CheckToolbarsForLocking();
 
 private:
     void BuildNavigationBars();
     void StartSound();
+    void ReleaseSystemToolBar();
     int FirstLockOf(QObject const* widget) const;
     void EraseLock(int index);
     void EndScreenLock();
@@ -243,7 +262,7 @@ private:
     std::unique_ptr<TCameraXVOverlayManager> m_CameraOverlayManager;
     TNavigationBar* m_NavigationBar = nullptr;
     TNavigationBar* m_SpecialNavigationBar = nullptr;
-    QPointer<TBaseToolBar> m_SystemToolBar;
+    QPointer<TSystemToolBar> m_SystemToolBar;
     TWindowManager* m_WindowManager = nullptr;
     QPointer<TWindow> m_AlarmWidget;
     TNavigationWindow* m_NavigationWindow = nullptr;
@@ -256,6 +275,7 @@ private:
     bool m_AllToolbarsLocked = false;
     bool m_LockVanished = false; // a lock died and nothing was put right since
     int m_NextNavigationId = 0;
+    bool m_SystemToolBarWanted = false;
     int m_OpenFlyouts = 0;
     std::unique_ptr<TObstructionManager> m_ObstructionManager;
     QList<QUuid> m_NavigationOrder;

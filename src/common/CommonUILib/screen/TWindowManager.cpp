@@ -3,6 +3,7 @@
 #include "CommonUI.h"
 #include "MainScreen.h"
 #include "Metrics.h"
+#include "ModuleIds.h"
 #include "PixmapManager.h"
 #include "PixmapNames.h"
 #include "TCanvas.h"
@@ -21,6 +22,8 @@ namespace
 {
 constexpr int FrameInterval = 20;
 constexpr int UpdateInterval = 100;
+constexpr int AllButtons = -1;
+constexpr int ButtonsBesideALimitedView = 2;
 
 void SetMouseTransparent(QWidget* widget, bool transparent)
 {
@@ -333,6 +336,8 @@ void TWindowManager::DisplayFullView(int id, bool playSound)
     if (view.miniWindow)
         SetLastFullViewId(m_FullViewId);
     m_FullViewId = id;
+    SystemToolBarChecks(id);
+    ShowSystemToolbar(true);
     m_Screen->PushMMIWidget(view.fullWindow);
 }
 
@@ -708,11 +713,15 @@ void TWindowManager::OnShowSetup(int id)
     HideAllMiniViews(false);
     HideFullWindow(m_FullViewId);
     m_Screen->SetCurrentCanvas(view.canvas, false);
+    if (view.fullWindow)
+    {
+        view.fullWindow->setFixedHeight(SCREEN_HEIGHT);
+        view.fullWindow->ShowWindow(false);
+        m_FullViewId = id;
+    }
+    ShowSystemToolbar(false);
     if (!view.fullWindow)
         return;
-    view.fullWindow->setFixedHeight(SCREEN_HEIGHT);
-    view.fullWindow->ShowWindow(false);
-    m_FullViewId = id;
     connect(view.fullWindow, &TWindow::WindowHidden, this, &TWindowManager::OnRestoreLastView,
             Qt::UniqueConnection);
     m_Screen->PushMMIWidget(view.fullWindow);
@@ -729,6 +738,7 @@ void TWindowManager::OnSwitchToView(int id)
         m_Screen->SetCurrentCanvas(view.canvas, true);
         if (view.fullWindow)
             view.fullWindow->ShowWindow(false);
+        ShowSystemToolbar(true);
         SetLastFullViewId(m_FullViewId);
         m_FullViewId = m_DefaultViewId;
         return;
@@ -737,6 +747,7 @@ void TWindowManager::OnSwitchToView(int id)
     if (!window)
         return;
     m_Screen->SetCurrentCanvas(view.canvas, true);
+    ShowSystemToolbar(false);
     window->ShowWindow(false);
     if (!window)
         return;
@@ -808,6 +819,7 @@ void TWindowManager::OnRestoreLastView()
     }
     m_Screen->UpdateNavBarSizes();
     HideFullWindow(m_FullViewId);
+    ShowSystemToolbar(true);
     if (!IsUsableAsLastView(m_LastFullViewId))
     {
         m_LastFullViewId = m_DefaultViewId;
@@ -837,8 +849,26 @@ void TWindowManager::ShowView(int id)
     }
     SetLastFullViewId(m_FullViewId);
     m_FullViewId = id;
+    SystemToolBarChecks(id);
+    ShowSystemToolbar(true);
     RestoreAllMiniViews();
     SetMiniviewObstructionUpdatesEnabled(true);
+}
+
+void TWindowManager::ShowSystemToolbar(bool show)
+{
+    m_Screen->ShowSystemToolbar(show);
+}
+
+void TWindowManager::SystemToolBarChecks(int id)
+{
+    ViewDetails const* const view = Find(id);
+    if (!view)
+        return;
+    QUuid const module = KVN::MorvaneID::FromString(view->name).GetModuleUID();
+    bool const isLimited = module == WELL_KNOWN_MODULES[MODULE_INVENTOR_MANAGER] ||
+                           module == WELL_KNOWN_MODULES[MODULE_LIMITED_TOOLBAR];
+    m_Screen->LimitVisibleSystemToolBarButtons(isLimited ? ButtonsBesideALimitedView : AllButtons);
 }
 
 void TWindowManager::HideMiniviewsIfOverlapping(TWindow* window)

@@ -92,6 +92,13 @@ public:
     EMiniViewState GetMiniViewState(int id) const;
     /// @}
 
+    /// \name System tool bar
+    /// @{
+    void ShowSystemToolbar(bool show);
+    /// Two modules leave room for two buttons of the bar while their view is up, all others for all.
+    void SystemToolBarChecks(int id);
+    /// @}
+
     /// \name Layout snapshot
     /// @{
     /// Writes the layout into \a root; answers true.
