@@ -17,7 +17,7 @@ namespace
 {
 constexpr qint64 MaxPictureBytes = 4 * 1024 * 1024;
 constexpr std::size_t MaxPictures = 2048;
-constexpr qint64 MaxHeightBytes = 256 * 1024;
+constexpr qint64 MaxHeightBytes = 1024 * 1024;
 constexpr std::size_t MaxHeights = 1024;
 // What an entry of a cache takes besides its text and its pixels, roughly.
 constexpr qint64 EntryBytes = 256;

@@ -33,6 +33,9 @@ int LongLabel::HeightForWidth(QLabel const& label, int width)
 
 QSize LongLabel::SizeHint(QLabel const& label)
 {
-    int const width = QFontMetrics(PixelFont(label)).averageCharWidth() * CharactersOfALine;
-    return {width, HeightForWidth(label, width)};
+    QFontMetrics const metrics(PixelFont(label));
+    QString const text = label.text();
+    int const lines =
+        text.count(QLatin1Char('\n')) + (label.wordWrap() ? text.size() / CharactersOfALine : 0) + 1;
+    return {metrics.averageCharWidth() * CharactersOfALine, qMin(metrics.height() * lines, QWIDGETSIZE_MAX)};
 }

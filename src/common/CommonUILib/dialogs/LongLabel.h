@@ -19,6 +19,7 @@ bool IsLong(QLabel const& label);
 /// The height of the text of \a label in lines of \a width.
 int HeightForWidth(QLabel const& label, int width);
 
-/// The size for a long text: a page of a comfortable width where it is wrapped, its lines else.
+/// The size for a long text, roughly: a page of a comfortable width. It is asked for more often than its text
+/// is worth being laid out; what needs the exact height asks HeightForWidth().
 QSize SizeHint(QLabel const& label);
 } // namespace LongLabel
