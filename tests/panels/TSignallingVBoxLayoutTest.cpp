@@ -86,12 +86,13 @@ private Q_SLOTS:
         QCOMPARE(layout.geometry(), QRect(1, 2, 3, 4));
     }
 
-    void aSlotMayDeleteAnItem()
+    void aSlotMayHaveAnItemDeletedLater()
     {
         TLaidOut page;
         QPointer<QWidget> const item(page.second);
-        connect(page.layout, &TSignallingVBoxLayout::GeometryChanged, item, [&] { delete item; });
+        connect(page.layout, &TSignallingVBoxLayout::GeometryChanged, item, &QObject::deleteLater);
         page.window.resize(300, 80);
+        QCoreApplication::sendPostedEvents(item, QEvent::DeferredDelete);
         QVERIFY(!item);
         QCOMPARE(page.layout->count(), 1);
     }

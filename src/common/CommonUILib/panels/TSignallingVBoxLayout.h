@@ -18,6 +18,6 @@ public:
 
 Q_SIGNALS:
     /// The layout was given a rectangle, the same one included, and every item has its place. A slot may
-    /// delete items, but the layout and its widget only by deleteLater(), since Qt works on with them.
+    /// delete the layout, its widget and items by deleteLater() only: whoever set the layout off works on.
     void GeometryChanged();
 };
