@@ -1,0 +1,81 @@
+#include "TUSBErrorMessage.h"
+#include "TestCase.h"
+#include "TMessageStage.h"
+#include "TroubleCodeManager.h"
+
+class TUSBErrorMessageTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void eachErrorIsReportedAndShown_data()
+    {
+        QTest::addColumn<int>("error");
+        QTest::addColumn<QString>("entry");
+        QTest::newRow("no space") << 0 << "E USB Operation Error: No space";
+        QTest::newRow("write") << 1 << "E USB Operation Error: Write error";
+        QTest::newRow("read") << 2 << "E USB Operation Error: Read error";
+        QTest::newRow("unknown") << 3 << "E USB Operation Error: Unknown error";
+    }
+
+    void eachErrorIsReportedAndShown()
+    {
+        QFETCH(int, error);
+        QFETCH(QString, entry);
+        TMessageStage stage;
+        TTestUserLog const log;
+        TUSBErrorMessage message(nullptr);
+        QCOMPARE(message.GetTitle(), QStringLiteral("USB Operation Error"));
+        message.OnUSBError(TUSBError(error));
+        QCOMPARE(log.Entries(), QStringList{entry});
+        QVERIFY(message.isVisible());
+        QCOMPARE(message.ModalType(), int(KVN::MODAL_NONE));
+        QCOMPARE(message.GetMessageString(),
+                 QStringLiteral(
+                     "The USB operation has failed to complete correctly. Please check USB and try again."));
+        QCOMPARE(TMessageStage::TextOf(message)->GetText(), message.GetMessageString());
+        stage.finger.Touch(message.GetMessageDialogButton(MESSAGE_BUTTON_OK));
+        QVERIFY(!message.isVisible());
+        message.OnUSBError(TUSBError(error));
+        QCOMPARE(log.Entries().size(), 2);
+        QVERIFY(message.isVisible());
+    }
+
+    void otherValuesAreNoErrors_data()
+    {
+        QTest::addColumn<int>("error");
+        QTest::newRow("one past") << 4;
+        QTest::newRow("far past") << INT_MAX;
+        QTest::newRow("negative") << -1;
+    }
+
+    void otherValuesAreNoErrors()
+    {
+        QFETCH(int, error);
+        TMessageStage const stage;
+        TTestUserLog const log;
+        TUSBErrorMessage message(nullptr);
+        message.OnUSBError(TUSBError(error));
+        QVERIFY(log.Entries().isEmpty());
+        QVERIFY(!message.isVisible());
+    }
+
+    void aTroubleManagerMayDeleteTheMessage()
+    {
+        struct TDeleting : TroubleCodeManager
+        {
+            void Report(QString const&, QString const&) override { delete message; }
+            QPointer<TUSBErrorMessage> message;
+        };
+        TMessageStage const stage;
+        TDeleting deleting;
+        TroubleCodeManager::Install(&deleting);
+        deleting.message = new TUSBErrorMessage(nullptr);
+        deleting.message->OnUSBError(USB_ERROR_READ);
+        TroubleCodeManager::Install(nullptr);
+        QVERIFY(!deleting.message);
+    }
+};
+
+COMMONUI_TEST(TUSBErrorMessageTest)
+#include "TUSBErrorMessageTest.moc"
