@@ -1,6 +1,7 @@
 #include "TConsole.h"
 
 #include "ConfigManager.h"
+#include "ConsoleStage.h"
 #include "TCameraModule.h"
 #include "TCameraXVOverlayManager.h"
 #include "TConsoleOptions.h"
@@ -18,56 +19,6 @@
 #include "TWindowManager.h"
 
 #include <QTemporaryDir>
-
-namespace
-{
-constexpr int SettleTime = 500;
-
-/// A started console with an operator in front of it.
-struct TStage
-{
-    explicit TStage(QString const& folder)
-        : console(TConsoleOptions(), folder)
-        , finger(console.Screen(), [this](int ms) { time.Pass(ms); })
-    {
-        console.StartMachine();
-        console.Start();
-        time.Pass(SettleTime);
-    }
-
-    TWindowManager* Manager() const { return console.Screen()->GetWindowManager(); }
-    int IdOf(KVN::MorvaneID const& id) const { return console.Screen()->GetNavButtonID(id); }
-    TPushButton* NavigationButton(KVN::MorvaneID const& id) const
-    {
-        return console.Screen()->GetNavButton(IdOf(id));
-    }
-    TPushButton* SpecialButton(KVN::MorvaneID const& id) const
-    {
-        return console.Screen()->GetSpecialNavigationButton(IdOf(id));
-    }
-    /// A visible button anywhere on the screen.
-    TPushButton* Button(QString const& objectName) const
-    {
-        auto const buttons = console.Screen()->findChildren<TPushButton*>(objectName);
-        for (TPushButton* const button : buttons)
-        {
-            if (button->isVisible())
-                return button;
-        }
-        return nullptr;
-    }
-    bool Tap(TPushButton* button)
-    {
-        bool const isTapped = finger.Tap(static_cast<QWidget*>(button));
-        time.Pass(SettleTime);
-        return isTapped;
-    }
-
-    TVirtualTime time;
-    TConsole console;
-    TVirtualOperator finger;
-};
-} // namespace
 
 /// What an operator does with the whole console.
 class TConsoleTest : public QObject

@@ -3,6 +3,8 @@
 #include "TestCase.h"
 #include "TestSource.h"
 
+#include <QSignalSpy>
+
 namespace
 {
 /// A machine that a test drives.
@@ -188,6 +190,42 @@ private Q_SLOTS:
         QCOMPARE(switched.count(), 0);
         QVERIFY(!drive.machine->IsSectionOn(-1));
         QVERIFY(!drive.machine->IsFlowing(TBoom::SectionCount));
+    }
+
+    void aTankThatBecomesLowTellsOnceForEachFilling()
+    {
+        TDrive drive;
+        QSignalSpy low(drive.machine.get(), &TMachine::TankBecameLow);
+        QVERIFY(!drive.machine->IsTankLow());
+        drive.machine->DrainTank();
+        QCOMPARE(drive.machine->TankLitres(), 0.0);
+        QVERIFY(drive.machine->IsTankLow());
+        QCOMPARE(low.count(), 1);
+        drive.machine->DrainTank();
+        QCOMPARE(low.count(), 1);
+        drive.machine->FillTank();
+        drive.machine->DrainTank();
+        QCOMPARE(low.count(), 2);
+    }
+
+    void aMeterThatWasPutRightPaysTheTrueAmount()
+    {
+        TDrive drive;
+        drive.machine->SetFlowFactor(1.2);
+        drive.North(20);
+        double const used = TMachine::TankSize * 0.8 - drive.machine->TankLitres();
+        QVERIFY(qAbs(used - drive.machine->AreaDone() * drive.machine->Rate() * 1.2) < 1e-6);
+    }
+
+    void aCorrectionStaysWithinReason()
+    {
+        TDrive drive;
+        drive.machine->SetFlowFactor(5.0);
+        QCOMPARE(drive.machine->FlowFactor(), TMachine::LargestFlowFactor);
+        drive.machine->SetFlowFactor(-1.0);
+        QCOMPARE(drive.machine->FlowFactor(), TMachine::SmallestFlowFactor);
+        drive.machine->SetFlowFactor(qQNaN());
+        QCOMPARE(drive.machine->FlowFactor(), TMachine::SmallestFlowFactor);
     }
 };
 

@@ -57,6 +57,8 @@ QString TTour::Run()
     ShowMiniWindows();
     DragMiniWindows();
     ShowFullViews();
+    ShowLayersAndPages();
+    ShowWindowsOverTheView();
     ShowCamera();
     ShowWheel();
     ShowSetup();
@@ -123,6 +125,49 @@ void TTour::ShowFullViews()
     Picture(QStringLiteral("guidance-far"));
 }
 
+void TTour::ShowLayersAndPages()
+{
+    PressButton(QStringLiteral("legend-2"));
+    m_Time->Pass(HalfSlide);
+    Picture(QStringLiteral("legend-opening"));
+    Settle();
+    Picture(QStringLiteral("legend"));
+    PressButton(QStringLiteral("legend-0"));
+    DragOffRight(TSprayerModule::Id());
+    Settle();
+    PressButton(QStringLiteral("next-dial"));
+    m_Time->Pass(HalfSlide);
+    Picture(QStringLiteral("instrument-turning"));
+    Settle();
+    Picture(QStringLiteral("instrument"));
+}
+
+void TTour::ShowWindowsOverTheView()
+{
+    PressButton(QStringLiteral("sprayer-calibrate"));
+    Settle();
+    for (int i = 0; i < 4; ++i)
+        PressButton(QStringLiteral("calibration-more"));
+    Settle();
+    Picture(QStringLiteral("calibration"));
+    PressButton(QStringLiteral("icon-cross-larger"));
+    Settle();
+    PressButton(QStringLiteral("sprayer-drain"));
+    Settle();
+    Picture(QStringLiteral("question"));
+    m_Operator.Wheel(-WheelNotch);
+    m_Time->Pass(WideStep);
+    Picture(QStringLiteral("question-by-wheel"));
+    PressButton(QStringLiteral("Yes"));
+    Settle();
+    Picture(QStringLiteral("warning"));
+    PressButton(QStringLiteral("icon-tick-larger"));
+    Settle();
+    PressButton(QStringLiteral("sprayer-fill"));
+    DragOffRight(TGuidanceModule::Id());
+    Settle();
+}
+
 void TTour::ShowCamera()
 {
     DragOffRight(TCameraModule::Id());
@@ -175,6 +220,13 @@ void TTour::ShowSetup()
     PressButton(QStringLiteral("setup-page-2"));
     Settle();
     Picture(QStringLiteral("setup-system"));
+    PressButton(QStringLiteral("setup-page-3"));
+    Settle();
+    Picture(QStringLiteral("setup-machine"));
+    QPoint const middle(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2);
+    m_Operator.Drag(middle, middle - QPoint(0, SCREEN_HEIGHT / 4), DragSteps);
+    Settle();
+    Picture(QStringLiteral("setup-machine-scrolled"));
     PressButton(QStringLiteral("icon-tick-larger"));
     Settle();
     Picture(QStringLiteral("large-buttons"));
@@ -209,16 +261,14 @@ void TTour::Press(QWidget* button, QString const& what)
 
 void TTour::PressButton(QString const& objectName)
 {
-    auto const buttons = m_Console->Screen()->GetCurrentCanvas()->findChildren<TPushButton*>(objectName);
+    // What lies under something else cannot be tapped.
+    auto const buttons = m_Console->Screen()->findChildren<TPushButton*>(objectName);
     for (TPushButton* const button : buttons)
     {
-        if (button->isVisible())
-        {
-            Press(button, objectName);
+        if (button->isVisible() && m_Operator.Tap(static_cast<QWidget*>(button)))
             return;
-        }
     }
-    Fail(QStringLiteral("there is no button %1 before picture %2").arg(objectName).arg(m_Number + 1));
+    Fail(QStringLiteral("no button %1 can be pressed before picture %2").arg(objectName).arg(m_Number + 1));
 }
 
 void TTour::PressNavigation(KVN::MorvaneID const& id)

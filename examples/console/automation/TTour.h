@@ -27,6 +27,8 @@ private:
     void ShowMiniWindows();
     void DragMiniWindows();
     void ShowFullViews();
+    void ShowLayersAndPages();
+    void ShowWindowsOverTheView();
     void ShowCamera();
     void ShowWheel();
     void ShowSetup();

@@ -4,6 +4,7 @@
 #include "TLightBar.h"
 #include "TMachine.h"
 #include "TMapCanvas.h"
+#include "TMapLegend.h"
 #include "TPushButton.h"
 #include "TTaskToolBar.h"
 #include "TValueField.h"
@@ -33,6 +34,7 @@ void TGuidanceFullWindow::Setup()
     TFullWindow::Setup();
     QWidget* const content = GetWindowContent();
     m_LightBar = new TLightBar(content);
+    m_Legend = new TMapLegend(content);
     m_Speed = new TValueField(content, tr("Speed"), tr("km/h"));
     m_Heading = new TValueField(content, tr("Heading"), QStringLiteral("°"));
     m_Area = new TValueField(content, tr("Area done"), tr("ha"));
@@ -86,6 +88,8 @@ void TGuidanceFullWindow::Arrange()
     int const lightBarWidth = qMin(LightBarWidth, room.width() - 2 * TASK_TOOLBAR_BUTTON_WIDTH);
     m_LightBar->setGeometry(room.center().x() - lightBarWidth / 2, room.top(), lightBarWidth, LightBarHeight);
     m_ToolBar->move(GetWindowContent()->width() - TASK_TOOLBAR_BUTTON_WIDTH, 0);
+    m_Legend->move(room.right() + 1 - m_Legend->width(),
+                   room.bottom() + 1 - FieldHeight - Margin - m_Legend->height());
     int x = room.left();
     for (TValueField* const field : {m_Speed, m_Heading, m_Area})
     {

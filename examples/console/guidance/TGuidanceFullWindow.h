@@ -5,6 +5,7 @@
 class TLightBar;
 class TMachine;
 class TMapCanvas;
+class TMapLegend;
 class TTaskToolBar;
 class TValueField;
 
@@ -38,6 +39,7 @@ private:
     TMapCanvas* m_Canvas;
     TMachine const& m_Machine;
     TLightBar* m_LightBar = nullptr;
+    TMapLegend* m_Legend = nullptr;
     TTaskToolBar* m_ToolBar = nullptr;
     TValueField* m_Speed = nullptr;
     TValueField* m_Heading = nullptr;

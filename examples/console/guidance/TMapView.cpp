@@ -1,5 +1,6 @@
 #include "TMapView.h"
 
+#include "MapColors.h"
 #include "Palette.h"
 #include "TMachine.h"
 
@@ -20,11 +21,6 @@ constexpr double LayerTurn = 1.0;
 constexpr double FullTurn = 360.0;
 constexpr double QuarterTurn = 90.0;
 
-QColor const OutsideColor(27, 34, 29);
-QColor const SoilColor(74, 63, 50);
-QColor const BoundaryColor(235, 235, 220);
-QColor const LineColor(255, 255, 255, 90);
-QColor const CurrentLineColor(255, 170, 40);
 constexpr double BoundaryWidth = 3.0;
 constexpr double LineWidth = 1.0;
 constexpr double CurrentLineWidth = 3.0;
@@ -148,7 +144,7 @@ void TMapView::RenderLayer()
     m_IsLayerValid = true;
 
     QPainter painter(&m_Layer);
-    painter.fillRect(m_Layer.rect(), OutsideColor);
+    painter.fillRect(m_Layer.rect(), MapColors::Outside);
     painter.setTransform(m_ToLayer);
     PaintField(&painter);
 }
@@ -157,13 +153,13 @@ void TMapView::PaintField(QPainter* painter) const
 {
     TField const& field = m_Machine.Field();
     painter->setPen(Qt::NoPen);
-    painter->setBrush(SoilColor);
+    painter->setBrush(MapColors::Soil);
     painter->drawPolygon(field.boundary);
     QRectF const ground = m_ToLayer.inverted().mapRect(QRectF(m_Layer.rect()));
     m_Machine.Coverage().Paint(painter, ground);
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setBrush(Qt::NoBrush);
-    painter->setPen(CosmeticPen(BoundaryColor, BoundaryWidth));
+    painter->setPen(CosmeticPen(MapColors::Boundary, BoundaryWidth));
     painter->drawPolygon(field.boundary);
     PaintLines(painter);
 }
@@ -185,8 +181,8 @@ void TMapView::PaintLines(QPainter* painter) const
     {
         QPointF const at = middle + across * (line * TBoom::Width);
         bool const isCurrent = line == m_LayerLine;
-        painter->setPen(isCurrent ? CosmeticPen(CurrentLineColor, CurrentLineWidth)
-                                  : CosmeticPen(LineColor, LineWidth));
+        painter->setPen(isCurrent ? CosmeticPen(MapColors::CurrentLine, CurrentLineWidth)
+                                  : CosmeticPen(MapColors::Line, LineWidth));
         painter->drawLine(at - along * reach, at + along * reach);
     }
 }
@@ -215,7 +211,7 @@ void TMapView::Paint(QPainter* painter, QRect const& exposed) const
         return;
     if (!m_IsLayerValid)
     {
-        painter->fillRect(area, OutsideColor);
+        painter->fillRect(area, MapColors::Outside);
         return;
     }
     painter->drawImage(area.topLeft(), m_Layer, area.translated(-m_LayerPlace));
@@ -261,7 +257,7 @@ QPixmap TMapView::MakeTractor()
         painter.drawRoundedRect(wheel, 3, 3);
     painter.setBrush(QColor(215, 220, 225));
     painter.drawRoundedRect(QRectF(12, 2, 14, 30), 4, 4);
-    painter.setBrush(CurrentLineColor);
+    painter.setBrush(MapColors::CurrentLine);
     painter.drawRoundedRect(QRectF(9, 26, 20, 24), 5, 5);
     painter.setBrush(QColor(40, 44, 50));
     painter.drawRoundedRect(QRectF(12, 29, 14, 9), 2, 2);

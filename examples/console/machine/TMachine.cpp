@@ -111,7 +111,7 @@ void TMachine::Cover(QPolygonF const& ground, double sectionMetres)
     m_Coverage.Add(ground);
     double const area = TBoom::SectionWidth * sectionMetres / SquareMetresPerHectare;
     m_AreaDone += area;
-    m_TankLitres = qMax(0.0, m_TankLitres - area * m_Rate);
+    SetTank(m_TankLitres - area * m_Rate * m_FlowFactor);
     Q_EMIT Covered(ground);
 }
 
@@ -182,8 +182,29 @@ bool TMachine::IsFlowing(int section) const
 
 void TMachine::FillTank()
 {
-    m_TankLitres = TankSize;
+    SetTank(TankSize);
     Q_EMIT SwitchesChanged();
+}
+
+void TMachine::DrainTank()
+{
+    SetTank(0.0);
+    Q_EMIT SwitchesChanged();
+}
+
+void TMachine::SetTank(double litres)
+{
+    bool const wasLow = IsTankLow();
+    m_TankLitres = qMax(0.0, litres);
+    if (IsTankLow() && !wasLow)
+        Q_EMIT TankBecameLow();
+}
+
+void TMachine::SetFlowFactor(double factor)
+{
+    if (!std::isfinite(factor))
+        return;
+    m_FlowFactor = qBound(SmallestFlowFactor, factor, LargestFlowFactor);
 }
 
 void TMachine::SetRate(int litresPerHectare)
@@ -200,5 +221,5 @@ double TMachine::FlowPerMinute() const
     auto const flowing = std::count(m_IsFlowing.begin(), m_IsFlowing.end(), true);
     double const squareMetres =
         static_cast<double>(flowing) * TBoom::SectionWidth * m_Fix.speed * SecondsPerMinute;
-    return squareMetres / SquareMetresPerHectare * m_Rate;
+    return squareMetres / SquareMetresPerHectare * m_Rate * m_FlowFactor;
 }

@@ -18,9 +18,12 @@ class TMachine : public QObject
 
 public:
     static constexpr double TankSize = 3000.0; ///< litres
+    static constexpr double LowTank = 450.0;   ///< litres; below, the tank is nearly empty
     static constexpr int SmallestRate = 50;    ///< litres per hectare
     static constexpr int LargestRate = 400;
     static constexpr int RateStep = 10;
+    static constexpr double SmallestFlowFactor = 0.7;
+    static constexpr double LargestFlowFactor = 1.3;
 
     explicit TMachine(std::unique_ptr<IPositionSource> source);
     ~TMachine() override;
@@ -54,10 +57,16 @@ public:
     /// What really flows: switched on, moving, inside the field, and on ground not yet covered.
     bool IsFlowing(int section) const;
     double TankLitres() const { return m_TankLitres; }
+    bool IsTankLow() const { return m_TankLitres < LowTank; }
     void FillTank();
+    /// Lets everything out.
+    void DrainTank();
     /// Litres per hectare, held to the range.
     int Rate() const { return m_Rate; }
     void SetRate(int litresPerHectare);
+    /// What the nozzles give for each litre that the meter counts, held to the range.
+    double FlowFactor() const { return m_FlowFactor; }
+    void SetFlowFactor(double factor);
     /// Litres per minute that flow now.
     double FlowPerMinute() const;
     /// @}
@@ -67,8 +76,10 @@ Q_SIGNALS:
     void Moved();
     /// \a ground was covered just now, before Moved().
     void Covered(QPolygonF const& ground);
-    /// A switch or the rate was changed.
+    /// A switch, the rate or the tank was changed by hand.
     void SwitchesChanged();
+    /// The tank has become nearly empty. Once for each filling.
+    void TankBecameLow();
 
 private:
     void TakeFix(TFix const& fix);
@@ -79,6 +90,7 @@ private:
     bool MayFlow(int section, TBoom::TEnds const& ends) const;
     double SignedDistance(int* line) const;
     void StopFlow();
+    void SetTank(double litres);
 
     std::unique_ptr<IPositionSource> m_Source;
     TLocalPlane m_Plane;
@@ -95,4 +107,5 @@ private:
     std::array<bool, TBoom::SectionCount> m_IsFlowing;
     double m_TankLitres = TankSize * 0.8;
     int m_Rate = 200;
+    double m_FlowFactor = 1.0;
 };

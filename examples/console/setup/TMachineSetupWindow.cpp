@@ -5,6 +5,7 @@
 #include "Palette.h"
 #include "PixmapNames.h"
 #include "TChoiceRow.h"
+#include "TMachinePage.h"
 #include "TPushButton.h"
 #include "TScreen.h"
 #include "TTablePanel.h"
@@ -34,9 +35,9 @@ constexpr int CleanStop = 0;
 constexpr int Centred = Qt::AlignHCenter | Qt::AlignVCenter;
 QString const PageAttribute = QStringLiteral("Page");
 
-constexpr char const* PageNames[] = {QT_TRANSLATE_NOOP("TMachineSetupWindow", "Sound"),
-                                     QT_TRANSLATE_NOOP("TMachineSetupWindow", "Display"),
-                                     QT_TRANSLATE_NOOP("TMachineSetupWindow", "System")};
+constexpr char const* PageNames[] = {
+    QT_TRANSLATE_NOOP("TMachineSetupWindow", "Sound"), QT_TRANSLATE_NOOP("TMachineSetupWindow", "Display"),
+    QT_TRANSLATE_NOOP("TMachineSetupWindow", "System"), QT_TRANSLATE_NOOP("TMachineSetupWindow", "Machine")};
 
 QVariant Setting(int id)
 {
@@ -63,6 +64,7 @@ void TMachineSetupWindow::Setup()
     MakeSoundPage(m_Pages[PAGE_SOUND]);
     MakeDisplayPage(m_Pages[PAGE_DISPLAY]);
     MakeSystemPage(m_Pages[PAGE_SYSTEM]);
+    m_MachinePage = new TMachinePage(m_Pages[PAGE_MACHINE]);
     AddControlButton(CloseButton, QStringLiteral("icon-tick-larger"), tr("Close the setup"));
     connect(GetControlButtons()[CloseButton], &TPushButton::Clicked, this, &TMachineSetupWindow::HideWindow);
     SetButtonStartOffset(Margin);
@@ -167,6 +169,7 @@ void TMachineSetupWindow::Sync()
     m_Quieter->setEnabled(isSoundOn && volume > 0);
     m_Louder->setEnabled(isSoundOn && volume < LoudestVolume);
     m_ButtonSizeRow->SetChoice(Setting(CONFIG_BUTTON_SIZE).toInt());
+    m_MachinePage->Sync();
 }
 
 // The back key closes the setup, as its own button does.
@@ -210,6 +213,7 @@ void TMachineSetupWindow::Arrange()
     m_ButtonSizeRow->setGeometry(0, 0, width, TChoiceRow::Height);
     m_About->setGeometry(0, 0, width, AboutRows * AboutRowHeight);
     m_SwitchOff->setGeometry(0, AboutRows * AboutRowHeight + Margin, width / 2, PageButtonHeight);
+    m_MachinePage->setGeometry(0, 0, width, pageRoom.height());
     PositionControlButtons();
 }
 

@@ -5,6 +5,7 @@
 #include <QVector>
 
 class TChoiceRow;
+class TMachinePage;
 class TTablePanel;
 class TValueField;
 
@@ -32,6 +33,7 @@ private:
         PAGE_SOUND,
         PAGE_DISPLAY,
         PAGE_SYSTEM,
+        PAGE_MACHINE,
         PAGE_COUNT
     };
 
@@ -54,4 +56,5 @@ private:
     TChoiceRow* m_ButtonSizeRow = nullptr;
     TTablePanel* m_About = nullptr;
     TPushButton* m_SwitchOff = nullptr;
+    TMachinePage* m_MachinePage = nullptr;
 };

@@ -1,10 +1,15 @@
 #include "TSprayerFullWindow.h"
 
+#include "MainScreen.h"
 #include "Palette.h"
 #include "PixmapNames.h"
+#include "TCalibrationWindow.h"
+#include "TDialPages.h"
 #include "TMachine.h"
 #include "TPushButton.h"
+#include "TScreen.h"
 #include "TSectionButton.h"
+#include "TSprayerModule.h"
 #include "TTankGauge.h"
 #include "TValueField.h"
 
@@ -22,6 +27,10 @@ constexpr int StepButtonWidth = 84;
 constexpr int TextSize = 22;
 constexpr int RepeatDelay = 250;
 constexpr int RepeatInterval = 100;
+constexpr int PercentOfFull = 100;
+constexpr int LargestFlow = 300; // l/min
+constexpr int LargestSpeed = 30; // km/h
+constexpr double KilometresPerHour = 3.6;
 constexpr int Centred = Qt::AlignHCenter | Qt::AlignVCenter;
 QString const RateAttribute = QStringLiteral("Rate");
 } // namespace
@@ -32,6 +41,8 @@ TSprayerFullWindow::TSprayerFullWindow(QWidget* canvas, TMachine* machine)
 {
     UseTimer(RefreshInterval);
 }
+
+TSprayerFullWindow::~TSprayerFullWindow() = default;
 
 void TSprayerFullWindow::Setup()
 {
@@ -73,12 +84,34 @@ void TSprayerFullWindow::MakeButtons()
     for (TPushButton* const step : {m_Less, m_More})
         step->SetAutoRepeat(true, RepeatDelay, RepeatInterval);
 
-    m_Fill = new TPushButton(content, QStringLiteral("icon-tank"), QSize(), QPoint(), 0,
-                             tr("The tank has been filled"));
-    m_Fill->SetText(tr("Filled up"), QString(), true, QString(), false);
+    m_Fill = MakeTankButton(tr("Filled up"), QStringLiteral("sprayer-fill"), tr("The tank has been filled"));
+    m_Drain = MakeTankButton(tr("Drain"), QStringLiteral("sprayer-drain"), tr("Empties the tank"));
+    m_Calibrate = MakeTankButton(tr("Calibrate"), QStringLiteral("sprayer-calibrate"),
+                                 tr("Puts the flow meter right by a test with a jug"));
     connect(m_Fill, &TPushButton::Clicked, this, [this] { m_Machine->FillTank(); });
-    for (TPushButton* const button : {m_Master, m_Fill})
-        button->SetFontProperties(regularButtonTextColor, TextSize, true, false, false, Centred, false);
+    connect(m_Drain, &TPushButton::Clicked, this, &TSprayerFullWindow::DrainRequested);
+    connect(m_Calibrate, &TPushButton::Clicked, this, &TSprayerFullWindow::Calibrate);
+    m_Master->SetFontProperties(regularButtonTextColor, TextSize, true, false, false, Centred, false);
+}
+
+TPushButton* TSprayerFullWindow::MakeTankButton(QString const& text, QString const& name,
+                                                QString const& toolTip)
+{
+    auto* const button = new TPushButton(GetWindowContent(), QString(), QSize(), QPoint(), 0, toolTip);
+    button->SetText(text, QString(), true, QString(), false);
+    button->SetObjectName(name, NAME_EXPLICIT);
+    button->SetFontProperties(regularButtonTextColor, TextSize, true, false, false, Centred, false);
+    return button;
+}
+
+void TSprayerFullWindow::Calibrate()
+{
+    if (!m_Calibration)
+    {
+        m_Calibration = std::make_unique<TCalibrationWindow>(MainScreen, m_Machine);
+        m_Calibration->SetSurfaceID(TSprayerModule::Id());
+    }
+    m_Calibration->ShowWindow(false);
 }
 
 void TSprayerFullWindow::MakeFields()
@@ -86,8 +119,10 @@ void TSprayerFullWindow::MakeFields()
     QWidget* const content = GetWindowContent();
     m_Tank = new TTankGauge(content, *m_Machine, Qt::Vertical);
     m_Rate = new TValueField(content, tr("Target rate"), tr("l/ha"));
-    m_Flow = new TValueField(content, tr("Flow"), tr("l/min"));
-    m_Area = new TValueField(content, tr("Area done"), tr("ha"));
+    m_Dials = new TDialPages(content);
+    m_Dials->AddDial(tr("Flow"), tr("l/min"), LargestFlow);
+    m_Dials->AddDial(tr("Speed"), tr("km/h"), LargestSpeed);
+    m_Dials->AddDial(tr("Tank"), QStringLiteral("%"), PercentOfFull);
 }
 
 void TSprayerFullWindow::SyncMaster()
@@ -103,8 +138,9 @@ void TSprayerFullWindow::Refresh()
 {
     m_Tank->Sync();
     m_Rate->SetValue(QString::number(m_Machine->Rate()));
-    m_Flow->SetValue(QString::number(m_Machine->FlowPerMinute(), 'f', 0));
-    m_Area->SetValue(QString::number(m_Machine->AreaDone(), 'f', 2));
+    m_Dials->SetValue(0, qRound(m_Machine->FlowPerMinute()));
+    m_Dials->SetValue(1, qRound(m_Machine->Fix().speed * KilometresPerHour));
+    m_Dials->SetValue(2, qRound(m_Machine->TankLitres() / TMachine::TankSize * PercentOfFull));
 }
 
 void TSprayerFullWindow::resizeEvent(QResizeEvent* event)
@@ -124,8 +160,12 @@ void TSprayerFullWindow::Arrange()
                                    SectionHeight);
     QRect const below = room.adjusted(0, SectionHeight + Gap, 0, 0);
     m_Tank->setGeometry(below.left(), below.top(), TankWidth, below.height() - RowHeight - Gap);
-    m_Fill->setGeometry(below.left(), below.bottom() + 1 - RowHeight, TankWidth, RowHeight);
-    ArrangeColumn(below.adjusted(TankWidth + Margin, 0, 0, 0));
+    QVector<TPushButton*> const bottomRow{m_Fill, m_Drain, m_Calibrate};
+    int const bottomWidth = (room.width() + Gap) / bottomRow.size();
+    for (int i = 0; i < bottomRow.size(); ++i)
+        bottomRow[i]->setGeometry(room.left() + i * bottomWidth, below.bottom() + 1 - RowHeight,
+                                  bottomWidth - Gap, RowHeight);
+    ArrangeColumn(below.adjusted(TankWidth + Margin, 0, 0, -RowHeight - Gap));
     m_Tank->Sync();
 }
 
@@ -137,11 +177,8 @@ void TSprayerFullWindow::ArrangeColumn(QRect const& room)
     m_More->setGeometry(room.right() + 1 - StepButtonWidth, y, StepButtonWidth, RowHeight);
     int const rateLeft = room.left() + StepButtonWidth + Gap;
     m_Rate->setGeometry(rateLeft, y, m_More->x() - Gap - rateLeft, RowHeight);
-    for (TValueField* const field : {m_Flow, m_Area})
-    {
-        y += RowHeight + Gap;
-        field->setGeometry(room.left(), y, room.width(), RowHeight);
-    }
+    y += RowHeight + Gap;
+    m_Dials->setGeometry(room.left(), y, room.width(), room.bottom() + 1 - y);
 }
 
 void TSprayerFullWindow::SaveXMLStateSnapshot(QDomElement element)

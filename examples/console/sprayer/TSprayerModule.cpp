@@ -9,8 +9,11 @@ TSprayerModule::TSprayerModule(TMachine* machine)
     : m_Canvas(nullptr)
     , m_FullWindow(&m_Canvas, machine)
     , m_MiniWindow(machine)
+    , m_Messages(machine)
 {
     m_Canvas.SetBackground(PixmapNames::BkgControllers800x600);
+    QObject::connect(&m_FullWindow, &TSprayerFullWindow::DrainRequested, &m_Messages,
+                     &TTankMessages::AskToDrain);
 }
 
 KVN::MorvaneID TSprayerModule::Id()

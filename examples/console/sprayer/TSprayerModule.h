@@ -5,6 +5,7 @@
 #include "TCanvas.h"
 #include "TSprayerFullWindow.h"
 #include "TSprayerMiniWindow.h"
+#include "TTankMessages.h"
 
 /// The sprayer: its sections, its tank and how much it puts on the field.
 class TSprayerModule : public IConsoleModule
@@ -19,4 +20,5 @@ private:
     TCanvas m_Canvas;
     TSprayerFullWindow m_FullWindow;
     TSprayerMiniWindow m_MiniWindow;
+    TTankMessages m_Messages;
 };

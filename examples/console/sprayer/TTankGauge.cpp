@@ -10,8 +10,6 @@ namespace
 {
 constexpr int Frame = 3;
 constexpr int LitresSize = 22;
-// Below this share the tank is nearly empty.
-constexpr double LowShare = 0.15;
 
 QColor const EmptyColor(20, 22, 25);
 QColor const FullColor(16, 92, 148);
@@ -47,18 +45,13 @@ QRect TTankGauge::FluidRect() const
     return {room.left(), room.bottom() + 1 - height, room.width(), height};
 }
 
-bool TTankGauge::IsLow() const
-{
-    return m_Machine.TankLitres() < LowShare * TMachine::TankSize;
-}
-
 void TTankGauge::paintEvent(QPaintEvent* event)
 {
     Q_UNUSED(event)
     QPainter painter(this);
     ConsoleText::DrawSurface(&painter, rect());
     painter.fillRect(rect().adjusted(Frame, Frame, -Frame, -Frame), EmptyColor);
-    painter.fillRect(FluidRect(), IsLow() ? LowColor : FullColor);
+    painter.fillRect(FluidRect(), m_Machine.IsTankLow() ? LowColor : FullColor);
     ConsoleText::Draw(&painter, rect(), Qt::AlignCenter, tr("%1 l").arg(qRound(m_Machine.TankLitres())),
                       LitresSize, regularTextColor);
 }

@@ -19,7 +19,6 @@ protected:
 
 private:
     QRect FluidRect() const;
-    bool IsLow() const;
 
     TMachine const& m_Machine;
     Qt::Orientation const m_Orientation;

@@ -1,0 +1,100 @@
+#include "TMachinePage.h"
+
+#include "ConfigManager.h"
+#include "TChoiceRow.h"
+
+#include <QCoreApplication>
+#include <QResizeEvent>
+
+namespace
+{
+constexpr int Gap = 8;
+constexpr int MostChoices = 4;
+
+/// A thing that the machine has in one of a few ways. Its choice is kept as a number, the first at first.
+struct TEquipment
+{
+    int setting;
+    char const* caption;
+    char const* choices[MostChoices];
+};
+
+constexpr TEquipment Equipment[] = {
+    {90001,
+     QT_TRANSLATE_NOOP("TMachinePage", "Nozzles"),
+     {QT_TRANSLATE_NOOP("TMachinePage", "Flat fan"), QT_TRANSLATE_NOOP("TMachinePage", "Twin fan"),
+      QT_TRANSLATE_NOOP("TMachinePage", "Air induction"), nullptr}},
+    {90002, QT_TRANSLATE_NOOP("TMachinePage", "Nozzle size"), {"02", "03", "04", "05"}},
+    {90003, QT_TRANSLATE_NOOP("TMachinePage", "Boom height"), {"40 cm", "50 cm", "60 cm", "75 cm"}},
+    {90004, QT_TRANSLATE_NOOP("TMachinePage", "Overlap"), {"0 cm", "10 cm", "20 cm", nullptr}},
+    {90005,
+     QT_TRANSLATE_NOOP("TMachinePage", "Pump"),
+     {QT_TRANSLATE_NOOP("TMachinePage", "Piston"), QT_TRANSLATE_NOOP("TMachinePage", "Centrifugal"), nullptr,
+      nullptr}},
+    {90006,
+     QT_TRANSLATE_NOOP("TMachinePage", "Agitation"),
+     {QT_TRANSLATE_NOOP("TMachinePage", "Gentle"), QT_TRANSLATE_NOOP("TMachinePage", "Strong"), nullptr,
+      nullptr}},
+    {90007,
+     QT_TRANSLATE_NOOP("TMachinePage", "Steering"),
+     {QT_TRANSLATE_NOOP("TMachinePage", "Front wheels"), QT_TRANSLATE_NOOP("TMachinePage", "Articulated"),
+      QT_TRANSLATE_NOOP("TMachinePage", "Tracks"), nullptr}},
+    {90008,
+     QT_TRANSLATE_NOOP("TMachinePage", "Antenna"),
+     {QT_TRANSLATE_NOOP("TMachinePage", "On the roof"), QT_TRANSLATE_NOOP("TMachinePage", "On the hood"),
+      nullptr, nullptr}},
+    {90009,
+     QT_TRANSLATE_NOOP("TMachinePage", "Speed from"),
+     {QT_TRANSLATE_NOOP("TMachinePage", "Satellites"), QT_TRANSLATE_NOOP("TMachinePage", "Wheel"),
+      QT_TRANSLATE_NOOP("TMachinePage", "Radar"), nullptr}},
+    {90010, QT_TRANSLATE_NOOP("TMachinePage", "Light bar step"), {"2 cm", "5 cm", "10 cm", nullptr}},
+};
+
+QStringList ChoicesOf(TEquipment const& equipment)
+{
+    QStringList choices;
+    for (char const* const choice : equipment.choices)
+    {
+        if (choice)
+            choices.append(QCoreApplication::translate("TMachinePage", choice));
+    }
+    return choices;
+}
+} // namespace
+
+TMachinePage::TMachinePage(QWidget* parent)
+    : TScrollArea(parent, true, false)
+    , m_Content(new QWidget(this))
+{
+    for (TEquipment const& equipment : Equipment)
+    {
+        auto* const row = new TChoiceRow(
+            m_Content, QCoreApplication::translate("TMachinePage", equipment.caption), ChoicesOf(equipment));
+        connect(row, &TChoiceRow::Chosen, this,
+                [row, setting = equipment.setting](int choice)
+                {
+                    ConfigManager::Instance()->Write(setting, choice, true);
+                    row->SetChoice(choice);
+                });
+        m_Rows.append(row);
+    }
+    setWidget(m_Content);
+    // The setup's own background lies behind the rows.
+    m_Content->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
+}
+
+void TMachinePage::Sync()
+{
+    for (int i = 0; i < m_Rows.size(); ++i)
+        m_Rows[i]->SetChoice(ConfigManager::Instance()->Read(Equipment[i].setting).toInt());
+}
+
+void TMachinePage::resizeEvent(QResizeEvent* event)
+{
+    TScrollArea::resizeEvent(event);
+    int const width = viewport()->width();
+    m_Content->setFixedSize(width, m_Rows.size() * (TChoiceRow::Height + Gap) - Gap);
+    for (int i = 0; i < m_Rows.size(); ++i)
+        m_Rows[i]->setGeometry(0, i * (TChoiceRow::Height + Gap), width - Gap, TChoiceRow::Height);
+}
