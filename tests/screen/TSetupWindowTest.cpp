@@ -98,7 +98,8 @@ private Q_SLOTS:
             QCOMPARE(buttons[id]->size(), QSize(63, 94));
         QCOMPARE(buttons[0]->pos(), QPoint(797, 23));
         QCOMPARE(buttons[1]->pos(), QPoint(797, 97));
-        QCOMPARE(buttons[3]->pos(), QPoint(797, 171));
+        // Each has the place of its id, which stays free without a button or with a hidden one.
+        QCOMPARE(buttons[3]->pos(), QPoint(797, 245));
         QCOMPARE(buttons[3]->GetToolTip(), QStringLiteral("Tip 3"));
         // The lower one lies above: a touch where they meet is its own.
         QSignalSpy upper(buttons[0], &TPushButton::Clicked);
@@ -109,7 +110,10 @@ private Q_SLOTS:
         QCOMPARE(lower.count(), 1);
         buttons[1]->hide();
         window.RepositionButtons();
-        QCOMPARE(buttons[3]->y(), 97);
+        QCOMPARE(buttons[3]->y(), 245);
+        buttons[1]->setFixedHeight(60);
+        window.RepositionButtons();
+        QCOMPARE(buttons[1]->y(), 63);
     }
 
     void aButtonThatComesLaterTakesItsPlaceAtOnce()
@@ -121,8 +125,8 @@ private Q_SLOTS:
         window.AddControlButton(2, QString(), QString());
         window.AddControlButton(-1, QString(), QString());
         window.AddControlButton(100000, QString(), QString());
-        QCOMPARE(window.GetControlButtons()[2]->geometry(), QRect(797, 23, 63, 94));
-        QCOMPARE(window.GetControlButtons()[5]->y(), 97);
+        QCOMPARE(window.GetControlButtons()[2]->geometry(), QRect(797, 171, 63, 94));
+        QCOMPARE(window.GetControlButtons()[5]->y(), 393);
         QCOMPARE(window.GetControlButtons().size(), 6);
     }
 

@@ -23,14 +23,15 @@ void TSetupWindow::RepositionButtons()
 {
     QWidget const* const content = GetWindowContent();
     int right = width() - SETUP_BUTTON_RIGHT_MARGIN;
-    int y = SETUP_TOP_MARGIN;
-    for (TPushButton* const button : GetControlButtons())
+    QVector<TPushButton*> const& controls = GetControlButtons();
+    for (int index = 0; index < controls.size(); ++index)
     {
-        if (!button || !button->isVisibleTo(content))
+        TPushButton* const button = controls[index];
+        if (!button)
             continue;
-        button->move(right - button->width(), y);
+        int const step = button->height() - CONTROL_BUTTON_OVERLAP;
+        button->move(right - button->width(), step * index + SETUP_TOP_MARGIN);
         button->raise();
-        y += button->height() - CONTROL_BUTTON_OVERLAP;
     }
     for (TPushButton* const button : {GetOkButton(), GetCancelButton()})
     {

@@ -16,8 +16,9 @@ public:
 
     explicit TSetupWindow(QWidget* parent);
 
-    /// Lays out all buttons: the visible control buttons overlap, each the one above it; OK takes the corner,
-    /// Cancel stands left of it, or in the corner where there is no OK.
+    /// Lays out all buttons: each control button has the place of its id, whether others are there or not,
+    /// and overlaps the one above it; OK takes the corner, Cancel stands left of it, or in the corner where
+    /// there is no OK.
     void RepositionButtons();
     /// The size of the content, which stands below the title line. A negative length counts as 0. Holds
     /// until the window changes its size.
