@@ -12,6 +12,8 @@
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
+#include <limits>
+
 using KVN::MODAL_GLOBAL;
 using KVN::MODAL_LOCAL;
 using KVN::MODAL_NONE;
@@ -58,6 +60,31 @@ public:
     }
 
     QSize m_Wish;
+};
+
+// Has no row of buttons at the lower edge.
+class TButtonless : public TProbe
+{
+public:
+    using TProbe::TProbe;
+
+    void PositionControlButtons() override {}
+};
+
+// Notes what of it is painted.
+class TPainted : public TProbe
+{
+public:
+    using TProbe::TProbe;
+
+    QRegion m_Painted;
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        m_Painted += event->region();
+        TProbe::paintEvent(event);
+    }
 };
 
 // What a layout adds around what is in it, and the row of buttons.
@@ -414,12 +441,30 @@ private Q_SLOTS:
         window.SetDesiredContentSize(200, 100);
         QCOMPARE(window.GetTitleBarHeight(), 30);
         QSignalSpy changed(&window, &TTaskWindow::DesiredGeometryChanged);
-        window.SetHasTitleBar(true);
-        QCOMPARE(changed.count(), 0);
         window.SetHasTitleBar(false);
         QCOMPARE(changed.count(), 1);
         QCOMPARE(window.GetTitleBarHeight(), 0);
         QCOMPARE(window.PlaceIn(QRect(0, 0, 500, 400)).height(), 115);
+        // Unlike a wish for a size, this is told also when nothing has changed.
+        window.SetHasTitleBar(false);
+        QCOMPARE(changed.count(), 2);
+    }
+
+    void noLengthIsTooLarge()
+    {
+        TScreenStage stage;
+        TProbe window(nullptr);
+        constexpr int Most = std::numeric_limits<int>::max();
+        window.SetDesiredContentSize(Most, Most);
+        window.SetMinContentSize(Most, Most);
+        window.SetMaxContentSize(Most, Most);
+        QCOMPARE(window.PlaceIn(QRect(0, 0, 500, 400)), QRect(0, 0, 500, 400));
+        QCOMPARE(window.DesiredContentSize(), QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+        window.UnsetDesiredContentSize(true, true);
+        window.AddSpacerToLayout(Most);
+        window.AddSpacerToLayout(Most);
+        window.RefreshDesiredContentSizeCache();
+        QVERIFY(window.DesiredContentSize().height() >= QWIDGETSIZE_MAX);
     }
 
     // Contents
@@ -447,6 +492,24 @@ private Q_SLOTS:
         QCOMPARE(window.GetWindowContent()->geometry(), content);
         // The fade begins at the top, title or not, and is no larger than the content.
         QCOMPARE(window.GetContentRect(), QRect(QPoint(3, 3), content.size()));
+    }
+
+    void theContentFollowsTheTitleBarInAWindowThatKeepsItsSize()
+    {
+        TScreenStage stage;
+        TTestPlatform platform;
+        TProbe window(stage.canvas);
+        window.SetupIfRequired();
+        window.resize(333, 345);
+        window.show();
+        window.SetHasTitleBar(false);
+        QCOMPARE(window.GetWindowContent()->geometry(), QRect(3, 3, 318, 330));
+        QCOMPARE(window.GetOkButton()->y(), 260);
+        window.hide();
+        window.SetHasTitleBar(true);
+        window.show();
+        QCOMPARE(window.GetWindowContent()->geometry(), QRect(3, 33, 318, 300));
+        QCOMPARE(window.GetOkButton()->y(), 230);
     }
 
     void theFirstShowingBuildsWhatIsSeen()
@@ -576,6 +639,21 @@ private Q_SLOTS:
         QVERIFY(window.GetCancelButton()->isVisible());
     }
 
+    void aControlButtonHiddenBeforeTheFirstShowingStaysHidden()
+    {
+        TScreenStage stage;
+        TProbe window(nullptr);
+        window.AddControlButton(0, QString(), QString());
+        window.AddControlButton(1, QString(), QString());
+        window.SetButtonVisibility(0, false);
+        window.SetButtonVisibility(1, false);
+        window.SetButtonVisibility(1, true);
+        window.ShowWindow(false);
+        QVERIFY(!window.GetControlButtons()[0]->isVisible());
+        QVERIFY(window.GetControlButtons()[1]->isVisible());
+        QCOMPARE(window.GetNumberOfVisibleButtons(), 3);
+    }
+
     void unknownButtonsAreIgnored()
     {
         TScreenStage stage;
@@ -652,7 +730,39 @@ private Q_SLOTS:
         QVERIFY(!button->isVisible());
     }
 
+    void aLongTitleGivesWayToTheExportButton()
+    {
+        TScreenStage stage;
+        TPainted window(nullptr);
+        window.SetTitle(QString(300, QLatin1Char('W')));
+        window.SetDesiredContentSize(300, 200);
+        window.ShowWindow(false);
+        ProcessAll();
+        for (bool const visible : {true, false})
+        {
+            window.m_Painted = QRegion();
+            window.SetDDNButtonVisible(visible);
+            ProcessAll();
+            QVERIFY(window.m_Painted.contains(QPoint(30, 15)));
+            QVERIFY(!window.m_Painted.contains(QPoint(30, 100)));
+        }
+    }
+
     // Layout
+
+    void aLayoutFollowsTheSizeWhateverBecomesOfTheButtons()
+    {
+        TScreenStage stage;
+        TButtonless window(nullptr);
+        auto* const wisher = new TWisher(QSize(100, 40));
+        window.AddWidgetToLayout(wisher, 0, Qt::Alignment());
+        window.ShowWindow(false);
+        window.SetOkButtonVisible(false);
+        window.resize(315, 445);
+        QCOMPARE(wisher->parentWidget()->size(), QSize(300, 400 - 70));
+        window.SetCancelButtonVisible(false);
+        QCOMPARE(wisher->parentWidget()->size(), QSize(300, 400));
+    }
 
     void aColumnStandsAboveTheButtons()
     {
@@ -725,8 +835,9 @@ private Q_SLOTS:
         window.AddWidgetToGridLayout(left, 0, 0, 1, 1, Qt::Alignment());
         window.AddWidgetToGridLayout(right, 0, 1, 1, 1, Qt::Alignment());
         window.AddWidgetToGridLayout(across, 1, 0, 1, 2, Qt::Alignment());
-        for (QRect const& cell :
-             {QRect(-1, 0, 1, 1), QRect(0, -1, 1, 1), QRect(0, 0, 0, 1), QRect(0, 0, 1, 0)})
+        for (QRect const& cell : {QRect(-1, 0, 1, 1), QRect(0, -1, 1, 1), QRect(0, 0, 0, 1),
+                                  QRect(0, 0, 1, 0), QRect(1000, 0, 1, 1), QRect(0, 2000000000, 1, 1),
+                                  QRect(1, 0, 1000, 1), QRect(0, 999, 1, 2000000000)})
             window.AddWidgetToGridLayout(refused, cell.y(), cell.x(), cell.height(), cell.width(), {});
         window.AddWidgetToGridLayout(nullptr, 0, 0, 1, 1, {});
         window.ShowWindow(false);
@@ -836,7 +947,9 @@ private Q_SLOTS:
         QTest::newRow("hidden by cancel") << 4;
         QTest::newRow("cancel") << 5;
         QTest::newRow("export") << 6;
-        QTest::newRow("growing content") << 7;
+        QTest::newRow("no title bar") << 7;
+        QTest::newRow("pressed") << 8;
+        QTest::newRow("growing content") << 9;
     }
 
     void aTaskWindowMayEndInItsOwnSignals()
@@ -879,6 +992,16 @@ private Q_SLOTS:
         case 6:
             connect(window, &TTaskWindow::ExportButtonPressed, this, endNow);
             finger.Touch(window->ExportButton()->mapTo(stage.screen.get(), QPoint(30, 10)));
+            break;
+        case 7:
+            connect(window, &TTaskWindow::DesiredGeometryChanged, this, endNow);
+            window->SetHasTitleBar(false);
+            break;
+        case 8:
+            finger.Press(window->GetOkButton()->mapTo(stage.screen.get(), QPoint(20, 20)));
+            QVERIFY(window->GetOkButton()->isDown());
+            endNow();
+            finger.Lift();
             break;
         default:
             // Qt is in the middle of laying it out, and needs it to the end of that.

@@ -27,11 +27,24 @@ constexpr int TitleFlags = Qt::AlignLeft | Qt::AlignVCenter;
 constexpr int BelowTop = Qt::AlignVCenter | Qt::AlignBottom;
 constexpr int LayoutMargin = 5;
 constexpr int LayoutSpacing = 5;
+// Rows and columns of a grid, far more than are ever seen: each takes memory, filled or not.
+constexpr int MostCells = 1000;
 
-// -1 for every negative length.
+// -1 for every negative length, and none that a widget cannot have.
 QSize Normalised(QSize const& size)
 {
-    return size.expandedTo(QSize(Unset, Unset));
+    return size.expandedTo(QSize(Unset, Unset)).boundedTo(QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX));
+}
+
+// Whether \a count cells from \a first on are in a grid.
+bool AreCells(int first, int count)
+{
+    return first >= 0 && count >= 1 && first < MostCells && count <= MostCells - first;
+}
+
+int SpacerLength(int size)
+{
+    return qBound(0, size, QWIDGETSIZE_MAX);
 }
 
 // Of each axis what \a wanted sets, else what \a other has.
@@ -263,12 +276,13 @@ QRect TTaskWindow::PlaceIn(QRect const& room) const
 
 void TTaskWindow::SetHasTitleBar(bool hasTitleBar)
 {
-    if (hasTitleBar == m_HasTitleBar)
-        return;
     m_HasTitleBar = hasTitleBar;
     ChooseBackground();
-    ResizeToScrollArea();
+    // The window may well keep its size.
+    if (isVisible())
+        LayOut();
     update();
+    ResizeToScrollArea();
 }
 
 int TTaskWindow::GetTitleBarHeight() const
@@ -281,7 +295,7 @@ void TTaskWindow::SetTitleIcon(QString const& name)
     KVN::PixmapManager* const pixmaps = tscreenPixmapManager();
     m_TitleIcon = pixmaps && !name.isEmpty() ? pixmaps->GetResizedIcon(name, TitleIconSize, KVN::ICON_NORMAL)
                                              : QSharedPointer<QPixmap>();
-    update();
+    update(TitleBarRect());
 }
 
 void TTaskWindow::SetTitleIcon(QImage const& image)
@@ -295,7 +309,7 @@ void TTaskWindow::SetTitleIcon(QImage const& image)
                 ? image.scaled(TitleIconSize, TitleIconSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)
                 : image));
     }
-    update();
+    update(TitleBarRect());
 }
 
 QSharedPointer<QPixmap> TTaskWindow::GetTitleIcon() const
@@ -320,6 +334,8 @@ void TTaskWindow::SetDDNButtonVisible(bool visible)
     m_ExportVisible = visible;
     if (m_ExportButton)
         m_ExportButton->setVisible(visible);
+    // The title ends at the button.
+    update(TitleBarRect());
 }
 
 void TTaskWindow::SetButtonVisibility(int id, bool visible)
@@ -333,6 +349,7 @@ void TTaskWindow::SetButtonVisibility(TPushButton* button, bool visible)
         return;
     button->setVisible(visible);
     PositionControlButtons();
+    PlaceLayoutHost();
     TellIfContentChanged();
 }
 
@@ -366,6 +383,7 @@ void TTaskWindow::ClearLayout()
         return;
     m_VBoxLayout = nullptr;
     m_GridLayout = nullptr;
+    m_ClearedWidgets.removeAll(nullptr);
     auto const widgets = m_LayoutHost->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     for (QWidget* const widget : widgets)
     {
@@ -414,10 +432,11 @@ void TTaskWindow::AddSpacerToLayout(int size)
 {
     LayoutToFill();
     if (m_VBoxLayout)
-        m_VBoxLayout->addSpacing(qMax(0, size));
+        m_VBoxLayout->addSpacing(SpacerLength(size));
     else
-        m_GridLayout->addItem(new QSpacerItem(0, qMax(0, size), QSizePolicy::Minimum, QSizePolicy::Fixed),
-                              m_GridLayout->rowCount(), 0);
+        m_GridLayout->addItem(
+            new QSpacerItem(0, SpacerLength(size), QSizePolicy::Minimum, QSizePolicy::Fixed),
+            m_GridLayout->rowCount(), 0);
 }
 
 void TTaskWindow::AddStretchToLayout(int stretch)
@@ -432,7 +451,7 @@ void TTaskWindow::AddStretchToLayout(int stretch)
 void TTaskWindow::AddWidgetToGridLayout(QWidget* widget, int row, int column, int rowSpan, int columnSpan,
                                         Qt::Alignment alignment)
 {
-    if (!widget || !m_GridLayout || row < 0 || column < 0 || rowSpan < 1 || columnSpan < 1)
+    if (!widget || !m_GridLayout || !AreCells(row, rowSpan) || !AreCells(column, columnSpan))
         return;
     m_GridLayout->addWidget(widget, row, column, rowSpan, columnSpan, alignment);
     Reveal(widget);
@@ -561,7 +580,6 @@ void TTaskWindow::PositionControlButtons()
     place(GetCancelButton());
     for (TPushButton* const button : GetControlButtons())
         place(button);
-    PlaceLayoutHost();
 }
 
 int TTaskWindow::ControlsHeight()
@@ -587,7 +605,7 @@ void TTaskWindow::PlaceExportButton()
                              BUTTON_BLANK_AREA);
 }
 
-void TTaskWindow::resizeEvent(QResizeEvent* event)
+void TTaskWindow::LayOut()
 {
     PlaceExportButton();
     QWidget* const content = GetWindowContent();
@@ -597,12 +615,19 @@ void TTaskWindow::resizeEvent(QResizeEvent* event)
     // Not where the content is: the fade begins above it, over the title bar.
     SetContentRect(QRect(QPoint(TASK_WINDOW_CONTENT_X_OFFSET, TASK_WINDOW_FRAME_Y_OFFSET), content->size()));
     PositionControlButtons();
+    PlaceLayoutHost();
+}
+
+void TTaskWindow::resizeEvent(QResizeEvent* event)
+{
+    LayOut();
     TWindow::resizeEvent(event);
 }
 
+// While it was hidden the title bar may have come or gone.
 void TTaskWindow::showEvent(QShowEvent* event)
 {
-    PositionControlButtons();
+    LayOut();
     TWindow::showEvent(event);
 }
 
@@ -615,14 +640,19 @@ void TTaskWindow::paintEvent(QPaintEvent* event)
         PaintTitleBar();
 }
 
+QRect TTaskWindow::TitleBarRect() const
+{
+    return {TASK_WINDOW_FRAME_X_OFFSET, TASK_WINDOW_FRAME_Y_OFFSET, width() - TASK_WINDOW_FRAME_BORDER_WIDTH,
+            TASK_WINDOW_TITLEBAR_HEIGHT};
+}
+
 void TTaskWindow::PaintTitleBar()
 {
     QString const title = GetTitle();
     if (title.isEmpty() && !m_TitleIcon)
         return;
     QPainter painter(this);
-    QRect bar(TASK_WINDOW_FRAME_X_OFFSET + TitleMargin, TASK_WINDOW_FRAME_Y_OFFSET,
-              width() - TASK_WINDOW_FRAME_BORDER_WIDTH - 2 * TitleMargin, TASK_WINDOW_TITLEBAR_HEIGHT);
+    QRect bar = TitleBarRect().adjusted(TitleMargin, 0, -TitleMargin, 0);
     if (m_ExportButton && m_ExportButton->isVisibleTo(this))
         bar.setRight(qMin(bar.right(), m_ExportButton->x() - TitleMargin));
     if (m_TitleIcon)

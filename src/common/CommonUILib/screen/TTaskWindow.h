@@ -16,7 +16,7 @@ class QVBoxLayout;
 /// that its content wants; the platform's stack of its module places it, whatever its parent. For a question
 /// to the operator see TPopupWindow.
 ///
-/// Contents sizes are in pixels and without the frame; -1 stands for "not set". GUI thread only.
+/// Content sizes are in pixels and without the frame; -1 stands for "not set". GUI thread only.
 class COMMONUILIB_EXPORT TTaskWindow : public TWindow
 {
     Q_OBJECT
@@ -59,6 +59,7 @@ public:
 
     /// \name Title bar
     /// @{
+    /// Also when nothing changes, the content is asked again and DesiredGeometryChanged() is emitted.
     void SetHasTitleBar(bool hasTitleBar);
     /// 0 without one.
     int GetTitleBarHeight() const;
@@ -92,7 +93,7 @@ public:
     void AddWidgetToLayout(QWidget* widget, int stretch, Qt::Alignment alignment);
     void AddSpacerToLayout(int size);
     void AddStretchToLayout(int stretch);
-    /// Only with a grid. Row and column count from 0, the spans from 1.
+    /// Only with a grid. Row and column count from 0, the spans from 1; no cell lies beyond the thousandth.
     void AddWidgetToGridLayout(QWidget* widget, int row, int column, int rowSpan, int columnSpan,
                                Qt::Alignment alignment);
     /// @}
@@ -128,7 +129,8 @@ public:
 Q_SIGNALS:
     void Ok();
     void Cancel();
-    /// Desired size, limits, alignment or module have changed: the window is to be placed anew.
+    /// Desired size, limits, alignment, title bar or module have changed: the window is to be placed anew. A
+    /// slot may delete the window, but only by deleteLater() while its layout is being laid out.
     void DesiredGeometryChanged();
     void ExportButtonPressed();
     /// The layout was laid out and wants another size than the one known; OnLayoutGeometryChanged() answers.
@@ -154,7 +156,9 @@ private:
     int ControlsHeight();
     void PlaceLayoutHost();
     void PlaceExportButton();
+    void LayOut();
     void ChooseBackground();
+    QRect TitleBarRect() const;
     void PaintTitleBar();
 
     QWidget* m_LayoutHost = nullptr;
