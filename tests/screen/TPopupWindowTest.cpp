@@ -184,6 +184,18 @@ private Q_SLOTS:
         popup.HideWindow();
     }
 
+    void aPopupHasItsSizeAndPlaceBeforeThePlatformShowsIt()
+    {
+        TScreenStage stage;
+        TTestPlatform platform;
+        TSizedPopup local(nullptr, QSize(2000, 200));
+        local.ShowWindow(true, true);
+        QCOMPARE(local.geometry(), QRect(20, 288, 1004, 200));
+        TProbe plain(nullptr);
+        plain.ShowWindow(false, true);
+        QCOMPARE(plain.geometry(), QRect(350, 60, 260, 200));
+    }
+
     // Modal or not
 
     void aPopupStaysModalUntilItIsToldNotTo()

@@ -93,7 +93,7 @@ void TPopupWindow::SetText(int id, QString const& text)
 
 void TPopupWindow::SetIcon(int id, QString const& icon, QString const& text, QString const& toolTip)
 {
-    m_ButtonBar->TBaseToolBar::AssignButton(id, icon, text, toolTip);
+    m_ButtonBar->AssignButton(id, icon, text, toolTip);
 }
 
 TPushButton* TPopupWindow::GetButton(int id)
