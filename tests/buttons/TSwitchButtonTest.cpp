@@ -75,6 +75,7 @@ private Q_SLOTS:
     void anyNumberAndSizeIsDrawn_data();
     void anyNumberAndSizeIsDrawn();
     void pressesLikeAnyButton();
+    void toolTipMarkIsOnTop();
     void mayBeDeletedByItsClick();
     void picture_data();
     void picture();
@@ -218,6 +219,16 @@ void TSwitchButtonTest::pressesLikeAnyButton()
     QCOMPARE(clicked, (QList<QVariantList>{{7}}));
     // The state is the machine's to say.
     QCOMPARE(Seen(), before);
+}
+
+void TSwitchButtonTest::toolTipMarkIsOnTop()
+{
+    TRecordingPlatform platform;
+    m_Button->SetToolTip(QStringLiteral("Tip"));
+    m_Button->SetToolTipMarkOffset(QPoint(20, 15));
+    QImage const plain = Seen();
+    platform.SetMode(true);
+    QVERIFY(Seen().copy(24, 19, 14, 14) != plain.copy(24, 19, 14, 14));
 }
 
 void TSwitchButtonTest::mayBeDeletedByItsClick()

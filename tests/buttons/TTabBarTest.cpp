@@ -65,6 +65,9 @@ private Q_SLOTS:
     void arrowIsExplained();
     void blankFillsTheRestOfTheStrip_data();
     void blankFillsTheRestOfTheStrip();
+    void backgroundStandsBehindTheBlank();
+    void showingArranges();
+    void clickRepaintsTheBar();
     void anyMaximumIsTaken_data();
     void anyMaximumIsTaken();
     void barMayBeDeletedByItsSignal();
@@ -651,6 +654,52 @@ void TTabBarTest::blankFillsTheRestOfTheStrip()
             bool const blank = along < offset || along >= end;
             QCOMPARE(seen.pixelColor(x, y), QColor(blank ? Qt::magenta : Qt::red));
         }
+    }
+}
+
+void TTabBarTest::backgroundStandsBehindTheBlank()
+{
+    AddHorizontalSkins();
+    m_Screen->AddImage(QStringLiteral("miniWindow-tab-blank"), Qt::transparent);
+    TTabBar* const bar = MakeBarOf(2);
+    auto const background = QSharedPointer<QPixmap>::create(QSize(252, 58));
+    background->fill(Qt::cyan);
+    bar->SetBackground(background);
+    QImage const seen = bar->grab().toImage();
+    QCOMPARE(seen.pixelColor(200, 30), QColor(Qt::cyan));
+    QCOMPARE(seen.pixelColor(10, 9), QColor(Qt::red));
+}
+
+void TTabBarTest::showingArranges()
+{
+    TTabBar* const bar = MakeBarOf(2);
+    bar->hide();
+    bar->SetButtonOffset(30);
+    bar->show();
+    QCOMPARE(bar->GetButton(0)->x(), 30);
+}
+
+void TTabBarTest::clickRepaintsTheBar()
+{
+    struct TPaintCounter : public QObject
+    {
+        bool eventFilter(QObject*, QEvent* event) override
+        {
+            paints += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+        int paints = 0;
+    };
+    TTabBar* const bar = MakeBarOf(6);
+    bar->SetActiveTab(0);
+    QCoreApplication::processEvents();
+    TPaintCounter counter;
+    bar->installEventFilter(&counter);
+    for (int const id : {0, PreviousId, NextId})
+    {
+        counter.paints = 0;
+        bar->OnTabClicked(id);
+        QTRY_COMPARE(counter.paints, 1);
     }
 }
 
