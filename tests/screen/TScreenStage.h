@@ -2,15 +2,7 @@
 
 #include "ScreenLayers.h"
 #include "TestScreen.h"
-
-/// Where a tool tip of the console would be: what stands above all is known by the name of its class.
-class TToolTip : public QWidget
-{
-    Q_OBJECT
-
-public:
-    using QWidget::QWidget;
-};
+#include "TToolTip.h"
 
 /// A shown screen with a canvas, its bars and, on demand, windows, an alarm and a tool tip.
 class TScreenStage

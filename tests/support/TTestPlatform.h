@@ -4,11 +4,12 @@
 
 #include <QVector>
 
-/// A platform that notes which windows it is asked to show, and shows none.
+#include <functional>
+
+/// A platform that notes which windows it is asked to show and how often to hide the tool tip, and does
+/// neither.
 class TTestPlatform : public MorvanePlatformInterface
 {
-    Q_OBJECT
-
 public:
     struct TRequest
     {
@@ -50,9 +51,16 @@ public:
         Q_UNUSED(text)
         Q_UNUSED(icon)
     }
-    void HideToolTip() override {}
+    void HideToolTip() override
+    {
+        ++m_HiddenToolTips;
+        if (m_OnHideToolTip)
+            m_OnHideToolTip();
+    }
     QWidget* GetTopLevelWindow() const override { return nullptr; }
 
     QVector<TRequest> m_Popups;
     QVector<TRequest> m_TaskWindows;
+    int m_HiddenToolTips = 0;
+    std::function<void()> m_OnHideToolTip;
 };
