@@ -31,14 +31,15 @@ public:
                 &MorvanePlatformInterface::NotifyToolTipsEnabled);
     }
 
-    bool ToolTipVisible() const override { return m_Mode && m_Mode->IsOn(); }
+    bool ToolTipVisible() const override { return m_Mode && m_Mode->ToolTipVisible(); }
     bool IsToolTipShownFor(QWidget* source) const override
     {
         return m_Mode && m_Mode->IsToolTipShownFor(source);
     }
-    void ShowToolTipFor(QWidget* source, int, QString const& text, QSharedPointer<QPixmap> icon) override
+    void ShowToolTipFor(QWidget* source, int placement, QString const& text,
+                        QSharedPointer<QPixmap> icon) override
     {
-        m_Mode->ShowToolTipFor(source, text, icon);
+        m_Mode->ShowToolTipFor(source, placement, text, icon);
     }
     void HideToolTip() override { m_Mode->HideToolTip(); }
 
@@ -79,7 +80,7 @@ struct TStage
         return {widget->mapTo(screen.get(), QPoint(0, 0)), widget->size()};
     }
     /// The tip is up, beside \a widget, inside the screen, above all else.
-    bool Explains(QWidget const* widget) const
+    bool Explains(QWidget* widget) const
     {
         TToolTip const* const tip = Shown();
         return tip && mode->IsToolTipShownFor(widget) && screen->rect().contains(tip->geometry()) &&
@@ -212,7 +213,7 @@ private Q_SLOTS:
         QVERIFY(stage.Shown());
         stage.finger.Lift();
         QVERIFY(!stage.Shown());
-        QVERIFY(stage.mode->IsOn());
+        QVERIFY(stage.mode->ToolTipVisible());
         QVERIFY(!stage.mode->IsToolTipShownFor(stage.button));
     }
 
@@ -283,9 +284,9 @@ private Q_SLOTS:
         TStage stage;
         auto const icon = QSharedPointer<QPixmap>::create(24, 24);
         icon->fill(Qt::red);
-        stage.mode->ShowToolTipFor(stage.plain, Tip, {});
+        stage.mode->ShowToolTipFor(stage.plain, 0, Tip, {});
         int const width = stage.Shown()->width();
-        stage.mode->ShowToolTipFor(stage.plain, Tip, icon);
+        stage.mode->ShowToolTipFor(stage.plain, 0, Tip, icon);
         QVERIFY(qAbs(stage.Shown()->width() - width - 29) <= 1);
         QCOMPARE(stage.Shown()->grab().toImage().pixelColor(10, stage.Shown()->height() / 2),
                  QColor(Qt::red));
@@ -295,7 +296,7 @@ private Q_SLOTS:
     void aTipMayBeShownWithoutTheMode()
     {
         TStage stage;
-        stage.mode->ShowToolTipFor(stage.plain, Tip, {});
+        stage.mode->ShowToolTipFor(stage.plain, 0, Tip, {});
         QVERIFY(stage.Explains(stage.plain));
         stage.mode->HideToolTip();
         stage.mode->HideToolTip();
@@ -306,17 +307,17 @@ private Q_SLOTS:
     {
         TStage stage;
         QWidget elsewhere;
-        stage.mode->ShowToolTipFor(nullptr, Tip, {});
-        stage.mode->ShowToolTipFor(&elsewhere, Tip, {});
+        stage.mode->ShowToolTipFor(nullptr, 0, Tip, {});
+        stage.mode->ShowToolTipFor(&elsewhere, 0, Tip, {});
         QVERIFY(!stage.Shown());
-        stage.mode->ShowToolTipFor(stage.plain, Tip, {});
-        stage.mode->ShowToolTipFor(stage.plain, QString(), {});
+        stage.mode->ShowToolTipFor(stage.plain, 0, Tip, {});
+        stage.mode->ShowToolTipFor(stage.plain, 0, QString(), {});
         QVERIFY(!stage.Shown());
         stage.plain->move(SCREEN_WIDTH, 10);
-        stage.mode->ShowToolTipFor(stage.plain, Tip, {});
+        stage.mode->ShowToolTipFor(stage.plain, 0, Tip, {});
         QVERIFY(!stage.Shown());
         stage.button->hide();
-        stage.mode->ShowToolTipFor(stage.button, Tip, {});
+        stage.mode->ShowToolTipFor(stage.button, 0, Tip, {});
         QVERIFY(!stage.Shown());
         QVERIFY(!stage.mode->IsToolTipShownFor(nullptr));
     }
@@ -388,7 +389,7 @@ private Q_SLOTS:
     void aLongTextStaysInsideTheScreen()
     {
         TStage stage;
-        stage.mode->ShowToolTipFor(stage.button, QStringLiteral("word ").repeated(20000), {});
+        stage.mode->ShowToolTipFor(stage.button, 0, QStringLiteral("word ").repeated(20000), {});
         QVERIFY(stage.screen->rect().contains(stage.Shown()->geometry()));
     }
 
@@ -455,7 +456,7 @@ private Q_SLOTS:
         auto* const source = new QWidget(stage.page);
         source->setGeometry(10, 10, 50, 50);
         source->show();
-        stage.mode->ShowToolTipFor(source, Tip, {});
+        stage.mode->ShowToolTipFor(source, 0, Tip, {});
         QVERIFY(stage.Explains(source));
         delete source;
         QVERIFY(!stage.Shown());
@@ -469,7 +470,7 @@ private Q_SLOTS:
         delete stage.screen.get();
         stage.mode->HideToolTip();
         QWidget source;
-        stage.mode->ShowToolTipFor(&source, Tip, {});
+        stage.mode->ShowToolTipFor(&source, 0, Tip, {});
         QVERIFY(!stage.mode->IsToolTipShownFor(&source));
         stage.mode->SetOn(false);
     }

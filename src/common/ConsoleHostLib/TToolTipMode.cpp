@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace
 {
@@ -33,7 +34,7 @@ TToolTipMode::~TToolTipMode()
     delete m_ToolTip;
 }
 
-bool TToolTipMode::IsOn() const
+bool TToolTipMode::ToolTipVisible() const
 {
     return m_IsOn;
 }
@@ -47,8 +48,10 @@ void TToolTipMode::SetOn(bool on)
     Q_EMIT Switched(on);
 }
 
-void TToolTipMode::ShowToolTipFor(QWidget* source, QString const& text, QSharedPointer<QPixmap> const& icon)
+void TToolTipMode::ShowToolTipFor(QWidget* source, int placement, QString const& text,
+                                  QSharedPointer<QPixmap> icon)
 {
+    Q_UNUSED(placement)
     if (IsToolTipShownFor(source) && text == m_Text && icon == m_Icon)
         return;
     HideToolTip();
@@ -56,10 +59,10 @@ void TToolTipMode::ShowToolTipFor(QWidget* source, QString const& text, QSharedP
         return;
     m_Source = source;
     m_Text = text;
-    m_Icon = icon;
+    m_Icon = std::move(icon);
     if (!m_ToolTip)
         m_ToolTip = new TToolTip(m_Screen);
-    m_ToolTip->SetToolIcon(icon);
+    m_ToolTip->SetToolIcon(m_Icon);
     m_ToolTip->SetText(text);
     m_ToolTip->RefreshGeometry();
     m_Tracker.TrackParent(source, m_Screen, [this](QWidget*) { Follow(); });
@@ -71,7 +74,7 @@ void TToolTipMode::ShowToolTipFor(QWidget* source, QString const& text, QSharedP
     source->update();
 }
 
-bool TToolTipMode::IsToolTipShownFor(QWidget const* source) const
+bool TToolTipMode::IsToolTipShownFor(QWidget* source) const
 {
     return source && source == m_Source && m_ToolTip;
 }

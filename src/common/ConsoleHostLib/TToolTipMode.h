@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ConsoleHostLibExport.h"
+#include "IToolTipController.h"
 #include "TParentTracker.h"
 
 #include <QObject>
@@ -19,7 +20,7 @@ class TToolTip;
 ///
 /// A tip may also be shown while the mode is off, for a finger that rests on something. For what places
 /// itself see TAnnotationLayer. GUI thread only.
-class CONSOLEHOSTLIB_EXPORT TToolTipMode : public QObject
+class CONSOLEHOSTLIB_EXPORT TToolTipMode : public QObject, public IToolTipController
 {
     Q_OBJECT
 
@@ -29,14 +30,17 @@ public:
     ~TToolTipMode() override;
 
     /// Off at first.
-    bool IsOn() const;
     void SetOn(bool on);
+    /// Is the mode on.
+    bool ToolTipVisible() const override;
 
     /// Shows \a text, with \a icon unless that is null, beside \a source in place of any other tip. Without a
-    /// text, or for a source of which nothing can be seen on the screen, there is no tip then.
-    void ShowToolTipFor(QWidget* source, QString const& text, QSharedPointer<QPixmap> const& icon);
-    bool IsToolTipShownFor(QWidget const* source) const;
-    void HideToolTip();
+    /// text, or for a source of which nothing can be seen on the screen, there is no tip then. The place is
+    /// always that of PlaceBeside(), whatever \a placement says.
+    void ShowToolTipFor(QWidget* source, int placement, QString const& text,
+                        QSharedPointer<QPixmap> icon) override;
+    bool IsToolTipShownFor(QWidget* source) const override;
+    void HideToolTip() override;
 
     /// Where a tip of \a size stands inside \a room: at the right of \a source, else at its left, below it or
     /// above it, at the first of these sides that has the room. Where none has, it covers the source from the
@@ -46,7 +50,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 Q_SIGNALS:
-    /// The mode was switched; IsOn() answers \a on already, and the tip is down.
+    /// The mode was switched; ToolTipVisible() answers \a on already, and the tip is down.
     void Switched(bool on);
 
 private:
