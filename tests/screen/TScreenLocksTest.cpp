@@ -49,6 +49,30 @@ class TScreenLocksTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void whoFollowsTheLayersIsToldWhenTheyAreRight()
+    {
+        TLockStage stage;
+        TWindow* const window = stage.Window();
+        TWindow* const other = stage.Window();
+        int told = 0;
+        connect(stage.screen.get(), &TScreen::LayersChecked, this,
+                [&]
+                {
+                    ++told;
+                    VERIFY_LAYERS(*stage.screen.get());
+                });
+        stage.Lock(window, MODAL_LOCAL);
+        stage.Lock(other, MODAL_GLOBAL);
+        QCOMPARE(told, 2);
+        stage.screen->RemoveLockingWidget(window);
+        stage.screen->RemoveLockingWidget(other);
+        QCOMPARE(told, 4);
+        stage.screen->SetCurrentCanvas(stage.canvas, true);
+        QCOMPARE(told, 5);
+        stage.screen->RemoveLockingWidget(other);
+        QCOMPARE(told, 5);
+    }
+
     void aLockShowsTheFadeBelowItsWidget()
     {
         TLockStage stage;

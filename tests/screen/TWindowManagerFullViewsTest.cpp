@@ -73,6 +73,90 @@ class TWindowManagerFullViewsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void everyWayToAnotherViewIsToldWhenItIsDone_data()
+    {
+        QTest::addColumn<QString>("way");
+        for (char const* const way :
+             {"display", "drag", "maximise", "switch", "default", "setup", "last", "by hand", "snapshot"})
+            QTest::newRow(way) << QString::fromLatin1(way);
+    }
+
+    void everyWayToAnotherViewIsToldWhenItIsDone()
+    {
+        QFETCH(QString, way);
+        TViewStage stage;
+        TTestView const first = stage.Add(QStringLiteral("first"), VIEW_ALL);
+        TTestView const second = stage.Add(QStringLiteral("second"), VIEW_ALL);
+        TTestView const third = stage.Add(QStringLiteral("third"), FullOnly);
+        TTestView const setup = stage.Add(SetupName(), FullOnly);
+        stage.manager->SetDefaultView(first.name);
+        if (way == QLatin1String("default") || way == QLatin1String("last"))
+            stage.manager->DisplayFullView(second.id, false);
+        QString const layout = stage.manager->GetStateSnapshotXML();
+        if (way == QLatin1String("snapshot"))
+            stage.manager->DisplayFullView(third.id, false);
+
+        QSignalSpy changed(stage.manager, &TWindowManager::FullViewChanged);
+        int expected = second.id;
+        bool isUp = false;
+        connect(stage.manager, &TWindowManager::FullViewChanged, this,
+                [&](int id)
+                {
+                    QCOMPARE(stage.manager->GetFullViewId(), id);
+                    TTestView const& view = id == first.id    ? first
+                                            : id == second.id ? second
+                                            : id == third.id  ? third
+                                                              : setup;
+                    isUp = view.full->isVisible() && view.canvas->isVisible();
+                });
+        if (way == QLatin1String("display"))
+            stage.manager->DisplayFullView(second.id, false);
+        else if (way == QLatin1String("drag"))
+            stage.manager->OnDraggedOffRight(second.id);
+        else if (way == QLatin1String("maximise"))
+            stage.manager->OnMaximizeMiniView(second.id);
+        else if (way == QLatin1String("switch"))
+            stage.manager->OnSwitchToView(expected = third.id);
+        else if (way == QLatin1String("default"))
+            stage.manager->OnSwitchToView(expected = first.id);
+        else if (way == QLatin1String("setup"))
+            stage.manager->OnShowSetup(expected = setup.id);
+        else if (way == QLatin1String("last"))
+        {
+            expected = first.id;
+            stage.manager->OnRestoreLastView();
+        }
+        else if (way == QLatin1String("snapshot"))
+        {
+            expected = first.id;
+            QVERIFY(stage.manager->RestoreStateFromSnapShot(layout, false));
+        }
+        else
+        {
+            second.canvas->setParent(stage.screen.get());
+            second.canvas->show();
+            second.full->ShowWindow(false);
+            stage.manager->SetFullViewId(second.id);
+        }
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed[0][0].toInt(), expected);
+        QVERIFY(isUp);
+        // The same view again is no news.
+        stage.manager->SetFullViewId(expected);
+        QCOMPARE(changed.count(), 1);
+    }
+
+    void theViewKnowsWhetherItIsAFullOne()
+    {
+        TViewStage stage;
+        QVERIFY(!stage.manager->HasFullView(stage.Add(QStringLiteral("mini"), VIEW_MINI).id));
+        QVERIFY(stage.manager->HasFullView(stage.Add(QStringLiteral("canvas"), VIEW_CANVAS).id));
+        QVERIFY(stage.manager->HasFullView(stage.Add(QStringLiteral("full"), VIEW_FULL).id));
+        QVERIFY(stage.manager->HasFullView(stage.Add(QStringLiteral("all"), VIEW_ALL).id));
+        QVERIFY(!stage.manager->HasFullView(-1));
+        QVERIFY(!stage.manager->HasFullView(99));
+    }
+
     // Displaying
 
     void aFullViewReplacesTheCurrentOne()

@@ -262,6 +262,15 @@ void TAnnotationLayer::BringUp(int id)
         Place(id);
 }
 
+void TAnnotationLayer::RaiseAnnotations()
+{
+    for (TAnnotation const& annotation : qAsConst(m_Annotations))
+    {
+        if (m_Screen && !annotation.widget->isHidden())
+            m_Screen->RaiseToBelowAlarm(annotation.widget);
+    }
+}
+
 // One that cannot be seen hears of its source when it comes up again.
 void TAnnotationLayer::TellHandler(int id)
 {

@@ -38,6 +38,8 @@ public:
 
     void ShowAnnotation(QWidget* widget, KVN::IAnnotationHandler* handler, QWidget* source);
     void HideAnnotation(QWidget* widget);
+    /// Brings the annotations back above what has been raised meanwhile, in their order.
+    void RaiseAnnotations();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -2,6 +2,7 @@
 
 #include "IConsoleModule.h"
 #include "MainScreen.h"
+#include "THostPlatform.h"
 #include "TInputRouter.h"
 #include "TMMICapableWidgetNavigator.h"
 #include "TScreen.h"
@@ -79,6 +80,7 @@ void TConsoleShell::BuildScreen()
     m_Navigator = std::make_unique<TMMICapableWidgetNavigator>(m_Screen.get());
     m_Screen->SetMMINavigator(m_Navigator.get());
     new TInputRouter(m_Navigator.get(), this);
+    m_HostPlatform = std::make_unique<THostPlatform>(m_Screen.get());
 }
 
 TScreen* TConsoleShell::GetScreen() const
@@ -89,6 +91,11 @@ TScreen* TConsoleShell::GetScreen() const
 TMMICapableWidgetNavigator* TConsoleShell::GetNavigator() const
 {
     return m_Navigator.get();
+}
+
+THostPlatform* TConsoleShell::GetPlatform() const
+{
+    return m_HostPlatform.get();
 }
 
 void TConsoleShell::AddModule(std::unique_ptr<IConsoleModule> module)
@@ -118,6 +125,7 @@ void TConsoleShell::Stop()
     m_Screen->hide();
     while (!m_Modules.empty())
         m_Modules.pop_back();
+    m_HostPlatform.reset();
     m_Navigator.reset();
     m_Screen.reset();
     MainScreen = nullptr;

@@ -9,13 +9,14 @@
 #include <vector>
 
 class IConsoleModule;
+class THostPlatform;
 class TMMICapableWidgetNavigator;
 class TScreen;
 
 /// Starts and stops a console: it names the internal drive, opens the settings and the operator's log, builds
-/// the screen with its wheel navigator and its input, takes the modules, and brings the layout of the last
-/// run back. On the way down it saves the layout and takes everything apart in the order in which nobody
-/// misses anybody.
+/// the screen with its wheel navigator, its input and its window stacks, takes the modules, and brings the
+/// layout of the last run back. On the way down it saves the layout and takes everything apart in the order
+/// in which nobody misses anybody.
 ///
 /// \code
 /// TConsoleShell shell(dataFolder);
@@ -46,6 +47,7 @@ public:
     /// Null after Stop().
     TScreen* GetScreen() const;
     TMMICapableWidgetNavigator* GetNavigator() const;
+    THostPlatform* GetPlatform() const;
 
     /// Takes the module and has it register its views. Null is ignored, and so is a module that comes after
     /// Stop(). One that comes after Start() takes up its saved place.
@@ -73,6 +75,7 @@ private:
     std::unique_ptr<TPlatform> m_Platform;
     std::unique_ptr<TScreen> m_Screen;
     std::unique_ptr<TMMICapableWidgetNavigator> m_Navigator;
+    std::unique_ptr<THostPlatform> m_HostPlatform;
     std::vector<std::unique_ptr<IConsoleModule>> m_Modules;
     bool m_HasStarted = false;
 };

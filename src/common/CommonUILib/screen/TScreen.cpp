@@ -583,8 +583,11 @@ void TScreen::CheckToolbarsForLocking()
         if (bar && anchor)
             bar->stackUnder(anchor);
     }
+    QPointer<TScreen> const self(this);
     if (IsNavigationBarVisible())
         m_WindowManager->RestoreAllMiniViews();
+    if (self)
+        Q_EMIT LayersChecked();
 }
 
 void TScreen::StackForGlobalLock(QWidget* anchor)

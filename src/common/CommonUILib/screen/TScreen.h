@@ -223,6 +223,9 @@ Q_SIGNALS:
     void SystemToolbarGeometryChanged();
     void OffscreenButtonsShown();
     void OffscreenButtonsHidden();
+    /// Bars, fade and locking widgets were put into their layers; who keeps windows above or below them
+    /// follows now.
+    void LayersChecked();
 
 public Q_SLOTS:
     /// TakeScreenShot() after the press that asked for it has had time to be drawn.

@@ -99,6 +99,22 @@ int TWindowManager::GetFullViewId() const
 void TWindowManager::SetFullViewId(int id)
 {
     m_FullViewId = id;
+    TellFullView();
+}
+
+// At the end of each way to another view: whoever listens finds all of it done.
+void TWindowManager::TellFullView()
+{
+    if (m_FullViewId == m_ToldFullViewId)
+        return;
+    m_ToldFullViewId = m_FullViewId;
+    Q_EMIT FullViewChanged(m_FullViewId);
+}
+
+bool TWindowManager::HasFullView(int id) const
+{
+    ViewDetails const* const view = Find(id);
+    return view && (view->canvas || view->fullWindow);
 }
 
 void TWindowManager::SetLastFullViewId(int id)
@@ -298,8 +314,9 @@ void TWindowManager::RemoveView(int id)
         m_DefaultViewId = -1;
     if (!isCurrent)
         return;
+    QPointer<TWindowManager> const self(this);
     OnRestoreLastView();
-    if (canvas && m_Screen->GetCurrentCanvas() == canvas && !Find(m_FullViewId))
+    if (self && canvas && m_Screen->GetCurrentCanvas() == canvas && !Find(m_FullViewId))
         canvas->hide();
 }
 
@@ -339,6 +356,7 @@ void TWindowManager::DisplayFullView(int id, bool playSound)
     SystemToolBarChecks(id);
     ShowSystemToolbar(true);
     m_Screen->PushMMIWidget(view.fullWindow);
+    TellFullView();
 }
 
 void TWindowManager::HideFullWindow(int id)
@@ -661,8 +679,9 @@ void TWindowManager::OnMaximizeMiniView(int id)
     ExchangeSurfaces(view);
     if (id != m_FullViewId && view.behaviour != WIDGET_BEHAVIOUR_LINKED)
         MakeWayFor(id);
+    QPointer<TWindowManager> const self(this);
     DisplayFullView(id, !view.miniWindow.isNull());
-    if (SwappingViews())
+    if (self && SwappingViews())
     {
         m_Swapping = true;
         SetMiniviewObstructionUpdatesEnabled(false);
@@ -725,6 +744,7 @@ void TWindowManager::OnShowSetup(int id)
     connect(view.fullWindow, &TWindow::WindowHidden, this, &TWindowManager::OnRestoreLastView,
             Qt::UniqueConnection);
     m_Screen->PushMMIWidget(view.fullWindow);
+    TellFullView();
 }
 
 void TWindowManager::OnSwitchToView(int id)
@@ -740,7 +760,7 @@ void TWindowManager::OnSwitchToView(int id)
             view.fullWindow->ShowWindow(false);
         ShowSystemToolbar(true);
         SetLastFullViewId(m_FullViewId);
-        m_FullViewId = m_DefaultViewId;
+        SetFullViewId(m_DefaultViewId);
         return;
     }
     QPointer<TWindow> const window = PrepareSwitchedWindow(view);
@@ -755,6 +775,7 @@ void TWindowManager::OnSwitchToView(int id)
     SetLastFullViewId(m_FullViewId);
     m_FullViewId = id;
     m_Screen->PushMMIWidget(window);
+    TellFullView();
 }
 
 // The window that fills the canvas: the full window, or, for a view that has none to show, its mini window
@@ -853,6 +874,7 @@ void TWindowManager::ShowView(int id)
     ShowSystemToolbar(true);
     RestoreAllMiniViews();
     SetMiniviewObstructionUpdatesEnabled(true);
+    TellFullView();
 }
 
 void TWindowManager::ShowSystemToolbar(bool show)

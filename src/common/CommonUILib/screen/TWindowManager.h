@@ -44,6 +44,8 @@ public:
     /// The current full view, -1 for none.
     int GetFullViewId() const;
     void SetFullViewId(int id);
+    /// True for a view that came with a canvas or a full window.
+    bool HasFullView(int id) const;
     /// Where OnRestoreLastView() goes back to; the setup's view is never taken.
     void SetLastFullViewId(int id);
 
@@ -118,6 +120,8 @@ public:
 
 Q_SIGNALS:
     void MiniViewHasMoved(int id, int x, int y);
+    /// Another full view is up, or none any more: canvas, full window and wheel are where they belong.
+    void FullViewChanged(int id);
 
 public Q_SLOTS:
     void OnDraggedOffRight(int id);
@@ -155,6 +159,7 @@ private:
 
     void HideFullWindow(int id);
     void ShowView(int id);
+    void TellFullView();
     TWindow* PrepareSwitchedWindow(ViewDetails const& view);
     int BackTarget(int id);
     void ExchangeSurfaces(ViewDetails const& view);
@@ -185,6 +190,7 @@ private:
     QPointer<QWidget> m_NavigationBar;
     TGuideManager* m_GuideManager = nullptr;
     int m_FullViewId = -1;
+    int m_ToldFullViewId = -1;
     int m_LastFullViewId = -1;
     int m_DefaultViewId = -1;
     bool m_Swapping = false;

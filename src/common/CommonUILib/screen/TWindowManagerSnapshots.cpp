@@ -180,8 +180,9 @@ void TWindowManager::SweepMiniWindows()
 
 void TWindowManager::RestorePendingState()
 {
+    QPointer<TWindowManager> const self(this);
     int index = 0;
-    while (index < m_PendingRestores.size())
+    while (self && index < m_PendingRestores.size())
     {
         int const id = m_IdsByName.value(m_PendingRestores[index].name, -1);
         if (!Find(id))
@@ -198,11 +199,12 @@ void TWindowManager::ServePendingRestore(TPendingWindowRestore const& pending, i
 {
     if (pending.isFullView)
     {
+        QPointer<TWindowManager> const self(this);
         if (pending.name == m_SetupManagerId)
             OnShowSetup(id);
         else
             DisplayFullView(id, false);
-        ViewDetails const* const view = Find(id);
+        ViewDetails const* const view = self ? Find(id) : nullptr;
         if (view && view->fullWindow)
             view->fullWindow->RestoreXMLStateSnapshot(pending.element);
         return;
@@ -218,7 +220,9 @@ void TWindowManager::ServePendingRestore(TPendingWindowRestore const& pending, i
 void TWindowManager::RestoreShutdownState()
 {
     QString const layout = ConfigManager::Instance()->Read(CONFIG_LAYOUT_SNAPSHOT).toString();
-    if (!RestoreStateFromSnapShot(layout, true) || m_FullViewId < 0)
+    QPointer<TWindowManager> const self(this);
+    bool const isRestored = RestoreStateFromSnapShot(layout, true);
+    if (self && (!isRestored || m_FullViewId < 0))
     {
         int const setupId = m_IdsByName.value(m_SetupManagerId, -1);
         if (Find(m_DefaultViewId))

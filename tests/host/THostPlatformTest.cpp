@@ -1,0 +1,126 @@
+#include "THostPlatform.h"
+
+#include "TConsoleShell.h"
+#include "TestCase.h"
+#include "TStackStage.h"
+#include "TToolTipMode.h"
+#include "TVirtualOperator.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+class THostPlatformTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyConsoleHasAPlatform()
+    {
+        QVERIFY(!MorvanePlatformInterface::Instance());
+        {
+            QTemporaryDir folder;
+            TConsoleShell shell(folder.path());
+            QCOMPARE(MorvanePlatformInterface::Instance(),
+                     static_cast<MorvanePlatformInterface*>(shell.GetPlatform()));
+            QCOMPARE(shell.GetPlatform()->GetTopLevelWindow(), static_cast<QWidget*>(shell.GetScreen()));
+            shell.Stop();
+            QVERIFY(!shell.GetPlatform());
+        }
+        QVERIFY(!MorvanePlatformInterface::Instance());
+    }
+
+    void popupsAndTaskWindowsGoToTheirStacks()
+    {
+        TStackStage stage;
+        TPopupWindow* const popup = stage.Shown(stage.Popup());
+        TTaskWindow* const task = stage.Shown(stage.Task());
+        QCOMPARE(stage.Stacks()->GetWindows(STACK_POPUPS, KVN::MorvaneID()), QList<TWindow*>{popup});
+        QCOMPARE(stage.Stacks()->GetWindows(STACK_TASK_WINDOWS, KVN::MorvaneID()), QList<TWindow*>{task});
+        stage.platform.ShowPopupWindow(nullptr, false);
+        stage.platform.ShowTaskWindow(nullptr, true);
+    }
+
+    void annotationsLieOverTheScreen()
+    {
+        TStackStage stage;
+        QWidget owner;
+        QWidget note(&owner);
+        note.setFixedSize(50, 20);
+        stage.platform.ShowAnnotation(&note, nullptr, nullptr);
+        QVERIFY(note.isVisible());
+        QVERIFY(stage.Screen()->isAncestorOf(&note));
+        // Above what comes up later too, unless that locks the screen.
+        TPopupWindow* const popup = stage.Shown(stage.Popup());
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(&note, popup));
+        stage.Screen()->SetCurrentCanvas(&stage.a->m_Canvas, true);
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(&note, popup));
+        TPopupWindow* const question = stage.Shown(stage.Popup(), true);
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(question, &note));
+        VERIFY_LAYERS(*stage.Screen());
+        question->HideWindow();
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(&note, popup));
+        stage.platform.HideAnnotation(&note);
+        QCOMPARE(note.parentWidget(), &owner);
+    }
+
+    void buttonsExplainThemselvesInToolTipMode()
+    {
+        TStackStage stage;
+        stage.a->m_Button.SetToolTip(QStringLiteral("Fold the boom"));
+        QSignalSpy switched(&stage.platform, &MorvanePlatformInterface::NotifyToolTipsEnabled);
+        QSignalSpy clicked(&stage.a->m_Button, &TPushButton::Clicked);
+        QVERIFY(!stage.platform.ToolTipVisible());
+        stage.platform.GetToolTipMode()->SetOn(true);
+        QCOMPARE(switched.count(), 1);
+        QVERIFY(stage.platform.ToolTipVisible());
+        TVirtualOperator finger(stage.Screen());
+        QVERIFY(finger.Tap(&stage.a->m_Button));
+        QCOMPARE(clicked.count(), 0);
+        QVERIFY(stage.platform.IsToolTipShownFor(&stage.a->m_Button));
+        VERIFY_LAYERS(*stage.Screen());
+        // It stays above what comes up later.
+        stage.Shown(stage.Popup(), true);
+        VERIFY_LAYERS(*stage.Screen());
+        stage.platform.HideToolTip();
+        QVERIFY(!stage.platform.IsToolTipShownFor(&stage.a->m_Button));
+        stage.platform.ShowToolTipFor(&stage.a->m_Button, 0, QStringLiteral("text"), {});
+        stage.platform.GetToolTipMode()->SetOn(false);
+        QCOMPARE(switched.count(), 2);
+        QVERIFY(!stage.platform.ToolTipVisible());
+    }
+
+    void aPlatformWithoutItsScreenJustShowsWindows()
+    {
+        auto screen = std::make_unique<TScreen>();
+        THostPlatform platform(screen.get());
+        QVERIFY(platform.GetTopLevelWindow());
+        screen.reset();
+        QVERIFY(!platform.GetTopLevelWindow());
+        TPopupWindow popup(nullptr);
+        popup.ShowWindow(false);
+        QVERIFY(popup.isVisible());
+        TTaskWindow task(nullptr);
+        task.ShowWindow(true);
+        QVERIFY(task.isVisible());
+    }
+
+    void theEndOfThePlatformMayShowAWindow()
+    {
+        TStackStage stage;
+        auto platform = std::make_unique<THostPlatform>(stage.Screen());
+        TPopupWindow* const question = stage.Shown(stage.Popup(), true);
+        TPopupWindow* const late = stage.Popup();
+        connect(stage.Screen(), &TScreen::NotifyScreenLock, late,
+                [late](bool locked)
+                {
+                    if (!locked)
+                        late->ShowWindow(false);
+                });
+        platform.reset();
+        QVERIFY(late->isVisible());
+        QVERIFY(question->isVisible());
+    }
+};
+
+COMMONUI_TEST(THostPlatformTest)
+#include "THostPlatformTest.moc"
