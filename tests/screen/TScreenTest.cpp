@@ -4,6 +4,7 @@
 #include "PixmapNames.h"
 #include "TCameraXVOverlayManager.h"
 #include "TestCase.h"
+#include "TExternalDrive.h"
 #include "TFileHash.h"
 #include "TFullWindow.h"
 #include "TMMICapableWidgetNavigator.h"
@@ -705,16 +706,47 @@ private Q_SLOTS:
         QCOMPARE(log.Entries().size(), 1);
     }
 
-    void aScreenshotThatCannotBeSavedIsNotReported()
+    void aScreenshotThatCannotBeSavedIsReported()
     {
+        TTestUserLog log;
         TTestScreen screen;
         screen.m_Drives.Insert();
         QVERIFY(QDir(screen.m_Drives.StickPath()).removeRecursively());
         QSignalSpy shots(screen->GetCameraOverlayManager(), &TCameraXVOverlayManager::NotifyScreenShot);
+        QSignalSpy failed(screen->GetExternalDrive(), &TExternalDrive::SaveFailed);
         screen->TakeScreenShot();
         QCOMPARE(shots.count(), 2);
+        QCOMPARE(failed.count(), 1);
+        QCOMPARE(failed[0][0].value<EDriveResult>(), DRIVE_GONE);
+        QCOMPARE(log.Entries().size(), 1);
         TMuteScreen mute;
         mute.TakeScreenShot();
+        QCOMPARE(log.Entries().size(), 2);
+    }
+
+    void aStickThatIsPulledDuringTheFlashTakesNoScreenshot()
+    {
+        TTestUserLog log;
+        TTestScreen screen;
+        screen.m_Drives.Insert();
+        QSignalSpy failed(screen->GetExternalDrive(), &TExternalDrive::SaveFailed);
+        QTimer::singleShot(0, this, [&] { screen.m_Drives.Pull(); });
+        screen->TakeScreenShot();
+        QCOMPARE(failed.count(), 1);
+        QCOMPARE(failed[0][0].value<EDriveResult>(), DRIVE_GONE);
+        // Its folder is there still, as that of a mount is on the internal drive.
+        QVERIFY(QDir(screen.m_Drives.StickPath()).isEmpty());
+    }
+
+    void theScreenMayGoWhenItsScreenshotFails()
+    {
+        TTestUserLog log;
+        TTestScreen screen;
+        screen.m_Drives.Insert();
+        QVERIFY(QDir(screen.m_Drives.StickPath()).removeRecursively());
+        connect(screen->GetExternalDrive(), &TExternalDrive::SaveFailed, this, [&] { delete screen.get(); });
+        screen->TakeScreenShot();
+        QVERIFY(!screen.get());
     }
 
     void theScreenMayGoWhileItsFlashIsDrawn()

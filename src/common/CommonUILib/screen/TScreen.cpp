@@ -8,6 +8,7 @@
 #include "PixmapNames.h"
 #include "TCameraXVOverlayManager.h"
 #include "TCanvas.h"
+#include "TExternalDrive.h"
 #include "TFileHash.h"
 #include "TLocalTime.h"
 #include "TMiniWindow.h"
@@ -23,6 +24,7 @@
 #include "TWindowManager.h"
 #include "UserLog.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -160,6 +162,7 @@ TScreen::TScreen()
     , m_SoundThread(new QThread)
 {
     resize(SCREEN_WIDTH, SCREEN_HEIGHT);
+    m_ExternalDrive = std::make_unique<TExternalDrive>();
     m_CameraOverlayManager = std::make_unique<TCameraXVOverlayManager>();
     m_ObstructionManager = std::make_unique<TObstructionManager>(this, nullptr);
     PopulatePixmapManager();
@@ -266,6 +269,11 @@ TObstructionManager* TScreen::GetObstructionManager() const
 TCameraXVOverlayManager* TScreen::GetCameraOverlayManager() const
 {
     return m_CameraOverlayManager.get();
+}
+
+TExternalDrive* TScreen::GetExternalDrive() const
+{
+    return m_ExternalDrive.get();
 }
 
 TWindowManager* TScreen::GetWindowManager() const
@@ -675,7 +683,8 @@ void TScreen::TakeScreenShot()
         return;
     m_ScreenShotFlash->hide();
     SaveScreenShot(drive);
-    m_CameraOverlayManager->FinishScreenShot();
+    if (self)
+        m_CameraOverlayManager->FinishScreenShot();
 }
 
 void TScreen::ShowFlash()
@@ -696,9 +705,11 @@ void TScreen::ShowFlash()
 
 void TScreen::SaveScreenShot(QString const& drive)
 {
-    QDir(drive).mkdir(QStringLiteral("Screenshots"));
     QString const name = TLocalTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-hh-mm-ss"));
-    grab().save(drive + QStringLiteral("/Screenshots/") + name + QStringLiteral(".png"), "PNG");
+    QByteArray picture;
+    QBuffer buffer(&picture);
+    grab().save(&buffer, "PNG");
+    m_ExternalDrive->SaveFile(drive, QStringLiteral("Screenshots"), name + QStringLiteral(".png"), picture);
 }
 
 void TScreen::OnNavigationWindow()

@@ -20,6 +20,7 @@
 class QThread;
 class TCameraXVOverlayManager;
 class TCanvas;
+class TExternalDrive;
 class TFullWindow;
 class TMiniWindow;
 class TMMICapableWidgetNavigator;
@@ -69,6 +70,8 @@ public:
     KVN::PixmapManager* GetPixmapManager() const;
     TObstructionManager* GetObstructionManager() const;
     TCameraXVOverlayManager* GetCameraOverlayManager() const;
+    /// Tells what becomes of screenshots, and ejects.
+    TExternalDrive* GetExternalDrive() const;
     TWindowManager* GetWindowManager() const;
     TModalWidget* GetModalWidget() const;
     /// Null where the feature switches leave it out.
@@ -230,7 +233,8 @@ Q_SIGNALS:
 public Q_SLOTS:
     /// TakeScreenShot() after the press that asked for it has had time to be drawn.
     void DelayedScreenShot();
-    /// Saves a picture of the screen in "Screenshots" on the USB stick, with a flash and a sound.
+    /// Saves a picture of the screen in "Screenshots" on the USB stick, with a flash and a sound. A failure
+    /// is TExternalDrive::SaveFailed().
     void TakeScreenShot();
     void OnNavigationWindow();
     /// For automation tools: emits RequestShutdown().
@@ -262,6 +266,7 @@ private:
 
     std::unique_ptr<KVN::PixmapManager> m_PixmapManager;
     QPointer<TCanvas> m_CurrentCanvas;
+    std::unique_ptr<TExternalDrive> m_ExternalDrive;
     std::unique_ptr<TCameraXVOverlayManager> m_CameraOverlayManager;
     TNavigationBar* m_NavigationBar = nullptr;
     TNavigationBar* m_SpecialNavigationBar = nullptr;
