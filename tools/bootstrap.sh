@@ -9,6 +9,7 @@ readonly OLDEST_DEBIAN=12
 readonly BUILD_PACKAGES=(
     ccache
     cmake
+    dbus-daemon
     fonts-dejavu-core
     fonts-dejavu-extra
     g++

@@ -8,10 +8,13 @@
 #include "TNavigationBar.h"
 #include "TPushButton.h"
 #include "TSystemSettings.h"
+#include "TSystemSettingsProxy.h"
+#include "TUsbWatch.h"
 #include "TVirtualOperator.h"
 #include "TWindowManager.h"
 #include "UserLog.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 
 #include <csignal>
@@ -120,6 +123,37 @@ private Q_SLOTS:
         }
         TConsole console(folder.path());
         QCOMPARE(console.Manager()->GetSlot(0), QList<int>{console.second->m_ViewId});
+    }
+
+    void aStickIsThereFromTheWatchToTheStop()
+    {
+        QTemporaryDir folder;
+        QTemporaryDir stick;
+        TConsole console(folder.path());
+        QVERIFY(!console.shell.GetUsbWatch());
+        QVERIFY(!TSystemSettingsProxy::Instance()->IsExternalDrivePresent());
+        console.shell.WatchUsb(stick.path());
+        TUsbWatch* const watch = console.shell.GetUsbWatch();
+        QVERIFY(watch);
+        QVERIFY(TSystemSettingsProxy::Instance()->IsExternalDrivePresent());
+        console.shell.WatchUsb();
+        QCOMPARE(console.shell.GetUsbWatch(), watch);
+        console.shell.GetScreen()->TakeScreenShot();
+        QCOMPARE(QDir(stick.filePath(QStringLiteral("Screenshots"))).entryList(QDir::Files).size(), 1);
+        console.shell.Stop();
+        QVERIFY(!console.shell.GetUsbWatch());
+        QVERIFY(!TSystemSettingsProxy::Instance()->IsExternalDrivePresent());
+        console.shell.WatchUsb(stick.path());
+        QVERIFY(!console.shell.GetUsbWatch());
+    }
+
+    void theSticksOfTheSystemAreWatchedUnlessAFolderIsNamed()
+    {
+        QTemporaryDir folder;
+        TConsole console(folder.path());
+        console.shell.WatchUsb();
+        QVERIFY(console.shell.GetUsbWatch());
+        QVERIFY(!console.shell.GetUsbWatch()->IsFolder());
     }
 
     void theStopPutsBackWhatTheStartReplaced()

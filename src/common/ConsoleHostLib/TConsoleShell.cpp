@@ -9,6 +9,7 @@
 #include "TSqliteConfigManager.h"
 #include "TStopSignals.h"
 #include "TSystemSettings.h"
+#include "TUsbWatch.h"
 #include "TWindowManager.h"
 #include "UserLog.h"
 
@@ -98,6 +99,19 @@ THostPlatform* TConsoleShell::GetPlatform() const
     return m_HostPlatform.get();
 }
 
+void TConsoleShell::WatchUsb(QString const& folder)
+{
+    if (!m_Screen || m_UsbWatch)
+        return;
+    m_UsbWatch = folder.isEmpty() ? std::make_unique<TUsbWatch>(TUsbWatch::TSystem())
+                                  : std::make_unique<TUsbWatch>(folder);
+}
+
+TUsbWatch* TConsoleShell::GetUsbWatch() const
+{
+    return m_UsbWatch.get();
+}
+
 void TConsoleShell::AddModule(std::unique_ptr<IConsoleModule> module)
 {
     if (!module || !m_Screen)
@@ -129,6 +143,7 @@ void TConsoleShell::Stop()
     m_Navigator.reset();
     m_Screen.reset();
     MainScreen = nullptr;
+    m_UsbWatch.reset();
     m_Platform.reset();
 }
 

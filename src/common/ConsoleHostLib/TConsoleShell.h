@@ -12,6 +12,7 @@ class IConsoleModule;
 class THostPlatform;
 class TMMICapableWidgetNavigator;
 class TScreen;
+class TUsbWatch;
 
 /// Starts and stops a console: it names the internal drive, opens the settings and the operator's log, builds
 /// the screen with its wheel navigator, its input and its window stacks, takes the modules, and brings the
@@ -49,6 +50,12 @@ public:
     TMMICapableWidgetNavigator* GetNavigator() const;
     THostPlatform* GetPlatform() const;
 
+    /// Tells the platform of USB sticks from now on: those of the system, or, where one is named, \a folder
+    /// in place of a stick. Once; until then there is no stick.
+    void WatchUsb(QString const& folder = QString());
+    /// Null until WatchUsb() and after Stop().
+    TUsbWatch* GetUsbWatch() const;
+
     /// Takes the module and has it register its views. Null is ignored, and so is a module that comes after
     /// Stop(). One that comes after Start() takes up its saved place.
     void AddModule(std::unique_ptr<IConsoleModule> module);
@@ -73,6 +80,7 @@ private:
 
     struct TPlatform;
     std::unique_ptr<TPlatform> m_Platform;
+    std::unique_ptr<TUsbWatch> m_UsbWatch;
     std::unique_ptr<TScreen> m_Screen;
     std::unique_ptr<TMMICapableWidgetNavigator> m_Navigator;
     std::unique_ptr<THostPlatform> m_HostPlatform;

@@ -1,0 +1,192 @@
+#include "TUDisks.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QDBusPendingCallWatcher>
+#include <QDBusServiceWatcher>
+#include <QFile>
+#include <QMap>
+#include <QPointer>
+#include <QThread>
+#include <QUuid>
+#include <QVariantMap>
+
+namespace
+{
+QString const ServiceName = QStringLiteral("org.freedesktop.UDisks2");
+QString const ManagerPath = QStringLiteral("/org/freedesktop/UDisks2");
+QString const ObjectManager = QStringLiteral("org.freedesktop.DBus.ObjectManager");
+QString const Properties = QStringLiteral("org.freedesktop.DBus.Properties");
+QString const BlockInterface = QStringLiteral("org.freedesktop.UDisks2.Block");
+QString const DriveInterface = QStringLiteral("org.freedesktop.UDisks2.Drive");
+QString const FilesystemInterface = QStringLiteral("org.freedesktop.UDisks2.Filesystem");
+QString const LocalPath = QStringLiteral("/org/freedesktop/DBus/Local");
+QString const LocalInterface = QStringLiteral("org.freedesktop.DBus.Local");
+
+// The service has all that is asked at hand; one that takes longer, in ms, hangs.
+constexpr int AnswerTime = 5000;
+
+QString const AnswerSignature = QStringLiteral("a{oa{sa{sv}}}");
+QString const MountPointsSignature = QStringLiteral("aay");
+
+using TInterfaces = QMap<QString, QVariantMap>;
+using TObjects = QMap<QDBusObjectPath, TInterfaces>;
+
+/// Opens the bus on a thread of its own, as that waits for the bus to answer. It deletes itself.
+class TBusOpener : public QThread
+{
+    Q_OBJECT
+
+public:
+    TBusOpener(QString const& address, QString const& connectionName)
+        : m_Address(address)
+        , m_ConnectionName(connectionName)
+    {
+        connect(this, &QThread::finished, this, &QObject::deleteLater);
+    }
+
+Q_SIGNALS:
+    void Opened(bool isOpen);
+
+private:
+    void run() override
+    {
+        QDBusConnection const bus =
+            m_Address.isEmpty() ? QDBusConnection::connectToBus(QDBusConnection::SystemBus, m_ConnectionName)
+                                : QDBusConnection::connectToBus(m_Address, m_ConnectionName);
+        Q_EMIT Opened(bus.isConnected());
+    }
+
+    QString const m_Address;
+    QString const m_ConnectionName;
+};
+
+// Paths come as bytes with a NUL behind them.
+QStringList MountPoints(QVariant const& property)
+{
+    if (property.userType() != qMetaTypeId<QDBusArgument>())
+        return {};
+    auto const argument = property.value<QDBusArgument>();
+    if (argument.currentSignature() != MountPointsSignature)
+        return {};
+    QStringList paths;
+    auto const points = qdbus_cast<QList<QByteArray>>(argument);
+    for (QByteArray const& point : points)
+    {
+        QByteArray const path = point.endsWith('\0') ? point.chopped(1) : point;
+        if (path.size() > 1 && path.startsWith('/') && !path.contains('\0'))
+            paths.append(QFile::decodeName(path));
+    }
+    return paths;
+}
+
+bool IsOnUsb(TObjects const& objects, TInterfaces const& interfaces)
+{
+    QVariant const drive = interfaces.value(BlockInterface).value(QStringLiteral("Drive"));
+    QVariantMap const properties = objects.value(drive.value<QDBusObjectPath>()).value(DriveInterface);
+    return properties.value(QStringLiteral("ConnectionBus")).toString() == QLatin1String("usb");
+}
+
+QStringList SticksOf(TObjects const& objects)
+{
+    QStringList sticks;
+    for (TInterfaces const& interfaces : objects)
+    {
+        if (IsOnUsb(objects, interfaces))
+            sticks += MountPoints(interfaces.value(FilesystemInterface).value(QStringLiteral("MountPoints")));
+    }
+    return sticks;
+}
+} // namespace
+
+TUDisks::TUDisks(QString const& busAddress, QObject* parent)
+    : QObject(parent)
+    , m_ConnectionName(QStringLiteral("usb-") + QUuid::createUuid().toString(QUuid::WithoutBraces))
+{
+    auto* const opener = new TBusOpener(busAddress, m_ConnectionName);
+    connect(opener, &TBusOpener::Opened, this, &TUDisks::OnBusOpened);
+    // Nobody else closes the bus when it opens too late.
+    connect(opener, &QThread::finished, opener,
+            [self = QPointer<TUDisks>(this), name = m_ConnectionName]
+            {
+                if (!self)
+                    QDBusConnection::disconnectFromBus(name);
+            });
+    opener->start();
+}
+
+TUDisks::~TUDisks()
+{
+    // Before, it would wait for the bus to answer.
+    if (m_Service)
+        QDBusConnection::disconnectFromBus(m_ConnectionName);
+}
+
+// Slots for what the bus sends are named by text, which is all that its connections take. The sender stays
+// unnamed, as the connection would wait for the bus to look it up; the worst that a stranger's signal does is
+// a question too many.
+void TUDisks::OnBusOpened(bool isOpen)
+{
+    if (!isOpen)
+        return;
+    QDBusConnection bus(m_ConnectionName);
+    m_Service = new QDBusServiceWatcher(ServiceName, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(m_Service, &QDBusServiceWatcher::serviceOwnerChanged, this, &TUDisks::OnObjectsChanged);
+    for (char const* const signal : {"InterfacesAdded", "InterfacesRemoved"})
+        bus.connect(QString(), ManagerPath, ObjectManager, QLatin1String(signal), this,
+                    SLOT(OnObjectsChanged()));
+    bus.connect(QString(), QString(), Properties, QStringLiteral("PropertiesChanged"), this,
+                SLOT(OnObjectsChanged()));
+    bus.connect(QString(), LocalPath, LocalInterface, QStringLiteral("Disconnected"), this,
+                SLOT(OnDisconnected()));
+    Ask();
+}
+
+void TUDisks::OnObjectsChanged()
+{
+    Ask();
+}
+
+void TUDisks::OnDisconnected()
+{
+    SetAnswer(false, {});
+}
+
+// One question at a time: whatever happens meanwhile is a reason for one more.
+void TUDisks::Ask()
+{
+    m_AskAgain = m_IsAsking;
+    if (m_IsAsking)
+        return;
+    m_IsAsking = true;
+    QDBusMessage const question = QDBusMessage::createMethodCall(ServiceName, ManagerPath, ObjectManager,
+                                                                 QStringLiteral("GetManagedObjects"));
+    auto* const call =
+        new QDBusPendingCallWatcher(QDBusConnection(m_ConnectionName).asyncCall(question, AnswerTime), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, &TUDisks::OnAnswer);
+}
+
+void TUDisks::OnAnswer(QDBusPendingCallWatcher* call)
+{
+    call->deleteLater();
+    m_IsAsking = false;
+    QDBusMessage const answer = call->reply();
+    bool const isGood = !call->isError() && answer.signature() == AnswerSignature;
+    SetAnswer(isGood,
+              isGood ? SticksOf(qdbus_cast<TObjects>(answer.arguments().constFirst())) : QStringList());
+    if (m_AskAgain)
+        Ask();
+}
+
+void TUDisks::SetAnswer(bool isAnswering, QStringList const& sticks)
+{
+    if (isAnswering == m_IsAnswering && sticks == m_Sticks)
+        return;
+    m_IsAnswering = isAnswering;
+    m_Sticks = sticks;
+    Q_EMIT Changed();
+}
+
+#include "TUDisks.moc"
