@@ -2,6 +2,7 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <limits>
 
@@ -10,6 +11,7 @@ namespace
 QString const DataOption = QStringLiteral("data");
 QString const NmeaOption = QStringLiteral("nmea");
 QString const BaudOption = QStringLiteral("baud");
+QString const UsbOption = QStringLiteral("usb");
 QString const TourOption = QStringLiteral("tour");
 QString const ScreenshotOption = QStringLiteral("screenshot");
 QString const MonkeyOption = QStringLiteral("monkey");
@@ -37,6 +39,9 @@ void AddOptions(QCommandLineParser& parser)
          QStringLiteral("source")});
     parser.addOption({BaudOption, Translate("Bits per second of a serial device; 38400 unless told."),
                       QStringLiteral("rate"), QStringLiteral("38400")});
+    parser.addOption({UsbOption,
+                      Translate("Takes <folder> for a USB stick, in place of those that are plugged in."),
+                      QStringLiteral("folder")});
     parser.addOption({TourOption,
                       Translate("Shows what the console can do, and writes pictures of it into <folder>."),
                       QStringLiteral("folder")});
@@ -99,6 +104,8 @@ void CheckTexts(QCommandLineParser const& parser, QString* error)
     if (!parser.positionalArguments().isEmpty() && error->isEmpty())
         *error = Translate("The console takes options only, but got: %1")
                      .arg(parser.positionalArguments().constFirst());
+    if (parser.isSet(UsbOption) && !QFileInfo(parser.value(UsbOption)).isDir() && error->isEmpty())
+        *error = Translate("--usb wants a folder, but got \"%1\".").arg(parser.value(UsbOption));
     int const runs =
         int(parser.isSet(TourOption)) + int(parser.isSet(ScreenshotOption)) + int(parser.isSet(MonkeyOption));
     if (runs > 1 && error->isEmpty())
@@ -122,6 +129,7 @@ std::optional<TConsoleOptions> TConsoleOptions::Parse(QStringList const& argumen
         return options;
     CheckTexts(parser, error);
     options.dataFolder = parser.value(DataOption);
+    options.usbFolder = parser.value(UsbOption);
     options.tourFolder = parser.value(TourOption);
     options.screenshotFile = parser.value(ScreenshotOption);
     TNumbers numbers(parser, error);

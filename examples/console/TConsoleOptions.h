@@ -12,6 +12,7 @@ struct TConsoleOptions
 {
     QString dataFolder;              ///< empty: nothing was said
     std::optional<TNmeaOrigin> nmea; ///< nothing: the simulated tractor
+    QString usbFolder;               ///< empty: the sticks of the system
     QString tourFolder;
     QString screenshotFile;
     int monkeySteps = 0;

@@ -2,6 +2,7 @@
 
 #include "TestCase.h"
 
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 
 class TConsoleOptionsTest : public QObject
@@ -25,6 +26,7 @@ private Q_SLOTS:
         QVERIFY(!options->IsAutomatic());
         QVERIFY(!options->help);
         QCOMPARE(options->dataFolder, QString());
+        QCOMPARE(options->usbFolder, QString());
     }
 
     void runsWithoutAnOperatorAreKnown()
@@ -55,6 +57,9 @@ private Q_SLOTS:
         QTest::newRow("missing value") << QStringList{"--data"} << "data";
         QTest::newRow("empty folder") << QStringList{"--data", ""} << "data";
         QTest::newRow("empty picture") << QStringList{"--screenshot="} << "screenshot";
+        QTest::newRow("empty stick") << QStringList{"--usb", ""} << "usb";
+        QTest::newRow("stick that is a file") << QStringList{"--usb", "/etc/passwd"} << "/etc/passwd";
+        QTest::newRow("no such stick") << QStringList{"--usb", "/nowhere/at/all"} << "/nowhere/at/all";
         QTest::newRow("no number") << QStringList{"--monkey", "many"} << "many";
         QTest::newRow("no steps") << QStringList{"--monkey", "0"} << "monkey";
         QTest::newRow("steps below zero") << QStringList{"--monkey", "-5"} << "-5";
@@ -80,6 +85,16 @@ private Q_SLOTS:
         QString error;
         QVERIFY(!Parse(arguments, &error));
         QVERIFY2(error.contains(named), qPrintable(error));
+    }
+
+    void aFolderMayStandForAStick()
+    {
+        QTemporaryDir const folder;
+        QString error;
+        auto const options = Parse({"--usb", folder.path()}, &error);
+        QVERIFY(options);
+        QCOMPARE(options->usbFolder, folder.path());
+        QVERIFY(!options->IsAutomatic());
     }
 
     void positionsComeFromFilesAndLinks()

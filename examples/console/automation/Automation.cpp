@@ -7,6 +7,7 @@
 #include "TTour.h"
 #include "TVirtualTime.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -20,6 +21,7 @@ constexpr int Failed = 1;
 constexpr int SimulatedWorkBefore = 8 * 60 * 1000;
 constexpr int RecordedWorkBefore = 8 * 1000;
 constexpr int PaintTime = 500;
+QString const OwnStick = QStringLiteral("usb");
 
 int Report(QString const& failure)
 {
@@ -38,7 +40,7 @@ int TakeScreenshot(TConsole* console, TVirtualTime* time, QString const& file)
 
 int LetTheMonkeyPlay(TConsole* console, TVirtualTime* time, TConsoleOptions const& options)
 {
-    TMonkey monkey(console->Screen(), time, options.seed);
+    TMonkey monkey(console->Screen(), console->Shell().GetUsbWatch(), time, options.seed);
     QString const broken = monkey.Play(options.monkeySteps);
     if (!broken.isEmpty())
         return Report(QStringLiteral("monkey: seed %1, %2").arg(options.seed).arg(broken));
@@ -51,8 +53,11 @@ int LetTheMonkeyPlay(TConsole* console, TVirtualTime* time, TConsoleOptions cons
 int RunAutomatically(TConsoleOptions const& options)
 {
     QTemporaryDir ownFolder;
+    QDir(ownFolder.path()).mkdir(OwnStick);
     TVirtualTime time;
     TConsole console(options, options.dataFolder.isEmpty() ? ownFolder.path() : options.dataFolder);
+    // A run without an operator leaves the sticks of the machine that it runs on alone.
+    console.Shell().WatchUsb(options.usbFolder.isEmpty() ? ownFolder.filePath(OwnStick) : options.usbFolder);
     console.StartMachine();
     time.Pass(options.nmea ? RecordedWorkBefore : SimulatedWorkBefore);
     console.Start();

@@ -6,6 +6,7 @@
 #include "TNavigationBar.h"
 #include "TPushButton.h"
 #include "TScreen.h"
+#include "TUsbWatch.h"
 #include "TVirtualTime.h"
 
 #include <QStringList>
@@ -29,8 +30,9 @@ constexpr int CountOf(T const (&)[Count])
 }
 } // namespace
 
-TMonkey::TMonkey(TScreen* screen, TVirtualTime* time, quint32 seed)
+TMonkey::TMonkey(TScreen* screen, TUsbWatch* usb, TVirtualTime* time, quint32 seed)
     : m_Screen(screen)
+    , m_Usb(usb)
     , m_Time(time)
     , m_Random(seed)
     , m_Operator(screen, [time](int ms) { time->Pass(ms); })
@@ -66,10 +68,15 @@ void TMonkey::Step()
         void (TMonkey::*act)();
     };
     constexpr TDeed Deeds[] = {
-        {260, "buttons", &TMonkey::TapAButton},   {130, "taps", &TMonkey::TapSomewhere},
-        {90, "drags", &TMonkey::DragSomewhere},   {130, "windows dragged", &TMonkey::DragAWindow},
-        {60, "flicks", &TMonkey::FlickOffTheBar}, {150, "wheel turns", &TMonkey::TurnTheWheel},
-        {130, "keys", &TMonkey::PressAKey},       {48, "waits", &TMonkey::Wait},
+        {260, "buttons", &TMonkey::TapAButton},
+        {130, "taps", &TMonkey::TapSomewhere},
+        {90, "drags", &TMonkey::DragSomewhere},
+        {130, "windows dragged", &TMonkey::DragAWindow},
+        {60, "flicks", &TMonkey::FlickOffTheBar},
+        {150, "wheel turns", &TMonkey::TurnTheWheel},
+        {130, "keys", &TMonkey::PressAKey},
+        {8, "sticks", &TMonkey::InsertOrPull},
+        {40, "waits", &TMonkey::Wait},
         {2, "long waits", &TMonkey::WaitLong},
     };
     constexpr int Total = 1000;
@@ -144,6 +151,14 @@ void TMonkey::PressAKey()
         m_Operator.Key(key, BackHoldTime);
     else
         m_Operator.Key(key);
+}
+
+void TMonkey::InsertOrPull()
+{
+    if (m_Usb->IsExternalDrivePresent())
+        m_Usb->Pull();
+    else
+        m_Usb->Insert();
 }
 
 void TMonkey::Wait() {}

@@ -7,14 +7,15 @@
 #include <QString>
 
 class TScreen;
+class TUsbWatch;
 class TVirtualTime;
 
-/// Plays with the console: taps, drags, flicks, wheel and keys without sense, the same for the same seed.
-/// After each step it checks what must hold on the screen.
+/// Plays with the console: taps, drags, flicks, wheel, keys and USB sticks without sense, the same for the
+/// same seed. After each step it checks what must hold on the screen.
 class TMonkey
 {
 public:
-    TMonkey(TScreen* screen, TVirtualTime* time, quint32 seed);
+    TMonkey(TScreen* screen, TUsbWatch* usb, TVirtualTime* time, quint32 seed);
 
     /// Does \a steps steps. Empty when all held, else the step and what broke.
     QString Play(int steps);
@@ -30,6 +31,7 @@ private:
     void FlickOffTheBar();
     void TurnTheWheel();
     void PressAKey();
+    void InsertOrPull();
     void Wait();
     void WaitLong();
 
@@ -37,6 +39,7 @@ private:
     int Any(int below) { return static_cast<int>(m_Random.bounded(static_cast<quint32>(below))); }
 
     TScreen* m_Screen;
+    TUsbWatch* m_Usb;
     TVirtualTime* m_Time;
     QRandomGenerator m_Random;
     TVirtualOperator m_Operator;
