@@ -118,6 +118,20 @@ private Q_SLOTS:
         QCOMPARE(stage.console.Machine().FlowFactor(), 1.0);
     }
 
+    void theCalibrationStaysWithItsView()
+    {
+        QTemporaryDir folder;
+        TStage stage(folder.path());
+        stage.ShowFull(TSprayerModule::Id());
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("sprayer-calibrate"))));
+        auto* const window = Shown<TCalibrationWindow>(stage);
+        QVERIFY(window);
+        stage.ShowFull(TGuidanceModule::Id());
+        QVERIFY(!window->isVisible());
+        stage.ShowFull(TSprayerModule::Id());
+        QVERIFY(window->isVisible());
+    }
+
     void aTapOpensALayerOfTheLegend()
     {
         QTemporaryDir folder;

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace
@@ -39,10 +40,24 @@ QString LayoutOf(QString const& folder)
     return settings.Read(CONFIG_LAYOUT_SNAPSHOT).toString();
 }
 
-/// Which windows stand where; what is in them comes back only for those that are up.
-QString PlacesIn(QString const& layout)
+/// Which windows stand where; what is in them comes back only for those that are up. The windows of a linked
+/// set go by one name, so that only the first of them comes back.
+QStringList PlacesIn(QString const& layout)
 {
-    return layout.mid(layout.indexOf(QLatin1String("<WindowManagerState")));
+    static QRegularExpression const Name(QStringLiteral("<(\\w+) TargetName=\"([^\"]*)\""));
+    QStringList names;
+    QStringList places;
+    QStringList const lines =
+        layout.mid(layout.indexOf(QLatin1String("<WindowManagerState"))).split(QLatin1Char('\n'));
+    for (QString const& line : lines)
+    {
+        QString const name = Name.match(line).captured();
+        if (!name.isEmpty() && names.contains(name))
+            continue;
+        names.append(name);
+        places.append(line);
+    }
+    return places;
 }
 } // namespace
 

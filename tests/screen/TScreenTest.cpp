@@ -143,7 +143,7 @@ private Q_SLOTS:
         QCOMPARE(names, (QByteArrayList{"WorkerThreadTimer200msTimeout()", "NotifyScreenLock(bool)",
                                         "RequestShutdown(int)", "GuideStateChanged()",
                                         "SystemToolbarGeometryChanged()", "OffscreenButtonsShown()",
-                                        "OffscreenButtonsHidden()"}));
+                                        "OffscreenButtonsHidden()", "LayersChecked()"}));
     }
 
     void itsChildrenAreBuiltInTheirOrder()
