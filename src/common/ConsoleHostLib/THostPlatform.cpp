@@ -80,7 +80,7 @@ void THostPlatform::HideAnnotation(QWidget* widget)
 
 bool THostPlatform::ToolTipVisible() const
 {
-    return m_ToolTips && m_ToolTips->IsOn();
+    return m_ToolTips && m_ToolTips->ToolTipVisible();
 }
 
 bool THostPlatform::IsToolTipShownFor(QWidget* source) const
@@ -88,13 +88,11 @@ bool THostPlatform::IsToolTipShownFor(QWidget* source) const
     return m_ToolTips && m_ToolTips->IsToolTipShownFor(source);
 }
 
-// The mode has one way to place a tip, which is the platform's own choice.
 void THostPlatform::ShowToolTipFor(QWidget* source, int placement, QString const& text,
                                    QSharedPointer<QPixmap> icon)
 {
-    Q_UNUSED(placement)
     if (m_ToolTips)
-        m_ToolTips->ShowToolTipFor(source, text, icon);
+        m_ToolTips->ShowToolTipFor(source, placement, text, icon);
 }
 
 void THostPlatform::HideToolTip()

@@ -13,9 +13,8 @@ class TToolTipMode;
 class TWindowStacks;
 
 /// The platform of a console with one screen: popups and task windows go to stacks, one of each for every
-/// module, annotations to a layer above all, tool tips to
-/// their mode. TConsoleShell builds it;
-/// a host without the shell builds it after the screen and deletes it before. GUI thread only.
+/// module, annotations to a layer above all, tool tips to their mode. TConsoleShell builds it; a host without
+/// the shell builds it after the screen and deletes it before. GUI thread only.
 class CONSOLEHOSTLIB_EXPORT THostPlatform : public MorvanePlatformInterface
 {
     Q_OBJECT

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ConsoleHostLibExport.h"
-#include "IToolTipController.h"
 #include "TParentTracker.h"
 
 #include <QObject>
@@ -20,7 +19,7 @@ class TToolTip;
 ///
 /// A tip may also be shown while the mode is off, for a finger that rests on something. For what places
 /// itself see TAnnotationLayer. GUI thread only.
-class CONSOLEHOSTLIB_EXPORT TToolTipMode : public QObject, public IToolTipController
+class CONSOLEHOSTLIB_EXPORT TToolTipMode : public QObject
 {
     Q_OBJECT
 
@@ -32,15 +31,14 @@ public:
     /// Off at first.
     void SetOn(bool on);
     /// Is the mode on.
-    bool ToolTipVisible() const override;
+    bool ToolTipVisible() const;
 
     /// Shows \a text, with \a icon unless that is null, beside \a source in place of any other tip. Without a
     /// text, or for a source of which nothing can be seen on the screen, there is no tip then. The place is
     /// always that of PlaceBeside(), whatever \a placement says.
-    void ShowToolTipFor(QWidget* source, int placement, QString const& text,
-                        QSharedPointer<QPixmap> icon) override;
-    bool IsToolTipShownFor(QWidget* source) const override;
-    void HideToolTip() override;
+    void ShowToolTipFor(QWidget* source, int placement, QString const& text, QSharedPointer<QPixmap> icon);
+    bool IsToolTipShownFor(QWidget* source) const;
+    void HideToolTip();
 
     /// Where a tip of \a size stands inside \a room: at the right of \a source, else at its left, below it or
     /// above it, at the first of these sides that has the room. Where none has, it covers the source from the
