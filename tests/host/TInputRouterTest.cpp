@@ -1,9 +1,12 @@
 #include "TInputRouter.h"
 
+#include "CommonUI.h"
 #include "MMICapableWidget.h"
 #include "TestCase.h"
-#include "TestSupport.h"
+#include "TestScreen.h"
 #include "TMMICapableWidgetNavigator.h"
+#include "TOffScreenButtons.h"
+#include "TPushButton.h"
 #include "TVirtualOperator.h"
 
 #include <QKeyEvent>
@@ -64,6 +67,42 @@ struct TStage
     TMMICapableWidgetNavigator navigator;
     TInputRouter router;
     TVirtualOperator finger;
+};
+
+/// A main screen with off-screen buttons, and a router without a navigator.
+struct TTouchStage
+{
+    TTouchStage()
+        : router(nullptr, nullptr)
+        , finger(screen.get())
+        , button(nullptr, 0, QString())
+    {
+        CommonUIOptions options = before;
+        options.offScreenButtonsEnabled = true;
+        CommonUI::SetCommonUIOptions(options);
+        screen->AddOffscreenButton(&button, false, false);
+    }
+    ~TTouchStage()
+    {
+        screen->RemoveOffscreenButton(&button);
+        CommonUI::SetCommonUIOptions(before);
+    }
+    TTouchStage(TTouchStage const&) = delete;
+    TTouchStage& operator=(TTouchStage const&) = delete;
+
+    TOffScreenButtons* Strip() const { return screen->GetOffScreenButtons(); }
+    void Raise()
+    {
+        Strip()->ShowOffScreenButtons();
+        screen.FinishSlides();
+        screen.m_Clock.Advance(1000);
+    }
+
+    CommonUIOptions before = CommonUI::GetCommonUIOptions();
+    TTestScreen screen;
+    TInputRouter router;
+    TVirtualOperator finger;
+    TPushButton button;
 };
 } // namespace
 
@@ -211,6 +250,56 @@ private Q_SLOTS:
         QKeyEvent back(QEvent::KeyPress, Qt::Key_Backspace, Qt::NoModifier);
         QCoreApplication::sendEvent(&text, &back);
         QCOMPARE(text.text(), QStringLiteral("a"));
+    }
+
+    // Touches
+
+    void aSwipeUpFromTheEdgeBringsTheOffScreenButtons()
+    {
+        TTouchStage stage;
+        stage.finger.Drag(QPoint(600, 767), QPoint(600, 700), 5);
+        QCOMPARE(stage.screen.Manager()->GetOffScreenState(), OFF_SCREEN_RISING);
+    }
+
+    void theScreenHearsOfATouchOnceAndTheWidgetToo()
+    {
+        TTouchStage stage;
+        QWidget parent(stage.screen.get());
+        parent.setGeometry(400, 100, 200, 200);
+        TPushButton touched(&parent, 3, QString());
+        touched.setGeometry(10, 10, 100, 100);
+        touched.show();
+        parent.show();
+        stage.Raise();
+        QSignalSpy const clicks(&touched, &TPushButton::Clicked);
+        QSignalSpy const dismissals(stage.Strip(), &TOffScreenButtons::HideButtons);
+        QVERIFY(stage.finger.Tap(static_cast<QWidget*>(&touched)));
+        QCOMPARE(dismissals.count(), 1);
+        QCOMPARE(clicks.count(), 1);
+    }
+
+    void theScreenHearsOfTheRelease()
+    {
+        TTouchStage stage;
+        stage.finger.Tap(QPoint(600, 760));
+        QPointF const higher(600, 600);
+        QMouseEvent move(QEvent::MouseMove, higher, higher, higher, Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        stage.Strip()->UnhandledMouseMove(&move);
+        QCOMPARE(stage.screen.Manager()->GetOffScreenState(), OFF_SCREEN_HIDDEN);
+    }
+
+    void touchesOnOtherWindowsAreNoneOfTheScreens()
+    {
+        TTouchStage stage;
+        QWidget other;
+        other.setGeometry(0, 0, 300, 300);
+        other.show();
+        stage.Raise();
+        TVirtualOperator(&other).Tap(QPoint(100, 100));
+        QCOMPARE(stage.screen.Manager()->GetOffScreenState(), OFF_SCREEN_UP);
+        stage.finger.Tap(QPoint(100, 100));
+        QCOMPARE(stage.screen.Manager()->GetOffScreenState(), OFF_SCREEN_FALLING);
     }
 };
 

@@ -4,6 +4,7 @@
 #include "TMiniWindow.h"
 #include "TModalWidget.h"
 #include "TNavigationBar.h"
+#include "TOffScreenButtons.h"
 #include "TScreen.h"
 #include "TSystemToolBar.h"
 #include "TWindow.h"
@@ -30,7 +31,7 @@ public:
     QString Fault() const
     {
         for (QString const& fault : {CanvasFault(), MiniWindowFault(), SystemToolBarFault(), LockFault(),
-                                     AlarmFault(), ToolTipFault()})
+                                     AlarmFault(), StripFault(), ToolTipFault()})
         {
             if (!fault.isEmpty())
                 return fault;
@@ -50,6 +51,9 @@ public:
     {
         return IsAbove(upper, lower) && Layer(upper) == Layer(lower) + 1;
     }
+
+    /// What is seen above all else.
+    QWidget* Top() const { return m_Shown.value(m_Shown.size() - 1); }
 
     int Layer(QWidget const* widget) const { return m_Shown.indexOf(const_cast<QWidget*>(widget)); }
 
@@ -140,8 +144,23 @@ private:
             return {};
         for (QWidget* const widget : m_Shown)
         {
-            if (IsAbove(widget, alarm) && !widget->inherits("TToolTip"))
+            if (IsAbove(widget, alarm) && !widget->inherits("TToolTip") &&
+                widget != m_Screen.GetOffScreenButtons())
                 return QStringLiteral("a %1 is above the alarm")
+                    .arg(QLatin1String(widget->metaObject()->className()));
+        }
+        return {};
+    }
+
+    QString StripFault() const
+    {
+        QWidget const* const strip = m_Screen.GetOffScreenButtons();
+        if (Layer(strip) < 0)
+            return {};
+        for (QWidget* const widget : m_Shown)
+        {
+            if (IsAbove(widget, strip) && !widget->inherits("TToolTip"))
+                return QStringLiteral("a %1 is above the off-screen buttons")
                     .arg(QLatin1String(widget->metaObject()->className()));
         }
         return {};

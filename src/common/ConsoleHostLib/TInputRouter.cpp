@@ -1,11 +1,14 @@
 #include "TInputRouter.h"
 
+#include "MainScreen.h"
 #include "TLocalTime.h"
 #include "TMMICapableWidgetNavigator.h"
+#include "TScreen.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QWheelEvent>
+#include <QWindow>
 
 namespace
 {
@@ -41,6 +44,13 @@ EInput MeaningOf(QKeyEvent const& event)
     }
     return INPUT_NONE;
 }
+
+// At its window, where it comes by once: from widget to widget it is offered again and again.
+void TellScreen(QObject const* watched, QMouseEvent* event)
+{
+    if (MainScreen && watched == MainScreen->windowHandle())
+        MainScreen->AllMouseEvents(event);
+}
 } // namespace
 
 TInputRouter::TInputRouter(TMMICapableWidgetNavigator* navigator, QObject* parent)
@@ -59,9 +69,19 @@ TInputRouter::~TInputRouter()
 
 bool TInputRouter::eventFilter(QObject* watched, QEvent* event)
 {
-    Q_UNUSED(watched)
-    if (!m_Navigator)
+    switch (event->type())
+    {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+        TellScreen(watched, static_cast<QMouseEvent*>(event));
         return false;
+    default:
+        return m_Navigator && FilterForNavigator(event);
+    }
+}
+
+bool TInputRouter::FilterForNavigator(QEvent* event)
+{
     switch (event->type())
     {
     case QEvent::KeyPress:

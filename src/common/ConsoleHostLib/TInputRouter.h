@@ -10,8 +10,9 @@ class QKeyEvent;
 class QWheelEvent;
 class TMMICapableWidgetNavigator;
 
-/// Brings keyboard and mouse wheel to the wheel navigator, from wherever in the program they arrive. It
-/// filters the events of the application from its construction to its destruction.
+/// Brings keyboard and mouse wheel to the wheel navigator, from wherever in the program they arrive, and lets
+/// the main screen know of every touch on it, for its off-screen buttons. It filters the events of the
+/// application from its construction to its destruction.
 ///
 /// | Input | Navigator |
 /// |---|---|
@@ -22,7 +23,7 @@ class TMMICapableWidgetNavigator;
 /// | Backspace, Escape, held for HoldTime | back, held |
 ///
 /// Keys with Ctrl, Alt or Meta and all other keys pass on. So do touches, which Qt turns into mouse events,
-/// and the mouse buttons: the widgets take those themselves. GUI thread only.
+/// and the mouse buttons, once the screen knows: the widgets take those themselves. GUI thread only.
 class CONSOLEHOSTLIB_EXPORT TInputRouter : public QObject
 {
     Q_OBJECT
@@ -36,13 +37,14 @@ public:
     /// After so many ms a pressed back key is a held one.
     static constexpr int HoldTime = 800;
 
-    /// \a navigator may die before the router; all input passes on then.
+    /// \a navigator may die before the router; keys and wheel pass on then.
     TInputRouter(TMMICapableWidgetNavigator* navigator, QObject* parent);
     ~TInputRouter() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool FilterForNavigator(QEvent* event);
     bool TakeKeyPress(QKeyEvent const& event);
     bool TakeKeyRelease(QKeyEvent const& event);
     void TakeWheel(QWheelEvent const& event);

@@ -423,13 +423,17 @@ void TScreen::RaiseToBelowNavigationBar(QWidget* widget)
 
 void TScreen::RaiseToBelowAlarm(QWidget* widget)
 {
-    RaiseToBelowTooltips(widget);
-    if (!widget || !m_AlarmWidget || m_AlarmWidget->parentWidget() != this)
+    if (!widget)
         return;
-    // A hidden alarm may have been left behind below windows that came later.
-    if (m_AlarmWidget != widget)
-        RaiseToBelowTooltips(m_AlarmWidget);
-    widget->stackUnder(m_AlarmWidget);
+    RaiseToBelowTooltips(widget);
+    if (m_AlarmWidget && m_AlarmWidget->parentWidget() == this)
+    {
+        // A hidden alarm may have been left behind below windows that came later.
+        if (m_AlarmWidget != widget)
+            RaiseToBelowTooltips(m_AlarmWidget);
+        widget->stackUnder(m_AlarmWidget);
+    }
+    RaiseOffScreenButtons();
 }
 
 void TScreen::UnLockSystemToolbar()
@@ -594,8 +598,10 @@ void TScreen::CheckToolbarsForLocking()
     QPointer<TScreen> const self(this);
     if (IsNavigationBarVisible())
         m_WindowManager->RestoreAllMiniViews();
-    if (self)
-        Q_EMIT LayersChecked();
+    if (!self)
+        return;
+    RaiseOffScreenButtons();
+    Q_EMIT LayersChecked();
 }
 
 void TScreen::StackForGlobalLock(QWidget* anchor)

@@ -28,6 +28,7 @@ class TModalWidget;
 class TNavigationBar;
 class TNavigationWindow;
 class TObstructionManager;
+class TOffScreenButtons;
 class TPushButton;
 class TSoundServer;
 class TSystemToolBar;
@@ -112,6 +113,20 @@ public:
     int GetSystemToolBarHeightWithoutVisibilityCheck() const;
     /// @}
 
+    /// \name Off-screen buttons
+    /// The strip below the lower edge, made for its first button. It answers to touches while
+    /// CommonUIOptions::offScreenButtonsEnabled is set.
+    /// @{
+    /// See TOffScreenButtons::AddOffScreenButton().
+    void AddOffscreenButton(TPushButton* button, bool closeOnClick, bool slowHide);
+    void RemoveOffscreenButton(TPushButton* button);
+    /// Null before the first button.
+    TOffScreenButtons* GetOffScreenButtons() const;
+    /// For the host: every press and release of a touch or a mouse on any widget, before the widget gets it.
+    /// Events of other kinds are ignored.
+    void AllMouseEvents(QMouseEvent* event);
+    /// @}
+
     /// \name Stacking
     /// Null is ignored.
     /// @{
@@ -119,6 +134,8 @@ public:
     void RaiseToBelowTooltips(QWidget* widget);
     /// Raises \a widget to below the alarm, where that is a child of the screen, and tool tips.
     void RaiseToBelowAlarm(QWidget* widget);
+    /// Puts the off-screen buttons above all but tool tips.
+    void RaiseOffScreenButtons();
     /// Puts \a widget directly below the system tool bar; without one it keeps its place.
     void RaiseToBelowSystemToolbar(QWidget* widget);
     /// Puts \a widget directly below the navigation bar; without one it keeps its place.
@@ -239,6 +256,8 @@ public Q_SLOTS:
     void OnNavigationWindow();
     /// For automation tools: emits RequestShutdown().
     void SquishRestart(int code);
+    /// For automation tools: asks for the off-screen buttons.
+    void SquishRequestOffScreenButtons();
     void OnWidgetDeleted(QObject* widget);
     void OnFlyoutWindowOpened();
     void OnFlyoutWindowClosed();
@@ -247,10 +266,15 @@ public Q_SLOTS:
     /// Puts bars, fade and locking widgets into their layers.
     void CheckToolbarsForLocking();
 
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override;
+
 private:
     void BuildNavigationBars();
     void StartSound();
     void ReleaseSystemToolBar();
+    void MakeOffScreenButtons();
+    TOffScreenButtons* TouchableOffScreenButtons() const;
     int FirstLockOf(QObject const* widget) const;
     void EraseLock(int index);
     void EndScreenLock();
@@ -271,6 +295,7 @@ private:
     TNavigationBar* m_NavigationBar = nullptr;
     TNavigationBar* m_SpecialNavigationBar = nullptr;
     QPointer<TSystemToolBar> m_SystemToolBar;
+    QPointer<TOffScreenButtons> m_OffScreenButtons;
     TWindowManager* m_WindowManager = nullptr;
     QPointer<TWindow> m_AlarmWidget;
     TNavigationWindow* m_NavigationWindow = nullptr;

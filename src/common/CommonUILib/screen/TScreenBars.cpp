@@ -1,9 +1,15 @@
-// The screen's part in the system tool bar.
+// The screen's part in the system tool bar and the strip of off-screen buttons.
 
+#include "CommonUI.h"
 #include "TObstructionManager.h"
+#include "TOffScreenButtons.h"
+#include "TPushButton.h"
 #include "TScreen.h"
 #include "TSystemToolBar.h"
 #include "TSystemToolBarButton.h"
+#include "TWindowManager.h"
+
+#include <QMouseEvent>
 
 void TScreen::SetSystemToolBar(TSystemToolBar* bar)
 {
@@ -104,4 +110,78 @@ int TScreen::GetSystemToolBarWidthWithoutVisibilityCheck() const
 int TScreen::GetSystemToolBarHeightWithoutVisibilityCheck() const
 {
     return m_SystemToolBar ? m_SystemToolBar->height() : 0;
+}
+
+void TScreen::AddOffscreenButton(TPushButton* button, bool closeOnClick, bool slowHide)
+{
+    if (!button)
+        return;
+    if (!m_OffScreenButtons)
+        MakeOffScreenButtons();
+    m_OffScreenButtons->AddOffScreenButton(button, closeOnClick, slowHide);
+}
+
+void TScreen::MakeOffScreenButtons()
+{
+    m_OffScreenButtons = new TOffScreenButtons(this);
+    connect(m_OffScreenButtons, &TOffScreenButtons::ShowButtons, m_WindowManager,
+            &TWindowManager::OnShowOffScreenButtons);
+    connect(m_OffScreenButtons, &TOffScreenButtons::HideButtons, m_WindowManager,
+            &TWindowManager::OnHideOffScreenButtons);
+    connect(m_OffScreenButtons, &TOffScreenButtons::QuickHideButtons, m_WindowManager,
+            &TWindowManager::OnQuickHideOffScreenButtons);
+    connect(m_OffScreenButtons, &TOffScreenButtons::ShowButtons, this, &TScreen::OffscreenButtonsShown);
+    m_WindowManager->SetOffScreenButtons(m_OffScreenButtons);
+}
+
+void TScreen::RemoveOffscreenButton(TPushButton* button)
+{
+    if (m_OffScreenButtons)
+        m_OffScreenButtons->RemoveOffScreenButton(button);
+}
+
+TOffScreenButtons* TScreen::GetOffScreenButtons() const
+{
+    return m_OffScreenButtons;
+}
+
+// Null while it is switched off. One that has lost its buttons does not come any more, but it can be sent
+// away.
+TOffScreenButtons* TScreen::TouchableOffScreenButtons() const
+{
+    if (!m_OffScreenButtons || !CommonUI::GetCommonUIOptions().offScreenButtonsEnabled)
+        return nullptr;
+    bool const isOfUse = m_OffScreenButtons->HasButtons() || m_OffScreenButtons->IsOnScreen();
+    return isOfUse ? m_OffScreenButtons.data() : nullptr;
+}
+
+void TScreen::AllMouseEvents(QMouseEvent* event)
+{
+    TOffScreenButtons* const buttons = TouchableOffScreenButtons();
+    if (!event || !buttons)
+        return;
+    if (event->type() == QEvent::MouseButtonPress)
+        buttons->MousePress(event);
+    else if (event->type() == QEvent::MouseButtonRelease)
+        buttons->MouseRelease();
+}
+
+// What no widget on the way of the touch had a use for.
+void TScreen::mouseMoveEvent(QMouseEvent* event)
+{
+    QWidget::mouseMoveEvent(event);
+    if (TOffScreenButtons* const buttons = TouchableOffScreenButtons())
+        buttons->UnhandledMouseMove(event);
+}
+
+void TScreen::RaiseOffScreenButtons()
+{
+    if (m_OffScreenButtons && CommonUI::GetCommonUIOptions().offScreenButtonsEnabled)
+        RaiseToBelowTooltips(m_OffScreenButtons);
+}
+
+void TScreen::SquishRequestOffScreenButtons()
+{
+    if (m_OffScreenButtons && m_OffScreenButtons->HasButtons())
+        m_OffScreenButtons->ShowOffScreenButtons();
 }

@@ -293,6 +293,8 @@ void TWindow::ShowWindow(bool modal)
     if (!self || m_WindowHidden)
         return;
     show();
+    if (MainScreen)
+        MainScreen->RaiseOffScreenButtons();
 }
 
 // Re-parenting loses the position, so it is put back, and brings a window on top of all, where only the alarm

@@ -15,6 +15,7 @@
 #include <vector>
 
 class TGuideManager;
+class TOffScreenButtons;
 class TPushButton;
 class TScreen;
 class TWindow;
@@ -48,6 +49,10 @@ public:
     bool HasFullView(int id) const;
     /// Where OnRestoreLastView() goes back to; the setup's view is never taken.
     void SetLastFullViewId(int id);
+
+    /// The strip to move, hidden at first; null for none.
+    void SetOffScreenButtons(TOffScreenButtons* buttons);
+    EOffScreenState GetOffScreenState() const;
 
     /// Takes up a view. A negative id is ignored, and an id that is known already is taken over by the new
     /// view. A place that waits for the name in a restored layout is filled at once.
@@ -140,6 +145,12 @@ public Q_SLOTS:
     void HideMiniviewsIfOverlapping(QWidget* widget);
     void OnUpdateScreen();
     void OnNextFrame();
+    /// The strip slides in, unless it does so already or is there.
+    void OnShowOffScreenButtons();
+    /// The strip slides out, unless it does so already or is away.
+    void OnHideOffScreenButtons();
+    /// As OnHideOffScreenButtons(), without the slide.
+    void OnQuickHideOffScreenButtons();
 
 private:
     ViewDetails* Find(int id);
@@ -172,6 +183,8 @@ private:
     void SlideOut(ViewDetails& view, int id, int delta);
     void Settle(ViewDetails& view, int id, int delta);
     void FinishOpening(int id);
+    bool AreOffScreenButtonsComing() const;
+    void AnimateOffScreenButtons(int delta);
 
     bool ReadActiveWindows(QDomElement const& state, bool keepMissing);
     void AttachElements(QDomElement const& section, bool isFullView, QString const& tag);
@@ -194,6 +207,9 @@ private:
     int m_LastFullViewId = -1;
     int m_DefaultViewId = -1;
     bool m_Swapping = false;
+    QPointer<TOffScreenButtons> m_OffScreenButtons;
+    EOffScreenState m_OffScreenState = OFF_SCREEN_HIDDEN;
+    int m_OffScreenElapsed = 0; // ms of the running animation
     QString m_SetupManagerId;
     QString m_InventorManagerId;
     qint64 m_LastFrameTime = -1;

@@ -5,6 +5,8 @@
 #include "TFullWindow.h"
 #include "TLocalTime.h"
 #include "TMiniWindow.h"
+#include "TOffScreenButtons.h"
+#include "TScreen.h"
 #include "TWindowManager.h"
 
 #include <algorithm>
@@ -29,6 +31,12 @@ double HorizontalSpeed()
 double VerticalSpeed()
 {
     return MINI_WINDOW_SIZE / double(SlideDuration);
+}
+
+// The top of the strip of off-screen buttons while it is up.
+int OffScreenRestLine()
+{
+    return SCREEN_HEIGHT - OFF_SCREEN_BUTTON_SIZE - OFF_SCREEN_BUTTON_BOTTOM_MARGIN;
 }
 
 bool IsMoving(EMiniViewState state)
@@ -77,6 +85,7 @@ void TWindowManager::OnNextFrame()
         m_AreFramesOffBeat = false;
         StartOnTheBeat(m_FrameTimer);
     }
+    AnimateOffScreenButtons(delta);
     if (m_Swapping)
     {
         m_Swapping = SwappingViews();
@@ -175,4 +184,72 @@ void TWindowManager::FinishOpening(int id)
     view->miniState = MINI_VIEW_SHOWN;
     view->miniWindow->setAttribute(Qt::WA_TransparentForMouseEvents, false);
     view->miniWindow->ChildButtonsPropagateClick(true);
+}
+
+void TWindowManager::SetOffScreenButtons(TOffScreenButtons* buttons)
+{
+    m_OffScreenButtons = buttons;
+    m_OffScreenState = OFF_SCREEN_HIDDEN;
+    m_OffScreenElapsed = 0;
+}
+
+EOffScreenState TWindowManager::GetOffScreenState() const
+{
+    return m_OffScreenState;
+}
+
+void TWindowManager::OnShowOffScreenButtons()
+{
+    if (!m_OffScreenButtons || AreOffScreenButtonsComing())
+        return;
+    m_OffScreenState = OFF_SCREEN_RISING;
+    m_OffScreenButtons->adjustSize();
+    m_OffScreenButtons->update();
+    m_Screen->RaiseToBelowTooltips(m_OffScreenButtons);
+    m_OffScreenButtons->show();
+    m_OffScreenElapsed = 0;
+    m_OffScreenButtons->setFocus(Qt::OtherFocusReason);
+}
+
+void TWindowManager::OnHideOffScreenButtons()
+{
+    if (!m_OffScreenButtons || !AreOffScreenButtonsComing())
+        return;
+    m_OffScreenState = OFF_SCREEN_FALLING;
+    m_OffScreenElapsed = 0;
+    m_OffScreenButtons->setAttribute(Qt::WA_TransparentForMouseEvents, true);
+}
+
+void TWindowManager::OnQuickHideOffScreenButtons()
+{
+    if (!m_OffScreenButtons || !AreOffScreenButtonsComing())
+        return;
+    m_OffScreenState = OFF_SCREEN_HIDDEN;
+    m_OffScreenElapsed = 0;
+    m_OffScreenButtons->move(0, SCREEN_HEIGHT);
+    m_OffScreenButtons->hide();
+}
+
+// On their way in, or there.
+bool TWindowManager::AreOffScreenButtonsComing() const
+{
+    return m_OffScreenState == OFF_SCREEN_RISING || m_OffScreenState == OFF_SCREEN_UP;
+}
+
+void TWindowManager::AnimateOffScreenButtons(int delta)
+{
+    bool const isRising = m_OffScreenState == OFF_SCREEN_RISING;
+    if (!m_OffScreenButtons || (!isRising && m_OffScreenState != OFF_SCREEN_FALLING))
+        return;
+    m_OffScreenElapsed = std::min(m_OffScreenElapsed + delta, SlideDuration);
+    int const from = isRising ? SCREEN_HEIGHT : OffScreenRestLine();
+    int const to = isRising ? OffScreenRestLine() : SCREEN_HEIGHT;
+    m_OffScreenButtons->move((SCREEN_WIDTH - m_OffScreenButtons->width()) / 2,
+                             from + (to - from) * m_OffScreenElapsed / SlideDuration);
+    if (m_OffScreenElapsed < SlideDuration)
+        return;
+    m_OffScreenElapsed = 0;
+    m_OffScreenState = isRising ? OFF_SCREEN_UP : OFF_SCREEN_HIDDEN;
+    m_OffScreenButtons->setAttribute(Qt::WA_TransparentForMouseEvents, false);
+    m_OffScreenButtons->setVisible(isRising);
 }

@@ -26,6 +26,15 @@ enum EMiniViewState
     MINI_VIEW_SETTLING_DOWN = 5 ///< moving down to it
 };
 
+/// Where the strip of off-screen buttons is on its way between the lower edge and its place.
+enum EOffScreenState
+{
+    OFF_SCREEN_HIDDEN = 0,
+    OFF_SCREEN_RISING = 1,
+    OFF_SCREEN_UP = 2,
+    OFF_SCREEN_FALLING = 3
+};
+
 /// What the window manager keeps of one view. The windows stay their modules' and may die at any time.
 struct ViewDetails
 {
