@@ -1,7 +1,9 @@
 #include "TStackableWidget.h"
 #include "TAllocationCount.h"
 #include "TestCase.h"
+#include "TestSupport.h"
 #include "TFinger.h"
+#include "TMMICapableWidgetNavigator.h"
 #include "TPushButton.h"
 
 #include <QPointer>
@@ -257,6 +259,7 @@ private Q_SLOTS:
     void releaseGivesTheRoomToWhoHasMore();
     void releaseWithoutADragChangesNothing();
 
+    void wheelWalksIntoAClosedLayer();
     void wheelOpensTheLayerItEnters();
     void wheelClosesTheFirstOpenLayer();
     void wheelOutsideTheLayersChangesNothing();
@@ -871,6 +874,39 @@ void TStackableWidgetTest::releaseWithoutADragChangesNothing()
     stage.Move(-7);
     stage.finger.Lift();
     QCOMPARE(heard.Take(), QString());
+}
+
+// Through the navigator: each layer has a stop that is seen while it is closed and one that is not.
+void TStackableWidgetTest::wheelWalksIntoAClosedLayer()
+{
+    TStage stage(QStringLiteral("01"));
+    for (QPointer<TLayer> const& layer : qAsConst(stage.layers))
+    {
+        for (int const y : {10, 60})
+        {
+            auto* const stop = new TStop(layer);
+            stop->setGeometry(10, y, 50, 30);
+            stop->show();
+        }
+    }
+    TManualClock clock;
+    TSignals heard(stage.stack);
+    TMMICapableWidgetNavigator navigator(stage.stack);
+    QStringList walk;
+    for (int step = 0; step < 6; ++step)
+    {
+        navigator.OnWheelRight();
+        clock.Advance(100);
+        navigator.UpdateFocus();
+        walk += heard.Take();
+        stage.Settle();
+    }
+    // From the upper layer's head to its foot, to the lower one's head, which opens it, to its foot, and
+    // around.
+    QString const none;
+    QString const lower = QStringLiteral("+0-1");
+    QString const upper = QStringLiteral("+1-0");
+    QCOMPARE(walk, QStringList({none, lower, none, upper, none, lower}));
 }
 
 void TStackableWidgetTest::wheelOpensTheLayerItEnters()
