@@ -3,6 +3,8 @@
 #include "TestCase.h"
 #include "TFinger.h"
 #include "TFullWindow.h"
+#include "TMessageDialog.h"
+#include "TPushButton.h"
 #include "TScreenStage.h"
 
 #include <QVBoxLayout>
@@ -186,6 +188,160 @@ private Q_SLOTS:
         fade->SetModalData({&window, QString(), KVN::MODAL_LOCAL, [](QWidget* widget) { delete widget; }});
         fade->OnClicked();
         QVERIFY(!fade);
+    }
+
+    void aWidgetOfThisWindowNeedsNoMessage()
+    {
+        TScreenStage stage;
+        stage.Lock(stage.Window(), KVN::MODAL_LOCAL);
+        QVERIFY(stage.Fade()->isVisible());
+        QVERIFY(!stage.Fade()->findChild<TMessageDialog*>());
+    }
+
+    void aTaskInAnotherWindowIsTold_data()
+    {
+        QTest::addColumn<bool>("canContinue");
+        QTest::newRow("that ends there") << false;
+        QTest::newRow("that may go on here") << true;
+    }
+
+    void aTaskInAnotherWindowIsTold()
+    {
+        QFETCH(bool, canContinue);
+        TScreenStage stage;
+        QWidget elsewhere;
+        QWidget* given = nullptr;
+        KVN::ModalData data{&elsewhere, QString(), KVN::MODAL_GLOBAL, {}};
+        if (canContinue)
+            data.callback = [&](QWidget* widget) { given = widget; };
+        stage.screen->AddLockingWidget(data);
+        auto* const message = stage.Fade()->findChild<TMessageDialog*>();
+        QVERIFY(message);
+        QVERIFY(message->isVisible());
+        QCOMPARE(message->ModalType(), int(KVN::MODAL_GLOBAL));
+        QCOMPARE(message->GetTitle(), QStringLiteral("Task In Progress"));
+        QCOMPARE(message->GetMessageString(),
+                 QStringLiteral("An ZONTO task is currently running on another device."));
+        QRect const there(message->mapTo(stage.screen.get(), QPoint()), message->size());
+        QCOMPARE(there.center(), QRect(0, 0, 1024, 768).center());
+        TPushButton* const button = message->GetMessageDialogButton(MESSAGE_BUTTON_OK);
+        QCOMPARE(button != nullptr, canContinue);
+        if (!button)
+        {
+            QCOMPARE(message->GetMMIBehaviour(), MMI_EXCLUDED);
+            return;
+        }
+        QCOMPARE(button->GetText(), QStringLiteral("Continue on this device"));
+        QVERIFY(button->GetIconSize().isEmpty());
+        TFinger(stage.screen.get()).Touch(button);
+        QCOMPARE(given, stage.Fade());
+        QVERIFY(!message->isVisible());
+    }
+
+    void aMessageEndsWithItsRecord()
+    {
+        TScreenStage stage;
+        QWidget elsewhere;
+        stage.screen->AddLockingWidget({&elsewhere, QString(), KVN::MODAL_GLOBAL, {}});
+        QPointer<TMessageDialog> const first = stage.Fade()->findChild<TMessageDialog*>();
+        QVERIFY(first);
+        // Another record, another message.
+        stage.Fade()->SetModalData({&elsewhere, QStringLiteral("Rate"), KVN::MODAL_GLOBAL, {}});
+        QVERIFY(!first->isVisible());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!first);
+        QPointer<TMessageDialog> const second = stage.Fade()->findChild<TMessageDialog*>();
+        QVERIFY(second);
+        // The same record keeps it.
+        stage.Fade()->SetModalData({&elsewhere, QStringLiteral("Rate"), KVN::MODAL_GLOBAL, {}});
+        QCOMPARE(stage.Fade()->findChild<TMessageDialog*>(), second.data());
+        stage.Fade()->SetModalData({});
+        QVERIFY(!second->isVisible());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!stage.Fade()->findChild<TMessageDialog*>());
+    }
+
+    void theMessageComesWhenTheFadeDoes()
+    {
+        TScreenStage stage;
+        QWidget elsewhere;
+        TWindow* const here = stage.Window();
+        TModalWidget fade(stage.canvas);
+        fade.resize(400, 300);
+        fade.hide();
+        fade.SetModalData({&elsewhere, QString(), KVN::MODAL_LOCAL, {}});
+        QVERIFY(!fade.findChild<TMessageDialog*>());
+        fade.show();
+        auto* const message = fade.findChild<TMessageDialog*>();
+        QVERIFY(message && message->isVisible());
+        QCOMPARE(message->width(), 260);
+        fade.hide();
+        // What comes into this window meanwhile needs no message any more.
+        elsewhere.setParent(here);
+        fade.show();
+        QVERIFY(!message->isVisible());
+        elsewhere.setParent(nullptr);
+    }
+
+    void theMessageKeepsTheMarginsFree()
+    {
+        TScreenStage stage;
+        QWidget elsewhere;
+        TModalWidget fade(stage.canvas);
+        fade.SetContentsMargins(100, 0, 0, 0);
+        fade.resize(600, 400);
+        fade.SetModalData({&elsewhere, QString(), KVN::MODAL_LOCAL, {}});
+        fade.show();
+        auto* const message = fade.findChild<TMessageDialog*>();
+        QVERIFY(message);
+        QCOMPARE(message->mapTo(&fade, QPoint()).x(), 100 + (500 - 260) / 2);
+        fade.resize(700, 400);
+        QCoreApplication::processEvents();
+        QCOMPARE(message->mapTo(&fade, QPoint()).x(), 100 + (600 - 260) / 2);
+    }
+
+    void aTouchMayDeleteTheFadeOrItsRecord_data()
+    {
+        QTest::addColumn<bool>("wholeFade");
+        QTest::newRow("the record") << false;
+        QTest::newRow("the fade") << true;
+    }
+
+    void aTouchMayDeleteTheFadeOrItsRecord()
+    {
+        QFETCH(bool, wholeFade);
+        TScreenStage stage;
+        QWidget elsewhere;
+        QPointer<TModalWidget> const fade = new TModalWidget(stage.screen.get());
+        fade->resize(400, 300);
+        fade->SetModalData({&elsewhere, QString(), KVN::MODAL_LOCAL,
+                            [=](QWidget*)
+                            {
+                                if (wholeFade)
+                                    delete fade;
+                                else
+                                    fade->SetModalData({});
+                            }});
+        fade->show();
+        fade->raise();
+        auto* const message = fade->findChild<TMessageDialog*>();
+        QVERIFY(message);
+        TFinger(stage.screen.get()).Touch(message->GetMessageDialogButton(MESSAGE_BUTTON_OK));
+        QCOMPARE(fade.isNull(), wholeFade);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        if (fade)
+            QVERIFY(!fade->findChild<TMessageDialog*>());
+    }
+
+    void aDeadWidgetIsNowhere()
+    {
+        TScreenStage stage;
+        TModalWidget fade(stage.canvas);
+        auto* const elsewhere = new QWidget;
+        fade.SetModalData({elsewhere, QString(), KVN::MODAL_LOCAL, {}});
+        delete elsewhere;
+        fade.show();
+        QVERIFY(!fade.findChild<TMessageDialog*>());
     }
 
     void theFadeLiesBehindAModalWindow()

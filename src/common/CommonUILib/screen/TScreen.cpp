@@ -11,6 +11,7 @@
 #include "TExternalDrive.h"
 #include "TFileHash.h"
 #include "TLocalTime.h"
+#include "TMessageDialog.h"
 #include "TMiniWindow.h"
 #include "TMMICapableWidgetNavigator.h"
 #include "TModalWidget.h"
@@ -22,7 +23,6 @@
 #include "TSystemSettingsProxy.h"
 #include "TSystemToolBar.h"
 #include "TWindowManager.h"
-#include "UserLog.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
@@ -672,7 +672,8 @@ void TScreen::TakeScreenShot()
     QString drive;
     if (!TSystemSettingsProxy::Instance()->GetExternalDrivePath(drive))
     {
-        GetUserLog()->AddEntry(QStringLiteral("Screenshot: there is no USB stick to save it on."));
+        if (m_InsertUSBMessage)
+            m_InsertUSBMessage->ShowWindow(false);
         return;
     }
     m_CameraOverlayManager->StartScreenShot();

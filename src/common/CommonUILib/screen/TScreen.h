@@ -22,6 +22,7 @@ class TCameraXVOverlayManager;
 class TCanvas;
 class TExternalDrive;
 class TFullWindow;
+class TMessageDialog;
 class TMiniWindow;
 class TMMICapableWidgetNavigator;
 class TModalWidget;
@@ -212,6 +213,10 @@ public:
     void SetNavShortcut(int navigationId);
     /// @}
 
+    /// Builds the messages about the USB stick; until then a missing stick is not told. Called by a host that
+    /// has a button for the stick.
+    void SetupUSBButton();
+
     /// Builds what needs the finished screen; called once by the host, after it has stored the screen in
     /// MainScreen.
     virtual void Setup();
@@ -248,10 +253,12 @@ Q_SIGNALS:
     void LayersChecked();
 
 public Q_SLOTS:
+    /// Ejects the USB stick and tells what became of it, or asks for one. Nothing before SetupUSBButton().
+    void OnUSBButtonClick();
     /// TakeScreenShot() after the press that asked for it has had time to be drawn.
     void DelayedScreenShot();
-    /// Saves a picture of the screen in "Screenshots" on the USB stick, with a flash and a sound. A failure
-    /// is TExternalDrive::SaveFailed().
+    /// Saves a picture of the screen in "Screenshots" on the USB stick, with a flash and a sound, or asks for a
+    /// stick. A failure is TExternalDrive::SaveFailed().
     void TakeScreenShot();
     void OnNavigationWindow();
     /// For automation tools: emits RequestShutdown().
@@ -299,6 +306,9 @@ private:
     TWindowManager* m_WindowManager = nullptr;
     QPointer<TWindow> m_AlarmWidget;
     TNavigationWindow* m_NavigationWindow = nullptr;
+    std::unique_ptr<TMessageDialog> m_EjectedMessage;
+    std::unique_ptr<TMessageDialog> m_EjectFailedMessage;
+    std::unique_ptr<TMessageDialog> m_InsertUSBMessage;
     QWidget* m_ScreenShotFlash = nullptr;
     TModalWidget* m_ModalWidget = nullptr;
     QVector<TLockingWidget> m_LockingWidgets;
