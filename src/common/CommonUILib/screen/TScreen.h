@@ -257,8 +257,8 @@ public Q_SLOTS:
     void OnUSBButtonClick();
     /// TakeScreenShot() after the press that asked for it has had time to be drawn.
     void DelayedScreenShot();
-    /// Saves a picture of the screen in "Screenshots" on the USB stick, with a flash and a sound, or asks for a
-    /// stick. A failure is TExternalDrive::SaveFailed().
+    /// Saves a picture of the screen in "Screenshots" on the USB stick, with a flash and a sound, or asks for
+    /// a stick. A failure is TExternalDrive::SaveFailed().
     void TakeScreenShot();
     void OnNavigationWindow();
     /// For automation tools: emits RequestShutdown().
