@@ -9,6 +9,7 @@
 #include "TMMICapableWidgetNavigator.h"
 #include "TPushButton.h"
 #include "TScreenStage.h"
+#include "TSystemToolBar.h"
 #include "TTestPlatform.h"
 
 #include <QSignalSpy>
@@ -292,6 +293,32 @@ private Q_SLOTS:
         popup.ShowWindow(true, local);
         QCOMPARE(popup.size(), size);
         QCOMPARE(popup.pos(), place);
+    }
+
+    void aLocalPopupKeepsClearOfTheSystemToolBar_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<bool>("local");
+        QTest::addColumn<int>("x");
+        // The navigation bar takes 67 pixels at the left, the tool bar 72 at the right.
+        QTest::newRow("global") << 260 << false << 386;
+        QTest::newRow("local") << 260 << true << 384;
+        QTest::newRow("at the tool bar") << 900 << true << 52;
+        QTest::newRow("too wide for that") << 960 << true << 9;
+    }
+
+    void aLocalPopupKeepsClearOfTheSystemToolBar()
+    {
+        QFETCH(int, width);
+        QFETCH(bool, local);
+        QFETCH(int, x);
+        TScreenStage stage;
+        auto* const bar = new TSystemToolBar(stage.screen.get());
+        bar->AssignButton(1, QStringLiteral("icon-usb"), QString(), QString());
+        stage.screen->SetSystemToolBar(bar);
+        TSizedPopup popup(nullptr, QSize(width, 200));
+        popup.ShowWindow(true, local);
+        QCOMPARE(popup.pos(), QPoint(x, 288));
     }
 
     void aPopupWiderThanTheFreePartKeepsOffTheShadow()
