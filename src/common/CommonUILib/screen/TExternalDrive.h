@@ -13,7 +13,7 @@
 class QProcess;
 
 /// What became of a file for the external drive.
-enum EDriveResult
+enum EDriveResult : int
 {
     DRIVE_OK = 0,
     DRIVE_GONE,      ///< the drive was taken out since

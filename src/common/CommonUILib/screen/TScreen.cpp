@@ -22,6 +22,7 @@
 #include "TSystemSettings.h"
 #include "TSystemSettingsProxy.h"
 #include "TSystemToolBar.h"
+#include "TUSBErrorMessage.h"
 #include "TWindowManager.h"
 
 #include <QBuffer>

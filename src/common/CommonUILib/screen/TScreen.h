@@ -18,6 +18,7 @@
 #include <memory>
 
 class QThread;
+enum EDriveResult : int;
 class TCameraXVOverlayManager;
 class TCanvas;
 class TExternalDrive;
@@ -34,6 +35,7 @@ class TPushButton;
 class TSoundServer;
 class TSystemToolBar;
 class TSystemToolBarButton;
+class TUSBErrorMessage;
 class TWindow;
 class TWindowManager;
 
@@ -213,8 +215,8 @@ public:
     void SetNavShortcut(int navigationId);
     /// @}
 
-    /// Builds the messages about the USB stick; until then a missing stick is not told. Called by a host that
-    /// has a button for the stick.
+    /// Builds the messages about the USB stick; until then neither a missing stick nor a failed screenshot is
+    /// told. Called by a host that has a button for the stick.
     void SetupUSBButton();
 
     /// Builds what needs the finished screen; called once by the host, after it has stored the screen in
@@ -292,6 +294,7 @@ private:
     QWidget* LockAnchor() const;
     void ShowFlash();
     void SaveScreenShot(QString const& drive);
+    void OnSaveFailed(EDriveResult result);
     int AssignSpecialBarButton(KVN::MorvaneID const& id, QString const& icon, TCanvas* canvas,
                                TFullWindow* fullWindow, QString const& toolTip);
 
@@ -309,6 +312,7 @@ private:
     std::unique_ptr<TMessageDialog> m_EjectedMessage;
     std::unique_ptr<TMessageDialog> m_EjectFailedMessage;
     std::unique_ptr<TMessageDialog> m_InsertUSBMessage;
+    std::unique_ptr<TUSBErrorMessage> m_USBErrorMessage; // made at the first failure
     QWidget* m_ScreenShotFlash = nullptr;
     TModalWidget* m_ModalWidget = nullptr;
     QVector<TLockingWidget> m_LockingWidgets;
