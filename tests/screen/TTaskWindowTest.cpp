@@ -6,9 +6,11 @@
 #include "TFinger.h"
 #include "TPushButton.h"
 #include "TScreenStage.h"
+#include "TScrollArea.h"
 #include "TTestPlatform.h"
 
 #include <QLabel>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -85,6 +87,29 @@ protected:
         m_Painted += event->region();
         TProbe::paintEvent(event);
     }
+};
+
+// The scroll area that a widget of the layout stands in.
+TScrollArea* AreaOf(QWidget const* widget)
+{
+    for (QWidget* parent = widget->parentWidget(); parent; parent = parent->parentWidget())
+    {
+        if (auto* const area = qobject_cast<TScrollArea*>(parent))
+            return area;
+    }
+    return nullptr;
+}
+
+// A window that notes that its content was dragged to an end.
+class TDragged : public TProbe
+{
+public:
+    using TProbe::TProbe;
+    void OnMinScrollLimit() override { ++m_AtMinimum; }
+    void OnMaxScrollLimit() override { ++m_AtMaximum; }
+
+    int m_AtMinimum = 0;
+    int m_AtMaximum = 0;
 };
 
 // What a layout adds around what is in it, and the row of buttons.
@@ -802,11 +827,64 @@ private Q_SLOTS:
         window.SetDesiredContentSize(300, 200);
         window.ShowWindow(false);
         window.resize(315, 445);
-        QCOMPARE(wisher->parentWidget()->height(), 200 - 70);
+        QCOMPARE(AreaOf(wisher)->geometry(), QRect(0, 0, 300, 200 - 70));
         window.resize(315, 145);
-        QCOMPARE(wisher->parentWidget()->height(), 100 - 70);
+        QCOMPARE(AreaOf(wisher)->geometry(), QRect(0, 0, 300, 100 - 70));
         window.resize(315, 60);
-        QCOMPARE(wisher->parentWidget()->height(), 0);
+        QCOMPARE(AreaOf(wisher)->height(), 0);
+    }
+
+    void contentHigherThanItsWindowIsDragged()
+    {
+        TScreenStage stage;
+        TDragged window(nullptr);
+        auto* const wisher = new TWisher(QSize(100, 600));
+        window.AddWidgetToLayout(wisher, 0, Qt::Alignment());
+        window.SetDesiredContentSize(300, 300);
+        window.ShowWindow(false);
+        ProcessAll();
+        TScrollArea* const area = AreaOf(wisher);
+        QCOMPARE(area->height(), 300 - ButtonRow);
+        // Not squeezed into what can be seen.
+        QCOMPARE(wisher->height(), 600);
+        int const reach = 600 + Margins - area->height();
+        TFinger finger(stage.screen.get());
+        QPoint const middle = area->mapTo(stage.screen.get(), QPoint(100, 115));
+        auto const drag = [&](int distance)
+        {
+            finger.Press(middle);
+            for (int part = 1; part <= 10; ++part)
+                finger.Move(middle + QPoint(0, distance * part / 10));
+            finger.Lift();
+        };
+        drag(-100);
+        QCOMPARE(wisher->mapTo(area, QPoint(0, 0)).y(), 5 - 100);
+        QCOMPARE(window.m_AtMinimum + window.m_AtMaximum, 0);
+        drag(-1000);
+        QCOMPARE(wisher->mapTo(area, QPoint(0, 0)).y(), 5 - reach);
+        QVERIFY(window.m_AtMaximum > 0);
+        QCOMPARE(window.m_AtMinimum, 0);
+        drag(1000);
+        QCOMPARE(wisher->mapTo(area, QPoint(0, 0)).y(), 5);
+        QVERIFY(window.m_AtMinimum > 0);
+    }
+
+    void contentThatFitsIsNotDragged()
+    {
+        TScreenStage stage;
+        TProbe window(nullptr);
+        auto* const wisher = new TWisher(QSize(100, 60));
+        window.AddWidgetToLayout(wisher, 0, Qt::Alignment());
+        window.ShowWindow(false);
+        ProcessAll();
+        TScrollArea* const area = AreaOf(wisher);
+        QVERIFY(!area->verticalScrollBar()->isVisible());
+        QCOMPARE(wisher->size(), QSize(100, 60));
+        // What lies behind the content is the window, as ever.
+        QVERIFY(!area->widget()->autoFillBackground());
+        QImage const picture = window.grab().toImage();
+        QCOMPARE(picture.pixelColor(20, 60), picture.pixelColor(20, 95));
+        QCOMPARE(picture.pixelColor(20, 60), QColor(38, 41, 46));
     }
 
     void aRowOfButtonsThatGoesLeavesItsRoom()

@@ -9,11 +9,14 @@
 #include "PixmapNames.h"
 #include "RenderUtils.h"
 #include "TPushButton.h"
+#include "TScrollArea.h"
 #include "TSignallingGridLayout.h"
 #include "TSignallingVBoxLayout.h"
 
 #include <QPainter>
 #include <QPaintEvent>
+
+#include <algorithm>
 
 namespace
 {
@@ -45,6 +48,18 @@ bool AreCells(int first, int count)
 int SpacerLength(int size)
 {
     return qBound(0, size, QWIDGETSIZE_MAX);
+}
+
+// Its page keeps the height that is in it: it is dragged, not squeezed.
+TScrollArea* MakeScrollArea(QWidget* parent)
+{
+    auto* const area = new TScrollArea(parent, true, false);
+    auto* const page = new QWidget;
+    page->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Minimum);
+    area->setWidgetResizable(true);
+    area->setWidget(page);
+    page->setAutoFillBackground(false);
+    return area;
 }
 
 // Of each axis what \a wanted sets, else what \a other has.
@@ -202,9 +217,9 @@ QLayout* TTaskWindow::ContentLayout() const
 // What is set stands; the rest is what the content wants.
 QSize TTaskWindow::ContentHint()
 {
-    if (m_LayoutHost)
+    if (m_ScrollArea)
     {
-        QSize hint = HintOf(*m_LayoutHost->layout());
+        QSize hint = HintOf(*m_ScrollArea->widget()->layout());
         if (m_DesiredSize.height() < 0)
             hint.rheight() += ControlsHeight();
         return hint;
@@ -238,7 +253,7 @@ void TTaskWindow::OnLayoutGeometryChanged()
 // go round for ever.
 void TTaskWindow::TellIfContentChanged()
 {
-    if (m_LayoutHost && !m_DesiredSize.isValid() && ContentHint() != m_DesiredSizeCache)
+    if (m_ScrollArea && !m_DesiredSize.isValid() && ContentHint() != m_DesiredSizeCache)
         Q_EMIT DesiredGeomChangedInternal();
 }
 
@@ -349,7 +364,7 @@ void TTaskWindow::SetButtonVisibility(TPushButton* button, bool visible)
         return;
     button->setVisible(visible);
     PositionControlButtons();
-    PlaceLayoutHost();
+    PlaceScrollArea();
     TellIfContentChanged();
 }
 
@@ -367,24 +382,27 @@ template<typename TLayout>
 TLayout* TTaskWindow::MakeLayout()
 {
     ClearLayout();
-    m_LayoutHost = new QWidget(GetWindowContent());
-    auto* const layout = new TLayout(m_LayoutHost);
+    m_ScrollArea = MakeScrollArea(GetWindowContent());
+    connect(m_ScrollArea, &TScrollArea::ScrollAreaMinLimit, this, &TTaskWindow::OnMinScrollLimit);
+    connect(m_ScrollArea, &TScrollArea::ScrollAreaMaxLimit, this, &TTaskWindow::OnMaxScrollLimit);
+    auto* const layout = new TLayout(m_ScrollArea->widget());
     layout->setContentsMargins(LayoutMargin, LayoutMargin, LayoutMargin, LayoutMargin);
     layout->setSpacing(LayoutSpacing);
     connect(layout, &TLayout::GeometryChanged, this, &TTaskWindow::TellIfContentChanged);
-    PlaceLayoutHost();
-    m_LayoutHost->show();
+    PlaceScrollArea();
+    m_ScrollArea->show();
     return layout;
 }
 
 void TTaskWindow::ClearLayout()
 {
-    if (!m_LayoutHost)
+    if (!m_ScrollArea)
         return;
     m_VBoxLayout = nullptr;
     m_GridLayout = nullptr;
     m_ClearedWidgets.removeAll(nullptr);
-    auto const widgets = m_LayoutHost->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    auto const widgets =
+        m_ScrollArea->widget()->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     for (QWidget* const widget : widgets)
     {
         if (!widget->isHidden())
@@ -393,9 +411,9 @@ void TTaskWindow::ClearLayout()
         widget->setParent(GetWindowContent());
     }
     // It may be the layout that is just being laid out.
-    m_LayoutHost->hide();
-    m_LayoutHost->deleteLater();
-    m_LayoutHost = nullptr;
+    m_ScrollArea->hide();
+    m_ScrollArea->deleteLater();
+    m_ScrollArea = nullptr;
 }
 
 QLayout* TTaskWindow::LayoutToFill()
@@ -493,14 +511,11 @@ void TTaskWindow::ChooseBackground()
 
 int TTaskWindow::GetNumberOfVisibleButtons()
 {
-    int visible = 0;
-    for (TPushButton* const button :
-         GetControlButtons() + QVector<TPushButton*>{GetOkButton(), GetCancelButton()})
-    {
-        if (button && button->isVisibleTo(this))
-            ++visible;
-    }
-    return visible;
+    QVector<TPushButton*> const buttons =
+        GetControlButtons() + QVector<TPushButton*>{GetOkButton(), GetCancelButton()};
+    return static_cast<int>(std::count_if(buttons.cbegin(), buttons.cend(), [this](TPushButton* button) {
+        return button && button->isVisibleTo(this);
+    }));
 }
 
 bool TTaskWindow::OnMMIBack()
@@ -588,13 +603,13 @@ int TTaskWindow::ControlsHeight()
 }
 
 // The layout takes what the row of buttons leaves, and no more than is wished for.
-void TTaskWindow::PlaceLayoutHost()
+void TTaskWindow::PlaceScrollArea()
 {
-    if (!m_LayoutHost)
+    if (!m_ScrollArea)
         return;
     QSize const content = GetWindowContent()->size();
     int const wanted = m_DesiredSize.height() < 0 ? content.height() : m_DesiredSize.height();
-    m_LayoutHost->setGeometry(0, 0, content.width(),
+    m_ScrollArea->setGeometry(0, 0, content.width(),
                               qMax(0, qMin(wanted, content.height()) - ControlsHeight()));
 }
 
@@ -615,7 +630,7 @@ void TTaskWindow::LayOut()
     // Not where the content is: the fade begins above it, over the title bar.
     SetContentRect(QRect(QPoint(TASK_WINDOW_CONTENT_X_OFFSET, TASK_WINDOW_FRAME_Y_OFFSET), content->size()));
     PositionControlButtons();
-    PlaceLayoutHost();
+    PlaceScrollArea();
 }
 
 void TTaskWindow::resizeEvent(QResizeEvent* event)

@@ -10,6 +10,7 @@
 class QGridLayout;
 class QLayout;
 class QVBoxLayout;
+class TScrollArea;
 
 /// The working window of a module, beside or over its view: a title bar with an icon, content in a layout, OK
 /// and Cancel, control buttons, and on demand a button for the export of what it shows. It knows the size
@@ -82,7 +83,8 @@ public:
     /// @}
 
     /// \name Layout of the content
-    /// A column or a grid above the row of buttons. Widgets and layouts that are added become the window's.
+    /// A column or a grid above the row of buttons, to be dragged where the window is too low for it. Widgets
+    /// and layouts that are added become the window's.
     /// What is added without either makes a column first.
     /// @{
     void SetupVBoxLayout();
@@ -154,14 +156,14 @@ private:
     QSize ContentHint();
     void TellIfContentChanged();
     int ControlsHeight();
-    void PlaceLayoutHost();
+    void PlaceScrollArea();
     void PlaceExportButton();
     void LayOut();
     void ChooseBackground();
     QRect TitleBarRect() const;
     void PaintTitleBar();
 
-    QWidget* m_LayoutHost = nullptr;
+    TScrollArea* m_ScrollArea = nullptr;
     QVBoxLayout* m_VBoxLayout = nullptr;
     QGridLayout* m_GridLayout = nullptr;
     QList<QPointer<QWidget>> m_ClearedWidgets;
