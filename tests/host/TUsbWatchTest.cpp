@@ -60,6 +60,7 @@ private Q_SLOTS:
     void udisksThatAppearsLateIsHeard();
     void busThatEndsLeavesTheMountTable();
     void manySignalsAreFewQuestions();
+    void otherPropertiesAreNoQuestion();
     void busThatIsNoneLeavesTheMountTable_data();
     void busThatIsNoneLeavesTheMountTable();
     void busThatNeverAnswersHoldsNothingUp();
@@ -440,6 +441,22 @@ void TUsbWatchTest::manySignalsAreFewQuestions()
         disks.TellOfProperties();
     QTRY_COMPARE(disks.questions, 2);
     QTest::qWait(50);
+    QCOMPARE(disks.questions, 2);
+}
+
+void TUsbWatchTest::otherPropertiesAreNoQuestion()
+{
+    NEED_BUS();
+    TTestBus const bus;
+    TFakeDisks disks(bus.Address());
+    TUsbWatch const watch(System(bus.Address()));
+    QTRY_COMPARE(disks.questions, 1);
+    for (int i = 0; i < 10; ++i)
+        disks.TellOfProperties("org.freedesktop.UDisks2.Drive.Ata");
+    // Heard after the others, if they are.
+    disks.TellOfProperties();
+    QTRY_COMPARE(disks.questions, 2);
+    QTest::qWait(20);
     QCOMPARE(disks.questions, 2);
 }
 

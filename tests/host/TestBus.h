@@ -123,11 +123,13 @@ public:
                                               QStringLiteral("org.freedesktop.DBus.ObjectManager"),
                                               QLatin1String(signal)));
     }
-    void TellOfProperties() const
+    void TellOfProperties(char const* interface = "org.freedesktop.UDisks2.Filesystem") const
     {
-        m_Bus.send(QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/UDisks2/block_devices/sdb1"),
-                                              QStringLiteral("org.freedesktop.DBus.Properties"),
-                                              QStringLiteral("PropertiesChanged")));
+        QDBusMessage message = QDBusMessage::createSignal(
+            QStringLiteral("/org/freedesktop/UDisks2/block_devices/sdb1"),
+            QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"));
+        message << QString(QLatin1String(interface)) << QVariantMap() << QStringList();
+        m_Bus.send(message);
     }
 
     bool handleMessage(QDBusMessage const& message, QDBusConnection const& bus) override

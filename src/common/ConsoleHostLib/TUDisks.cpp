@@ -1,5 +1,6 @@
 #include "TUDisks.h"
 
+#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -9,7 +10,7 @@
 #include <QFile>
 #include <QMap>
 #include <QPointer>
-#include <QThread>
+#include <QThreadPool>
 #include <QUuid>
 #include <QVariantMap>
 
@@ -34,34 +35,11 @@ QString const MountPointsSignature = QStringLiteral("aay");
 using TInterfaces = QMap<QString, QVariantMap>;
 using TObjects = QMap<QDBusObjectPath, TInterfaces>;
 
-/// Opens the bus on a thread of its own, as that waits for the bus to answer. It deletes itself.
-class TBusOpener : public QThread
+QDBusConnection Connect(QString const& address, QString const& connectionName)
 {
-    Q_OBJECT
-
-public:
-    TBusOpener(QString const& address, QString const& connectionName)
-        : m_Address(address)
-        , m_ConnectionName(connectionName)
-    {
-        connect(this, &QThread::finished, this, &QObject::deleteLater);
-    }
-
-Q_SIGNALS:
-    void Opened(bool isOpen);
-
-private:
-    void run() override
-    {
-        QDBusConnection const bus =
-            m_Address.isEmpty() ? QDBusConnection::connectToBus(QDBusConnection::SystemBus, m_ConnectionName)
-                                : QDBusConnection::connectToBus(m_Address, m_ConnectionName);
-        Q_EMIT Opened(bus.isConnected());
-    }
-
-    QString const m_Address;
-    QString const m_ConnectionName;
-};
+    return address.isEmpty() ? QDBusConnection::connectToBus(QDBusConnection::SystemBus, connectionName)
+                             : QDBusConnection::connectToBus(address, connectionName);
+}
 
 // Paths come as bytes with a NUL behind them.
 QStringList MountPoints(QVariant const& property)
@@ -105,16 +83,26 @@ TUDisks::TUDisks(QString const& busAddress, QObject* parent)
     : QObject(parent)
     , m_ConnectionName(QStringLiteral("usb-") + QUuid::createUuid().toString(QUuid::WithoutBraces))
 {
-    auto* const opener = new TBusOpener(busAddress, m_ConnectionName);
-    connect(opener, &TBusOpener::Opened, this, &TUDisks::OnBusOpened);
-    // Nobody else closes the bus when it opens too late.
-    connect(opener, &QThread::finished, opener,
-            [self = QPointer<TUDisks>(this), name = m_ConnectionName]
-            {
-                if (!self)
-                    QDBusConnection::disconnectFromBus(name);
-            });
-    opener->start();
+    OpenBus(busAddress);
+}
+
+// Apart from this thread, as it waits for the bus to answer.
+void TUDisks::OpenBus(QString const& address)
+{
+    auto const onOpened = [self = QPointer<TUDisks>(this), name = m_ConnectionName](bool isOpen)
+    {
+        if (self)
+            self->OnBusOpened(isOpen);
+        else
+            QDBusConnection::disconnectFromBus(name);
+    };
+    auto const open = [onOpened, address, name = m_ConnectionName, application = qApp]
+    {
+        bool const isOpen = Connect(address, name).isConnected();
+        QMetaObject::invokeMethod(
+            application, [onOpened, isOpen] { onOpened(isOpen); }, Qt::QueuedConnection);
+    };
+    QThreadPool::globalInstance()->start(open);
 }
 
 TUDisks::~TUDisks()
@@ -137,8 +125,9 @@ void TUDisks::OnBusOpened(bool isOpen)
     for (char const* const signal : {"InterfacesAdded", "InterfacesRemoved"})
         bus.connect(QString(), ManagerPath, ObjectManager, QLatin1String(signal), this,
                     SLOT(OnObjectsChanged()));
-    bus.connect(QString(), QString(), Properties, QStringLiteral("PropertiesChanged"), this,
-                SLOT(OnObjectsChanged()));
+    // Of all that changes on the bus, only what is mounted.
+    bus.connect(QString(), QString(), Properties, QStringLiteral("PropertiesChanged"), {FilesystemInterface},
+                QString(), this, SLOT(OnObjectsChanged()));
     bus.connect(QString(), LocalPath, LocalInterface, QStringLiteral("Disconnected"), this,
                 SLOT(OnDisconnected()));
     Ask();
@@ -188,5 +177,3 @@ void TUDisks::SetAnswer(bool isAnswering, QStringList const& sticks)
     m_Sticks = sticks;
     Q_EMIT Changed();
 }
-
-#include "TUDisks.moc"

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void OnDisconnected();
 
 private:
+    void OpenBus(QString const& address);
     void OnBusOpened(bool isOpen);
     void OnAnswer(QDBusPendingCallWatcher* call);
     void Ask();
