@@ -12,7 +12,7 @@ function(step)
 endfunction()
 
 step(${CMAKE_COMMAND} --install "${BUILD}" --prefix "${PREFIX}")
-step(${CMAKE_COMMAND} -S "${SOURCE}" -B "${MODULE}" -G "${GENERATOR}" "-DCMAKE_PREFIX_PATH=${PREFIX}"
+step(${CMAKE_COMMAND} -S "${SOURCE}" -B "${MODULE}" -G "${GENERATOR}" "-DCMAKE_PREFIX_PATH=${PREFIX}" "-DEXAMPLE=${EXAMPLE}"
     "-DCMAKE_BUILD_TYPE=${CONFIG}" "-DCMAKE_CXX_COMPILER=${COMPILER}" "-DCMAKE_CXX_FLAGS=${flags}")
 step(${CMAKE_COMMAND} --build "${MODULE}")
 step("${MODULE}/outside-module")
