@@ -3,6 +3,24 @@
 #include "TMessageStage.h"
 #include "TroubleCodeManager.h"
 
+#include <QTranslator>
+
+namespace
+{
+/// A language in which everything is said in capitals.
+class TCapitals : public QTranslator
+{
+public:
+    TCapitals() { QCoreApplication::installTranslator(this); }
+
+    QString translate(char const*, char const* text, char const*, int) const override
+    {
+        return QString::fromUtf8(text).toUpper();
+    }
+    bool isEmpty() const override { return false; }
+};
+} // namespace
+
 class TUSBErrorMessageTest : public QObject
 {
     Q_OBJECT
@@ -39,6 +57,20 @@ private Q_SLOTS:
         message.OnUSBError(TUSBError(error));
         QCOMPARE(log.Entries().size(), 2);
         QVERIFY(message.isVisible());
+    }
+
+    void theEntryIsFoundInEveryLanguage()
+    {
+        TMessageStage const stage;
+        TTestUserLog const log;
+        TCapitals const language;
+        TUSBErrorMessage message(nullptr);
+        message.OnUSBError(USB_ERROR_NO_SPACE);
+        QCOMPARE(log.Entries(), QStringList{QStringLiteral("E USB Operation Error: NO SPACE")});
+        QCOMPARE(message.GetTitle(), QStringLiteral("USB OPERATION ERROR"));
+        QCOMPARE(message.GetMessageString(),
+                 QStringLiteral(
+                     "THE USB OPERATION HAS FAILED TO COMPLETE CORRECTLY. PLEASE CHECK USB AND TRY AGAIN."));
     }
 
     void otherValuesAreNoErrors_data()

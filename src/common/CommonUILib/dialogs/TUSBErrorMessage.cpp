@@ -7,6 +7,8 @@
 namespace
 {
 constexpr char ErrorCategory[] = "E";
+// As it stands in every language, so that the service finds it.
+constexpr char ErrorPrefix[] = "USB Operation Error: ";
 
 // By TUSBError.
 constexpr char const* ErrorNames[] = {
@@ -36,7 +38,7 @@ void TUSBErrorMessage::OnUSBError(TUSBError error)
         return;
     QPointer<TUSBErrorMessage> const self(this);
     TroubleCodeManager::Instance()->Report(QLatin1String(ErrorCategory),
-                                           tr("USB Operation Error: ") + tr(ErrorNames[error]));
+                                           QLatin1String(ErrorPrefix) + tr(ErrorNames[error]));
     if (!self)
         return;
     SetupIfRequired();
