@@ -92,6 +92,22 @@ private Q_SLOTS:
         QVERIFY(!message.isVisible());
     }
 
+    // The next error takes a message that was scrolled back to its beginning.
+    void aSlotOfItsTextMayDeleteTheMessage()
+    {
+        TMessageStage stage;
+        TTestUserLog const log;
+        QPointer<TUSBErrorMessage> const message = new TUSBErrorMessage(stage.Window(QSize(150, 150)));
+        message->OnUSBError(USB_ERROR_READ);
+        QCoreApplication::processEvents();
+        TMessageStage::BarOf(*message)->setValue(10);
+        QCOMPARE(TMessageStage::BarOf(*message)->value(), 10);
+        connect(TMessageStage::TextOf(*message), &TScrollArea::Scroll, this, [message] { delete message; });
+        message->OnUSBError(USB_ERROR_WRITE);
+        QVERIFY(!message);
+        QCOMPARE(log.Entries().size(), 2);
+    }
+
     void aTroubleManagerMayDeleteTheMessage()
     {
         struct TDeleting : TroubleCodeManager

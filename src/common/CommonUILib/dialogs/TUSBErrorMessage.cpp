@@ -43,5 +43,6 @@ void TUSBErrorMessage::OnUSBError(TUSBError error)
         return;
     SetupIfRequired();
     SetMessage(m_Messages.at(error));
-    ShowWindow(false);
+    if (self)
+        ShowWindow(false);
 }
