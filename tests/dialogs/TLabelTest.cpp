@@ -1,5 +1,6 @@
 #include "TLabel.h"
 
+#include "OddTexts.h"
 #include "Palette.h"
 #include "RenderUtils.h"
 #include "TestCase.h"
@@ -160,6 +161,112 @@ private Q_SLOTS:
         QCOMPARE(label.height(), 2 * LineHeight);
         label.setText(QString());
         QCOMPARE(label.height(), 2 * LineHeight);
+    }
+
+    void hintsLeaveRoomForTheMargin()
+    {
+        TShownLabel label(TwoLines);
+        QSize const hint = label.sizeHint();
+        QSize const least = label.minimumSizeHint();
+        label.SetLeftMargin(30);
+        QCOMPARE(label.sizeHint(), hint + QSize(30, 0));
+        QCOMPARE(label.minimumSizeHint(), least + QSize(30, 0));
+    }
+
+    void layoutGivesAWrappedTextItsHeight()
+    {
+        QWidget window;
+        auto* const page = new QWidget(&window);
+        auto* const rows = new QVBoxLayout(page);
+        rows->setContentsMargins(0, 0, 0, 0);
+        rows->setSpacing(0);
+        auto* const label = new TShownLabel(TwoLines);
+        rows->addWidget(label);
+        rows->addStretch();
+        page->resize(Narrow, 200);
+        window.show();
+        QCOMPARE(label->height(), 2 * LineHeight);
+        label->setText(TwoLines + QLatin1Char('\n') + TwoLines);
+        QCoreApplication::processEvents();
+        QCOMPARE(label->height(), 4 * LineHeight);
+    }
+
+    void textOfAFontInPointsIsMeasuredAndDrawnAlike()
+    {
+        TShownLabel label(TwoLines.repeated(4));
+        QFont font(QStringLiteral("DejaVu Sans"));
+        font.setPointSizeF(11.3);
+        label.setFont(font);
+        label.setAlignment(Qt::AlignLeft | Qt::AlignBottom);
+        label.resize(Narrow, label.heightForWidth(Narrow));
+        QImage const fitted = label.Picture();
+        label.resize(Narrow, label.height() + 50);
+        QCOMPARE(fitted, label.Picture().copy(0, 50, Narrow, fitted.height()));
+    }
+
+    void boldFontStaysBold()
+    {
+        TShownLabel label(QStringLiteral("Tank"));
+        int const light = Ink(label.Picture()).width();
+        QFont font = label.font();
+        font.setBold(true);
+        label.setFont(font);
+        QVERIFY(Ink(label.Picture()).width() > light);
+    }
+
+    void withoutWordWrapLinesEndWhereTheTextEndsThem()
+    {
+        TShownLabel label(QStringLiteral("one\ntwo\nthree and a lot more than the label has room for"));
+        label.setWordWrap(false);
+        QCOMPARE(label.heightForWidth(Narrow), 3 * LineHeight);
+        QVERIFY(Ink(label.Picture()).bottom() > 2 * LineHeight);
+        QVERIFY(Ink(label.Picture()).bottom() < 3 * LineHeight);
+    }
+
+    void invalidColourShowsNothing()
+    {
+        TShownLabel label(TwoLines);
+        label.SetTextColor(Qt::transparent);
+        QVERIFY(Ink(label.Picture()).isEmpty());
+    }
+
+    void giantTextIsShownFromItsBeginning_data() { AddOddTexts(); }
+
+    void giantTextIsShownFromItsBeginning()
+    {
+        QFETCH(QString, text);
+        for (bool const wrap : {true, false})
+        {
+            TShownLabel label(text);
+            label.setWordWrap(wrap);
+            QVERIFY(label.sizeHint().height() >= LineHeight);
+            QVERIFY(label.minimumSizeHint().width() < 200);
+            QVERIFY(!Ink(label.Picture()).isEmpty());
+        }
+    }
+
+    void partOfAHighLabelIsDrawnAsTheWhole()
+    {
+        TShownLabel label(TwoLines.repeated(900));
+        label.setAlignment(Qt::AlignCenter);
+        label.resize(Narrow, label.heightForWidth(Narrow));
+        QImage const whole = label.Picture();
+        QRect const part(0, 4321, Narrow, 55);
+        QImage picture(label.size(), QImage::Format_RGB32);
+        picture.fill(Qt::black);
+        label.render(&picture, part.topLeft(), part, QWidget::DrawChildren);
+        QCOMPARE(picture.copy(part), whole.copy(part));
+    }
+
+    void maySeeItsEndWhileShown()
+    {
+        QWidget window;
+        auto* const label = new TLabel(TwoLines, &window);
+        window.show();
+        QCoreApplication::processEvents();
+        delete label;
+        QCoreApplication::processEvents();
+        QVERIFY(window.children().isEmpty());
     }
 
     void heightIsLeftAloneUnlessItIsAdjusted()
