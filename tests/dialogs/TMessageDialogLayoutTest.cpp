@@ -1,5 +1,6 @@
 #include "GoldenPicture.h"
 #include "Metrics.h"
+#include "OddTexts.h"
 #include "TButtonBar.h"
 #include "TestCase.h"
 #include "TMessageStage.h"
@@ -54,6 +55,16 @@ QPixmap Disc(int size)
 QString Sentence(int repeats)
 {
     return QStringLiteral("The left boom is not locked. ").repeated(repeats);
+}
+
+// What can be read in the last line of \a label, in white on black.
+QImage LastLine(QLabel* label)
+{
+    QImage image(label->width(), LineHeight, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QRect const line(0, label->height() - LineHeight, label->width(), LineHeight);
+    label->render(&image, QPoint(), line, QWidget::DrawChildren);
+    return image;
 }
 } // namespace
 
@@ -149,6 +160,22 @@ private Q_SLOTS:
         QTEST(later.geometry(), "dialogRect");
         QTEST(TMessageStage::TextOf(later)->geometry(), "textRect");
         QTEST(TMessageStage::PictureOf(later)->geometry(), "pictureRect");
+    }
+
+    void aLongMessageInASmallWindowGetsABarAndStopsAtTheAllowedHeight()
+    {
+        TMessageStage stage;
+        for (int const height : {150, 250, 500})
+        {
+            TProbe dialog(stage.Window(QSize(300, height)), QStringLiteral("Boom"), TMessageStage::Lines(100),
+                          MESSAGE_OK);
+            dialog.ShowWindow(true);
+            QCoreApplication::processEvents();
+            QCOMPARE(dialog.height(), height - 10);
+            QScrollBar* const bar = TMessageStage::BarOf(dialog);
+            QVERIFY(bar->isVisible());
+            QCOMPARE(bar->maximum(), 100 * LineHeight - (height - 10 - 123));
+        }
     }
 
     void aDesiredWidthOnlyWidens_data()
@@ -279,31 +306,13 @@ private Q_SLOTS:
 
     // Long and odd messages
 
-    void anyMessageCanBeReadToItsEnd_data()
-    {
-        QTest::addColumn<QString>("message");
-        QString mixed;
-        QString foreign;
-        for (int i = 0; i < 50000; ++i)
-        {
-            mixed += QLatin1Char('a') + QString(QChar(0x05d0 + i % 20));
-            foreign += QChar(0x4e00 + i % 5000) + QString(QChar(0x0e01 + i % 40));
-        }
-        QTest::newRow("words") << QStringLiteral("spraying ").repeated(11112);
-        QTest::newRow("no blank") << QString(100000, 'm');
-        QTest::newRow("right to left") << QStringLiteral("\u05e9\u05dc\u05d5\u05dd ").repeated(20000);
-        QTest::newRow("both directions") << mixed;
-        QTest::newRow("markup") << QStringLiteral("<p>&amp;<b>& ").repeated(7693);
-        QTest::newRow("line ends") << QString(100000, '\n') + QStringLiteral("end");
-        QTest::newRow("without glyphs") << foreign;
-        QTest::newRow("half a pair and zeroes")
-            << QString(50000, QChar(0xd800)) + QString(50000, QChar(0)) + QStringLiteral("end");
-    }
+    void anyMessageCanBeReadToItsEnd_data() { AddOddTexts(); }
 
     void anyMessageCanBeReadToItsEnd()
     {
-        QFETCH(QString, message);
-        TMessageStage stage;
+        QFETCH(QString, text);
+        QString const message = text + QStringLiteral("\nThe end");
+        TMessageStage const stage;
         TProbe dialog(nullptr, QStringLiteral("Boom"), message, MESSAGE_OK);
         dialog.ShowWindow(true);
         QCoreApplication::processEvents();
@@ -313,13 +322,38 @@ private Q_SLOTS:
         QVERIFY(bar->isVisible());
         QCOMPARE(bar->width(), BarWidth);
         bar->setValue(bar->maximum());
-        auto const* const label = TMessageStage::TextOf(dialog)->findChild<QLabel*>();
+        auto* const label = TMessageStage::TextOf(dialog)->findChild<QLabel*>();
         QCOMPARE(label->geometry().bottom(), 347 - 1);
         QCOMPARE(label->width(), 236 - BarWidth);
         QVERIFY(!dialog.grab().isNull());
-        dialog.SetMessage(QStringLiteral("end"));
+        QImage const end = LastLine(label);
+        dialog.SetMessage(QStringLiteral("The end"));
         QCOMPARE(dialog.height(), 140);
         QCOMPARE(bar->value(), 0);
+        label->setFixedWidth(236 - BarWidth);
+        QCOMPARE(end, LastLine(label));
+    }
+
+    void anyTitleStaysInItsBar_data() { AddOddTexts(); }
+
+    void anyTitleStaysInItsBar()
+    {
+        QFETCH(QString, text);
+        TMessageStage const stage;
+        TProbe dialog(nullptr, text, QStringLiteral("Stop"), MESSAGE_OK);
+        dialog.ShowWindow(true);
+        QCOMPARE(dialog.geometry(), QRect(386, 318, 260, 140));
+        QImage const giant = dialog.grab().toImage();
+        dialog.SetTitle(QStringLiteral("Boom"));
+        dialog.update();
+        QImage const plain = dialog.grab().toImage();
+        // From the left and the upper border on the bar is as wide as the window without its frame.
+        QRect const bar(3, 3, 260 - 15, 30);
+        for (int y = 0; y < plain.height(); ++y)
+        {
+            for (int x = 0; x < plain.width(); ++x)
+                QVERIFY(bar.contains(x, y) || giant.pixel(x, y) == plain.pixel(x, y));
+        }
     }
 
     void aShortOddMessageIsShownAsItIs_data()
