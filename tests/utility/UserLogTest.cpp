@@ -20,6 +20,7 @@ private Q_SLOTS:
     void entryStaysOneLine_data();
     void entryStaysOneLine();
     void longEntryIsCut();
+    void longEntryIsNotCutWithinACharacter();
     void missingFolderIsMade();
     void fullFileBecomesTheOldGeneration();
     void boundIsExact();
@@ -136,6 +137,17 @@ void UserLogTest::longEntryIsCut()
     QByteArray const whole(1000, 'x');
     QByteArray const cut = whole + "\u2026";
     QCOMPARE(Lines(m_Path), (QByteArrayList{whole, cut, cut}));
+}
+
+void UserLogTest::longEntryIsNotCutWithinACharacter()
+{
+    QString const tractor = QString::fromUtf8("\U0001f69c");
+    UserLogAccessorPtr const log = MakeFileUserLog(m_Path);
+    log->AddEntry(QString(998, 'x') + tractor + "y");
+    log->AddEntry(QString(999, 'x') + tractor + "y");
+    QByteArray const dots = "\u2026";
+    QCOMPARE(Lines(m_Path),
+             (QByteArrayList{QByteArray(998, 'x') + tractor.toUtf8() + dots, QByteArray(999, 'x') + dots}));
 }
 
 void UserLogTest::missingFolderIsMade()

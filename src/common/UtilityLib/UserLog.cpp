@@ -45,9 +45,17 @@ QString Escaped(QChar character)
     }
 }
 
+// A character that takes two units stays whole.
+QString Cut(QString const& text)
+{
+    bool const splitsPair =
+        text.size() > MAX_ENTRY_CHARACTERS && text.at(MAX_ENTRY_CHARACTERS - 1).isHighSurrogate();
+    return text.left(splitsPair ? MAX_ENTRY_CHARACTERS - 1 : MAX_ENTRY_CHARACTERS);
+}
+
 QString AsOneLine(QString const& text)
 {
-    QString const kept = text.left(MAX_ENTRY_CHARACTERS);
+    QString const kept = Cut(text);
     QString line;
     line.reserve(kept.size() + 1);
     for (QChar const character : kept)
