@@ -372,7 +372,7 @@ void TScrollableWidgetTest::movingToAPagePutsItInPlace()
 {
     TStage stage(QStringLiteral("snd"));
     TSignals heard(stage.pager);
-    stage.Page(1)->move(0, 120);
+    stage.Page(1)->move(15, 120);
     stage.pager->MoveToWidget(stage.Page(1));
     QCOMPARE(heard.Take(), QStringLiteral("1b"));
     QCOMPARE(stage.Page(1)->pos(), QPoint(0, 0));

@@ -86,7 +86,7 @@ void TScrollableWidget::MoveToWidget(QWidget* widget)
     int const layer = IndexOf(widget);
     if (layer < 0 || layer == m_CurrentLayer)
         return;
-    MoveTo(widget, 0);
+    widget->move(0, 0);
     MoveToLayer(layer);
 }
 
