@@ -85,6 +85,8 @@ private Q_SLOTS:
     void dragEndsWhenTheBarGoesAway_data();
     void dragEndsWhenTheBarGoesAway();
     void hugeRangesDoNotOverflow();
+    void measuresBeyondEveryWidgetDoNotOverflow_data();
+    void measuresBeyondEveryWidgetDoNotOverflow();
     void hasNoMenuOfItsOwn();
 
     void artStandsWhereItBelongs_data();
@@ -346,6 +348,40 @@ void TVerticalScrollBarTest::hugeRangesDoNotOverflow()
     bar->setValue(INT_MIN + 5);
     finger.Touch(QPoint(15, 10));
     QVERIFY(bar->value() <= INT_MAX);
+    // As far above the track as a place can be told.
+    bar->setRange(INT_MIN, 1);
+    bar->setValue(INT_MIN);
+    QCOMPARE(bar->GetTopOfSlider(), -QWIDGETSIZE_MAX);
+    finger.Touch(QPoint(15, 10));
+    // A step whose size can't be told, in a range of its own size.
+    bar->setRange(INT_MIN, 0);
+    bar->setPageStep(INT_MIN);
+    QCOMPARE(bar->GetSliderLength(), 50);
+}
+
+void TVerticalScrollBarTest::measuresBeyondEveryWidgetDoNotOverflow_data()
+{
+    QTest::addColumn<int>("measure");
+    QTest::addColumn<int>("width");
+    QTest::newRow("least") << INT_MIN << 0;
+    QTest::newRow("negative") << -5 << 0;
+    QTest::newRow("most") << INT_MAX << QWIDGETSIZE_MAX;
+}
+
+void TVerticalScrollBarTest::measuresBeyondEveryWidgetDoNotOverflow()
+{
+    QFETCH(int, measure);
+    QFETCH(int, width);
+    TVerticalScrollBar bar(nullptr, measure, measure, measure, measure);
+    QCOMPARE(bar.sizeHint(), QSize(width, 50));
+    bar.setRange(0, 300);
+    bar.resize(Width, Height);
+    bar.SetBottomMargin(0);
+    bar.SetBottomMargin(measure);
+    int const track = qMax(0, Height - 2 * qBound(-QWIDGETSIZE_MAX, measure, QWIDGETSIZE_MAX));
+    QVERIFY(bar.GetSliderLength() <= track);
+    QVERIFY(bar.GetSliderLength() >= 0);
+    QVERIFY(qAbs(bar.GetTopOfSlider()) <= QWIDGETSIZE_MAX);
 }
 
 void TVerticalScrollBarTest::hasNoMenuOfItsOwn()

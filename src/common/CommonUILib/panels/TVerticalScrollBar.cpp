@@ -16,6 +16,8 @@ constexpr int LeastHeight = 50;
 constexpr qreal BackgroundOpacity = 0.5;
 // From here on a page would be lost in the range.
 constexpr qint64 HugeRange = 0x40000000;
+// No widget reaches further, and sums of a few of these still fit.
+constexpr int Furthest = QWIDGETSIZE_MAX;
 
 // The handle sounds the other way round than a button: its release is the louder one.
 constexpr ESoundType GrabSound = SOUND_BUTTON_RELEASE;
@@ -41,6 +43,11 @@ QPixmap Faded(QPixmap const& pixmap)
     return faded;
 }
 
+int Within(int margin)
+{
+    return qBound(-Furthest, margin, Furthest);
+}
+
 int RoundedY(QMouseEvent const* event)
 {
     return event->localPos().toPoint().y();
@@ -50,12 +57,12 @@ int RoundedY(QMouseEvent const* event)
 TVerticalScrollBar::TVerticalScrollBar(QWidget* parent, int xOffset, int topMargin, int bottomMargin,
                                        int width)
     : QScrollBar(Qt::Vertical, parent)
-    , m_Width(width)
-    , m_TopMargin(topMargin)
-    , m_BottomMargin(bottomMargin)
-    , m_XOffset(xOffset)
+    , m_Width(qBound(0, width, Furthest))
+    , m_TopMargin(Within(topMargin))
+    , m_BottomMargin(Within(bottomMargin))
+    , m_XOffset(Within(xOffset))
 {
-    setFixedWidth(width);
+    setFixedWidth(m_Width);
     setAttribute(Qt::WA_OpaquePaintEvent, false);
     // The menu of the base would be a window of its own.
     setContextMenuPolicy(Qt::NoContextMenu);
@@ -66,9 +73,9 @@ TVerticalScrollBar::~TVerticalScrollBar() = default;
 
 void TVerticalScrollBar::SetBottomMargin(int margin)
 {
-    if (margin == m_BottomMargin)
+    if (Within(margin) == m_BottomMargin)
         return;
-    m_BottomMargin = margin;
+    m_BottomMargin = Within(margin);
     ResizePixmap();
     update();
 }
@@ -93,7 +100,9 @@ int TVerticalScrollBar::GetSliderLength() const
     qint64 const range = qint64(maximum()) - minimum();
     if (range == 0)
         return track;
-    qint64 const length = qint64(pageStep()) * track / (range + pageStep());
+    // The one step that has no positive counterpart stays negative in the base.
+    qint64 const page = qMax(0, pageStep());
+    qint64 const length = page * track / (range + page);
     bool const isRoomy = length >= LeastSliderLength && range < HugeRange;
     return int(qMin(qint64(track), isRoomy ? length : LeastSliderLength));
 }
@@ -103,7 +112,8 @@ int TVerticalScrollBar::GetTopOfSlider() const
     if (maximum() < 1)
         return 0;
     float const part = float(sliderPosition()) / float(maximum());
-    return int(float(Track() - GetSliderLength()) * part + float(m_TopMargin));
+    float const top = float(Track() - GetSliderLength()) * part + float(m_TopMargin);
+    return int(qBound(-float(Furthest), top, float(Furthest)));
 }
 
 int TVerticalScrollBar::GetBottomOfSlider() const

@@ -15,7 +15,7 @@ class COMMONUILIB_EXPORT TVerticalScrollBar : public QScrollBar
 
 public:
     /// A bar of a fixed \a width. The track stands \a xOffset pixels right of the middle, and leaves the
-    /// margins free above and below it.
+    /// margins free above and below it. No measure counts beyond what a widget can have.
     TVerticalScrollBar(QWidget* parent, int xOffset, int topMargin, int bottomMargin, int width);
     ~TVerticalScrollBar() override;
 
