@@ -119,12 +119,17 @@ private Q_SLOTS:
     void changeDuringAPressMovesNothingUntilTheThreshold();
     void changeDuringAPressShowsAfterTheLift();
     void limitsAreToldDuringADragOnly();
+    void noLimitIsToldBelowTheThreshold();
+    void onlyTheMaximumIsToldWhereBothLimitsMeet();
     void limitIsToldBeforeTheContentMoves();
     void scrollIsToldAfterTheContentMoved();
 
     void innerAreaTakesTheDrag();
     void innerAreaOfTheOtherAxisLeavesTheDrag();
     void innerAreaThatIsDisabledLeavesTheDrag();
+    void slantedDragGoesToTheInnerArea();
+    void eachBarTurnsItsOwnArea();
+    void wheelTurnsTheAreaItOwns();
 
     void heightForWidthIsThatOfTheContent();
 
@@ -141,6 +146,10 @@ private Q_SLOTS:
     void pageDeletedUnderTheFinger();
     void slotsMayDeleteTheArea_data();
     void slotsMayDeleteTheArea();
+    void slotMayDeleteTheAreaAtTheLift();
+    void slotMayDeleteTheAreaWhenItsPageShrinks();
+    void shrunkPageIsTurnedAsBefore();
+    void slotMayDeleteTheAreaWhenAChildComesIntoSight();
     void deletedWhilePressed();
 };
 
@@ -464,6 +473,8 @@ void TScrollAreaTest::pressIsRoundedToWholePixels()
     QMouseEvent move(QEvent::MouseMove, QPointF(50, 49.4), Qt::NoButton, Qt::LeftButton, {});
     QCoreApplication::sendEvent(stage.area->viewport(), &move);
     QCOMPARE(stage.Shift(), 101 - 49);
+    stage.area->HandlePress(nullptr);
+    QCOMPARE(stage.Shift(), 101 - 49);
 }
 
 void TScrollAreaTest::pressOfAnotherWidgetIsTakenOver()
@@ -563,6 +574,34 @@ void TScrollAreaTest::limitsAreToldDuringADragOnly()
     }
 }
 
+void TScrollAreaTest::noLimitIsToldBelowTheThreshold()
+{
+    TStage stage;
+    QSignalSpy const least(stage.area.data(), &TScrollArea::ScrollAreaMinLimit);
+    QSignalSpy const most(stage.area.data(), &TScrollArea::ScrollAreaMaxLimit);
+    TFinger finger(&stage.window);
+    finger.Press(stage.At(0));
+    finger.Move(stage.At(-40));
+    stage.Bar()->setValue(stage.Bar()->maximum());
+    stage.Bar()->setValue(0);
+    finger.Lift();
+    QCOMPARE(least.count() + most.count(), 0);
+}
+
+void TScrollAreaTest::onlyTheMaximumIsToldWhereBothLimitsMeet()
+{
+    TStage stage;
+    QSignalSpy const least(stage.area.data(), &TScrollArea::ScrollAreaMinLimit);
+    QSignalSpy const most(stage.area.data(), &TScrollArea::ScrollAreaMaxLimit);
+    TFinger finger(&stage.window);
+    finger.Press(stage.At(0));
+    finger.Move(stage.At(-50));
+    stage.page->resize(160, 200);
+    QCoreApplication::sendPostedEvents(stage.area, QEvent::MetaCall);
+    QCOMPARE(most.count(), 1);
+    QCOMPARE(least.count(), 0);
+}
+
 void TScrollAreaTest::limitIsToldBeforeTheContentMoves()
 {
     TStage stage;
@@ -658,6 +697,60 @@ void TScrollAreaTest::innerAreaThatIsDisabledLeavesTheDrag()
     finger.Move(nest.At(-90));
     QCOMPARE(nest.Shift(), 90);
     QCOMPARE(nest.innerPage->y(), 0);
+}
+
+void TScrollAreaTest::slantedDragGoesToTheInnerArea()
+{
+    TNest nest(false);
+    TFinger finger(&nest.window);
+    finger.Press(Middle);
+    finger.Move(Middle - QPoint(40, 40));
+    QCOMPARE(nest.innerPage->pos(), QPoint(0, 0));
+    QCOMPARE(nest.Shift(), 0);
+    finger.Move(Middle - QPoint(41, 41));
+    finger.Move(Middle - QPoint(60, 120));
+    QCOMPARE(nest.innerPage->pos(), QPoint(-60, 0));
+    QCOMPARE(nest.Shift(), 0);
+}
+
+void TScrollAreaTest::eachBarTurnsItsOwnArea()
+{
+    TNest nest(true);
+    TFinger finger(&nest.window);
+    // The inner handle is 50 high on a track of 150, for 850 pixels of content.
+    finger.Press(QPoint(130, 110));
+    finger.Move({QPoint(130, 155), QPoint(130, 160)});
+    QCOMPARE(nest.innerPage->y(), -425);
+    // Beyond its end too.
+    finger.Move(QPoint(130, 390));
+    QCOMPARE(nest.innerPage->y(), -850);
+    QCOMPARE(nest.Shift(), 0);
+    finger.Lift();
+    nest.inner->verticalScrollBar()->setValue(20);
+    // The outer one is 90 high on a track of 300, for 700.
+    finger.Press(QPoint(180, 20));
+    finger.Move({QPoint(180, 80), QPoint(180, 125)});
+    QCOMPARE(nest.Shift(), 350);
+    QCOMPARE(nest.innerPage->y(), -20);
+    finger.Lift();
+    QCOMPARE(nest.Shift(), 350);
+}
+
+void TScrollAreaTest::wheelTurnsTheAreaItOwns()
+{
+    TNest nest(true);
+    nest.inner->OnMMIWheelRight();
+    QCOMPARE(nest.innerPage->y(), -30);
+    nest.area->OnMMIWheelRight();
+    QCOMPARE(nest.innerPage->y(), -30);
+    QCOMPARE(nest.Shift(), 30);
+    nest.inner->verticalScrollBar()->setValue(850);
+    nest.inner->OnMMIWheelRight();
+    QCOMPARE(nest.innerPage->y(), -850);
+    QCOMPARE(nest.Shift(), 30);
+    nest.inner->OnMMIWheelLeft();
+    QCOMPARE(nest.innerPage->y(), -820);
+    QCOMPARE(nest.Shift(), 30);
 }
 
 void TScrollAreaTest::heightForWidthIsThatOfTheContent()
@@ -778,6 +871,9 @@ void TScrollAreaTest::selectedChildComesIntoSight()
     TStop stranger(&stage.window, QRect(0, 0, 50, 50));
     stage.area->OnMMIHighlightChild(&stranger);
     QCOMPARE(stage.Shift(), 50);
+    delete stage.page;
+    stage.area->OnMMIHighlightChild(&stranger);
+    QCOMPARE(stage.Bar()->value(), 50);
 }
 
 void TScrollAreaTest::areaHiddenUnderTheFingerScrollsAgain()
@@ -848,6 +944,83 @@ void TScrollAreaTest::slotsMayDeleteTheArea()
         }
         QVERIFY(!stage.area);
     }
+}
+
+void TScrollAreaTest::slotMayDeleteTheAreaAtTheLift()
+{
+    TStage stage;
+    connect(stage.area, &TScrollArea::Scroll, this, [&stage] { delete stage.area; });
+    TFinger finger(&stage.window);
+    finger.Press(stage.At(0));
+    stage.Bar()->setValue(250);
+    finger.Lift();
+    QVERIFY(!stage.area);
+}
+
+// The page that loses its rows is still at work, and so is the bar: the word comes from the event loop.
+void TScrollAreaTest::slotMayDeleteTheAreaWhenItsPageShrinks()
+{
+    for (bool const inADrag : {false, true})
+    {
+        TStage stage;
+        stage.Bar()->setValue(500);
+        TFinger finger(&stage.window);
+        auto const kill = [&stage] { delete stage.area; };
+        if (inADrag)
+        {
+            finger.Press(stage.At(0));
+            finger.Move(stage.At(-50));
+            connect(stage.area, &TScrollArea::ScrollAreaMaxLimit, this, kill);
+        }
+        else
+            connect(stage.area, &TScrollArea::Scroll, this, kill);
+        stage.page->resize(160, 400);
+        QCOMPARE(stage.Shift(), 100);
+        QVERIFY(stage.area);
+        QCoreApplication::sendPostedEvents(stage.area, QEvent::MetaCall);
+        QVERIFY(!stage.area);
+    }
+}
+
+void TScrollAreaTest::shrunkPageIsTurnedAsBefore()
+{
+    TStage stage;
+    stage.Bar()->setValue(500);
+    QSignalSpy const scrolls(stage.area.data(), &TScrollArea::Scroll);
+    stage.page->resize(160, 700);
+    QCOMPARE(scrolls.count(), 0);
+    QCoreApplication::sendPostedEvents(stage.area, QEvent::MetaCall);
+    QCOMPARE(scrolls.count(), 1);
+    stage.area->OnMMIWheelLeft();
+    QCOMPARE(scrolls.count(), 2);
+    // As far as it was needed, none is told.
+    stage.page->resize(160, 690);
+    QCoreApplication::sendPostedEvents(stage.area, QEvent::MetaCall);
+    QCOMPARE(scrolls.count(), 2);
+    stage.area->OnMMIWheelLeft();
+    QCOMPARE(scrolls.count(), 3);
+}
+
+void TScrollAreaTest::slotMayDeleteTheAreaWhenAChildComesIntoSight()
+{
+    TStage stage;
+    stage.page->resize(1000, 1000);
+    auto* const far = new TStop(stage.page, QRect(700, 700, 50, 60));
+    QSignalSpy const scrolls(stage.area.data(), &TScrollArea::Scroll);
+    stage.area->OnMMIHighlightChild(far);
+    QCOMPARE(scrolls.count(), 2);
+    stage.area->ensureVisible(0, 0);
+    QPoint shift;
+    connect(stage.area, &TScrollArea::Scroll, this,
+            [&]
+            {
+                shift = -stage.page->pos();
+                delete stage.area;
+            });
+    stage.area->OnMMIHighlightChild(far);
+    // Both ways at once.
+    QCOMPARE(shift, QPoint(750 + 50 - (AreaSize.width() - 33), 760 + 50 - AreaSize.height()));
+    QVERIFY(!stage.area);
 }
 
 void TScrollAreaTest::deletedWhilePressed()

@@ -5,10 +5,12 @@
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QScrollBar>
 #include <QStyleOption>
 
 #include <cstdlib>
+#include <utility>
 
 namespace
 {
@@ -52,7 +54,12 @@ TScrollArea::TScrollArea(QWidget* parent, bool vertical, bool framed)
     else
         setHorizontalScrollBar(bar);
     for (QScrollBar const* const either : {verticalScrollBar(), horizontalScrollBar()})
+    {
         connect(either, &QScrollBar::valueChanged, this, &TScrollArea::TellScroll);
+        connect(either, &QScrollBar::rangeChanged, this,
+                [this, either](int minimum, int maximum)
+                { m_LosesValue = either->value() < minimum || either->value() > maximum; });
+    }
     if (!framed)
         setFrameStyle(0);
     setStyleSheet(StyleSheet(framed));
@@ -135,6 +142,8 @@ QScrollBar* TScrollArea::ActiveBar() const
 
 void TScrollArea::HandlePress(QMouseEvent* event)
 {
+    if (!event)
+        return;
     QPoint const position = event->localPos().toPoint();
     m_StartValue = ActiveBar()->value();
     m_PressX = position.x();
@@ -186,8 +195,13 @@ void TScrollArea::mouseReleaseEvent(QMouseEvent* event)
     QScrollArea::mouseReleaseEvent(event);
     QPoint const before = widget() ? widget()->pos() : QPoint();
     ForgetPress();
-    if (widget() && widget()->pos() != before)
-        Q_EMIT Scroll();
+    if (!widget() || widget()->pos() == before)
+        return;
+    QPointer<TScrollArea> const self(this);
+    Q_EMIT Scroll();
+    // Qt would look for the next one to offer the lift to through an area that is gone.
+    if (!self)
+        event->accept();
 }
 
 void TScrollArea::ForgetPress()
@@ -219,9 +233,16 @@ void TScrollArea::TellLimit(int value)
     if (!m_Scrolling || ActivePress() == NoPosition)
         return;
     if (value == ActiveBar()->maximum())
-        Q_EMIT ScrollAreaMaxLimit();
+        Tell(&TScrollArea::ScrollAreaMaxLimit, m_LosesValue || m_BringsIntoSight);
     else if (value == ActiveBar()->minimum())
-        Q_EMIT ScrollAreaMinLimit();
+        Tell(&TScrollArea::ScrollAreaMinLimit, m_LosesValue || m_BringsIntoSight);
+}
+
+// Not at once where the bar, the base or the page are in the middle of work that would not survive a slot
+// that deletes the area.
+void TScrollArea::Tell(void (TScrollArea::*signal)(), bool later)
+{
+    QMetaObject::invokeMethod(this, signal, later ? Qt::QueuedConnection : Qt::DirectConnection);
 }
 
 void TScrollArea::scrollContentsBy(int dx, int dy)
@@ -232,8 +253,11 @@ void TScrollArea::scrollContentsBy(int dx, int dy)
 
 void TScrollArea::TellScroll()
 {
-    if (m_Scrolling)
-        Q_EMIT Scroll();
+    bool const later = std::exchange(m_LosesValue, false);
+    if (m_Scrolling && m_BringsIntoSight)
+        ++m_ScrollsToTell;
+    else if (m_Scrolling)
+        Tell(&TScrollArea::Scroll, later);
 }
 
 int TScrollArea::heightForWidth(int width) const
@@ -267,8 +291,16 @@ void TScrollArea::Turn(int distance)
 
 void TScrollArea::OnMMIHighlightChild(KVN::MMICapableWidget* child)
 {
-    if (QWidget* const childWidget = child ? child->Widget() : nullptr)
-        ensureWidgetVisible(childWidget, HighlightMargin, HighlightMargin);
+    QWidget* const childWidget = child ? child->Widget() : nullptr;
+    if (!widget() || !childWidget)
+        return;
+    // The base sets one bar after the other, and a slot may delete the area.
+    m_BringsIntoSight = true;
+    ensureWidgetVisible(childWidget, HighlightMargin, HighlightMargin);
+    m_BringsIntoSight = false;
+    QPointer<TScrollArea> const self(this);
+    for (int scrolls = std::exchange(m_ScrollsToTell, 0); self && scrolls > 0; --scrolls)
+        Q_EMIT Scroll();
 }
 
 EMMIWidgetBehaviour TScrollArea::GetMMIBehaviour()

@@ -44,6 +44,8 @@ public:
     bool IsMMIChildNavigatable(KVN::MMICapableWidget* child) const override;
 
 Q_SIGNALS:
+    // Where the content has to move because it shrinks or the area grows, all three come from the event loop.
+
     /// A drag has come to the end; the content has not moved there yet.
     void ScrollAreaMaxLimit();
     /// A drag has come to the beginning; the content has not moved there yet.
@@ -72,6 +74,7 @@ private:
     void ForgetPress();
     void TellLimit(int value);
     void TellScroll();
+    void Tell(void (TScrollArea::*signal)(), bool later);
     void Turn(int distance);
 
     bool const m_Vertical;
@@ -82,4 +85,7 @@ private:
     bool m_Scrolling = true;
     bool m_Pressed = false;
     bool m_ScrollDisabled = false;
+    bool m_LosesValue = false; // the range of a bar moves away from its value
+    bool m_BringsIntoSight = false;
+    int m_ScrollsToTell = 0;
 };
