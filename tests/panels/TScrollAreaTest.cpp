@@ -144,6 +144,8 @@ private Q_SLOTS:
     void areaHiddenUnderTheFingerScrollsAgain();
     void areaDisabledUnderTheFingerScrollsAgain();
     void pageDeletedUnderTheFinger();
+    void liftBesideTheAreaIsMissedInNoNest();
+    void liftAfterItsRowWasDeletedEndsTheDrag();
     void slotsMayDeleteTheArea_data();
     void slotsMayDeleteTheArea();
     void slotMayDeleteTheAreaAtTheLift();
@@ -907,6 +909,52 @@ void TScrollAreaTest::pageDeletedUnderTheFinger()
     finger.Move(stage.At(-90));
     finger.Lift();
     QCOMPARE(stage.area->GetMMIBehaviour(), MMI_TRANSPARENT);
+}
+
+// Nobody tells either area of the lift, as the widget that the finger went down on is no more.
+void TScrollAreaTest::liftBesideTheAreaIsMissedInNoNest()
+{
+    for (int const distance : {-10, -60})
+    {
+        TNest nest(true);
+        auto* const row = new QWidget(nest.innerPage);
+        row->setGeometry(0, 0, 150, 200);
+        row->show();
+        QSignalSpy const limits(nest.inner, &TScrollArea::ScrollAreaMaxLimit);
+        TFinger finger(&nest.window);
+        finger.Press(nest.At(0));
+        finger.Move(nest.At(distance));
+        delete row;
+        finger.Move(QPoint(350, 350));
+        finger.Lift();
+        int const before = -nest.innerPage->y();
+        nest.inner->OnMMIWheelRight();
+        QCOMPARE(nest.innerPage->y(), -before - 30);
+        nest.inner->verticalScrollBar()->setValue(nest.inner->verticalScrollBar()->maximum());
+        QCOMPARE(limits.count(), 0);
+        nest.area->OnMMIWheelRight();
+        QCOMPARE(nest.Shift(), 30);
+    }
+}
+
+void TScrollAreaTest::liftAfterItsRowWasDeletedEndsTheDrag()
+{
+    TStage stage;
+    auto* const row = new QWidget(stage.page);
+    row->setGeometry(0, 100, 150, 200);
+    row->show();
+    TFinger finger(&stage.window);
+    finger.Press(stage.At(0));
+    finger.Move(stage.At(-30));
+    delete row;
+    stage.Bar()->setValue(95);
+    QCOMPARE(stage.Shift(), 0);
+    finger.Lift();
+    stage.Bar()->setValue(96);
+    QCOMPARE(stage.Shift(), 96);
+    finger.Press(stage.At(0));
+    finger.Move(stage.At(-50));
+    QCOMPARE(stage.Shift(), 146);
 }
 
 void TScrollAreaTest::slotsMayDeleteTheArea_data()

@@ -188,6 +188,7 @@ class TScrollableWidgetTest : public QObject
 private Q_SLOTS:
     void firstPageIsSeenInTheFirstPicture();
     void pagesHaveTheSizeOfThePager();
+    void shownChildIsHiddenAsItBecomesAPage();
     void whatCannotBeAPageIsLeftAlone();
     void nothingHappensWithoutPages();
 
@@ -231,6 +232,8 @@ private Q_SLOTS:
     void releaseGoesByTheFlick();
     void restingFingerIsNoFlick();
     void releaseForgetsTheDrag();
+    void everyDragBeginsAnew();
+    void tapAfterAFlickTurnsNoPage();
     void moveWithoutAPressDoesNothing();
     void pagerTakesTheFingerForItself();
     void ownerDrags();
@@ -242,6 +245,7 @@ private Q_SLOTS:
     void deletedPageIsToldFromTheEventLoop();
     void pageTakenElsewhereDropsOut();
     void currentPageDeletedInADragEndsIt();
+    void liftBesideThePagerEndsTheDrag();
     void pagesRemovedWhileOneMoves();
     void slotMayDeleteThePager_data();
     void slotMayDeleteThePager();
@@ -274,6 +278,17 @@ void TScrollableWidgetTest::pagesHaveTheSizeOfThePager()
     stage.pager->AddWidget(page, SCROLL_STOP);
     QVERIFY(page->isHidden());
     QCOMPARE(page->geometry(), QRect(0, 0, 150, 250));
+    QCOMPARE(page->minimumSize(), QSize(150, 250));
+    QCOMPARE(page->maximumSize(), QSize(150, 250));
+}
+
+void TScrollableWidgetTest::shownChildIsHiddenAsItBecomesAPage()
+{
+    TStage stage(QStringLiteral("s"));
+    auto* const page = new QWidget(stage.pager);
+    page->show();
+    stage.pager->AddWidget(page, SCROLL_STOP);
+    QVERIFY(page->isHidden());
 }
 
 void TScrollableWidgetTest::whatCannotBeAPageIsLeftAlone()
@@ -816,6 +831,33 @@ void TScrollableWidgetTest::releaseForgetsTheDrag()
     QCOMPARE(heard.Take(), QString());
 }
 
+void TScrollableWidgetTest::everyDragBeginsAnew()
+{
+    TStage stage(QStringLiteral("ss"), false);
+    for (int drag = 0; drag < 2; ++drag)
+    {
+        stage.pager->Drag(QPointF(0, 200), QPointF(0, 150));
+        QCOMPARE(stage.Page(0)->y(), 0);
+        stage.pager->Drag(QPointF(0, 150), QPointF(0, 140));
+        QCOMPARE(stage.Page(0)->y(), -10);
+        stage.Tick();
+        stage.pager->DragRelease(QPointF(0, 140));
+        while (stage.Page(0)->y() != 0)
+            stage.Tick();
+    }
+}
+
+void TScrollableWidgetTest::tapAfterAFlickTurnsNoPage()
+{
+    TStage stage(QStringLiteral("sss"));
+    stage.Press();
+    stage.Move(-20);
+    stage.finger.Lift();
+    QCOMPARE(stage.Current(), QStringLiteral("b"));
+    stage.finger.Touch(QPoint(100, 200));
+    QCOMPARE(stage.Current(), QStringLiteral("b"));
+}
+
 void TScrollableWidgetTest::moveWithoutAPressDoesNothing()
 {
     TStage stage(QStringLiteral("ss"));
@@ -967,6 +1009,30 @@ void TScrollableWidgetTest::currentPageDeletedInADragEndsIt()
     QCOMPARE(stage.Seen(), QStringLiteral("b0"));
 }
 
+// Nobody tells the pager of the lift, as the widget that the finger went down on is no more.
+void TScrollableWidgetTest::liftBesideThePagerEndsTheDrag()
+{
+    for (int const way : {-80, -160})
+    {
+        TStage stage(QStringLiteral("sss"));
+        TSignals heard(stage.pager);
+        auto* const row = new QWidget(stage.Page(0));
+        row->setGeometry(0, 0, 200, PageHeight);
+        row->show();
+        stage.Press();
+        stage.Move(way);
+        delete row;
+        stage.Tick();
+        QCOMPARE(stage.Page(0)->y(), way);
+        stage.finger.Move(QPoint(290, 390));
+        stage.finger.Lift();
+        QCOMPARE(heard.Take(), QString());
+        stage.Tick();
+        QCOMPARE(heard.Take(), way == -80 ? QString() : QStringLiteral("1b"));
+        QCOMPARE(stage.pager->CurrentWidget()->y(), way == -80 ? -40 : (PageHeight + way) / 2);
+    }
+}
+
 void TScrollableWidgetTest::pagesRemovedWhileOneMoves()
 {
     TStage stage(QStringLiteral("sss"));
@@ -1014,6 +1080,18 @@ void TScrollableWidgetTest::slotMayDeleteThePager()
                                  stage.Press();
                                  stage.Move(-160);
                                  stage.finger.Lift();
+                             },
+                             [](TStage& stage)
+                             {
+                                 auto* const row = new QWidget(stage.Page(0));
+                                 row->resize(200, PageHeight);
+                                 row->show();
+                                 stage.Press();
+                                 stage.Move(-160);
+                                 delete row;
+                                 stage.finger.Move(QPoint(290, 390));
+                                 stage.finger.Lift();
+                                 stage.Tick();
                              }};
     for (TAct const& act : acts)
     {

@@ -268,6 +268,7 @@ private Q_SLOTS:
     void layerTakenElsewhereDropsOut();
     void layerDeletedInADragEndsIt();
     void layerAddedInADragEndsIt();
+    void liftBesideTheStackEndsTheDrag();
     void hidingTheStackEndsTheDrag();
     void layerDeletedWhileOthersAreResized();
     void slotMayRemoveTheLayersOfTheDrag();
@@ -303,6 +304,12 @@ void TStackableWidgetTest::addedLayerKeepsItsXAndWidthAndIsShown()
     QCOMPARE(layer->parentWidget(), stage.stack.data());
     QCOMPARE(layer->geometry(), QRect(30, 300, 120, 100));
     QVERIFY(layer->isVisible());
+    auto* const shown = new TLayer;
+    shown->setParent(&stage.window);
+    shown->setGeometry(25, 70, 110, 20);
+    shown->show();
+    stage.stack->AddWidget(shown, false);
+    QCOMPARE(shown->geometry(), QRect(25, 250, 110, 50));
 }
 
 void TStackableWidgetTest::whatCannotBeALayerIsLeftAlone()
@@ -1007,6 +1014,29 @@ void TStackableWidgetTest::layerAddedInADragEndsIt()
     QCOMPARE(stage.Heights(), QVector<int>({50, 100, 50}));
 }
 
+// Nobody tells the stack of the lift, as the widget that the finger went down on is no more.
+void TStackableWidgetTest::liftBesideTheStackEndsTheDrag()
+{
+    TStage stage(QStringLiteral("01"));
+    TSignals heard(stage.stack);
+    auto* const row = new QWidget(stage.layers.at(1));
+    row->setGeometry(0, 0, 200, 90);
+    row->show();
+    stage.place = row->mapTo(&stage.window, QPoint(50, 50));
+    stage.finger.Press(stage.place);
+    stage.Move(-30);
+    delete row;
+    stage.Tick();
+    QCOMPARE(stage.Heights(), QVector<int>({80, 70}));
+    stage.finger.Move(QPoint(290, 490));
+    stage.finger.Lift();
+    QCOMPARE(heard.Take(), QString());
+    stage.Tick();
+    QCOMPARE(heard.Take(), QStringLiteral("+0-1"));
+    stage.Settle();
+    QCOMPARE(stage.Heights(), QVector<int>({100, 50}));
+}
+
 void TStackableWidgetTest::hidingTheStackEndsTheDrag()
 {
     TStage stage(QStringLiteral("01"));
@@ -1083,6 +1113,20 @@ void TStackableWidgetTest::slotMayDeleteTheStack()
     draggedDown.Move(45);
     draggedDown.finger.Lift();
     QVERIFY(!draggedDown.stack);
+
+    TStage lost(QStringLiteral("01"));
+    arm(lost);
+    auto* const row = new QWidget(lost.layers.at(1));
+    row->setGeometry(0, 0, 200, 90);
+    row->show();
+    lost.place = row->mapTo(&lost.window, QPoint(50, 50));
+    lost.finger.Press(lost.place);
+    lost.Move(-45);
+    delete row;
+    lost.finger.Move(QPoint(290, 490));
+    lost.finger.Lift();
+    lost.Tick();
+    QVERIFY(!lost.stack);
 
     TStage entered(QStringLiteral("01"));
     arm(entered);

@@ -149,7 +149,7 @@ void TScrollArea::HandlePress(QMouseEvent* event)
     m_PressX = position.x();
     m_PressY = position.y();
     m_Scrolling = false;
-    m_Pressed = true;
+    m_Touch.Begin(*viewport(), position);
 }
 
 void TScrollArea::mousePressEvent(QMouseEvent* event)
@@ -167,7 +167,7 @@ void TScrollArea::mouseDoubleClickEvent(QMouseEvent* event)
 // Whether the event belongs to a drag. An area around this one gets only those that do not.
 bool TScrollArea::Follows(QMouseEvent const* event)
 {
-    if (m_ScrollDisabled || !m_Pressed)
+    if (m_ScrollDisabled || !m_Touch.IsDown())
         return false;
     QPoint const position = event->localPos().toPoint();
     int const distance = (m_Vertical ? position.y() : position.x()) - ActivePress();
@@ -209,7 +209,7 @@ void TScrollArea::ForgetPress()
     m_PressX = NoPosition;
     m_PressY = NoPosition;
     m_Scrolling = true;
-    m_Pressed = false;
+    m_Touch.End();
     // The bar may have moved while the content had to stand still.
     QScrollArea::scrollContentsBy(0, 0);
 }
@@ -230,6 +230,8 @@ void TScrollArea::changeEvent(QEvent* event)
 
 void TScrollArea::TellLimit(int value)
 {
+    if (m_Touch.IsLost())
+        ForgetPress();
     if (!m_Scrolling || ActivePress() == NoPosition)
         return;
     if (value == ActiveBar()->maximum())
@@ -247,6 +249,8 @@ void TScrollArea::Tell(void (TScrollArea::*signal)(), bool later)
 
 void TScrollArea::scrollContentsBy(int dx, int dy)
 {
+    if (m_Touch.IsLost())
+        ForgetPress();
     if (m_Scrolling)
         QScrollArea::scrollContentsBy(dx, dy);
 }

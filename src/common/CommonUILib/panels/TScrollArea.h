@@ -2,6 +2,7 @@
 
 #include "CommonUILibExport.h"
 #include "MMICapableWidget.h"
+#include "TTouch.h"
 
 #include <QScrollArea>
 
@@ -83,7 +84,7 @@ private:
     int m_PressX;
     int m_PressY;
     bool m_Scrolling = true;
-    bool m_Pressed = false;
+    TTouch m_Touch;
     bool m_ScrollDisabled = false;
     bool m_LosesValue = false; // the range of a bar moves away from its value
     bool m_BringsIntoSight = false;

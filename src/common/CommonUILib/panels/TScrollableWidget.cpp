@@ -122,15 +122,13 @@ QWidget* TScrollableWidget::GetPrevWidget() const
 
 void TScrollableWidget::UpdateLayers()
 {
-    if (m_Widgets.isEmpty())
-        return;
-    if (!IsEnabled(m_CurrentLayer) && IsEnabled(GetNextLayer()))
-    {
-        QPointer<TScrollableWidget> const self(this);
+    QPointer<TScrollableWidget> const self(this);
+    if (m_Touch.IsLost())
+        DragRelease(m_PreviousDragPoint);
+    if (self && !m_Widgets.isEmpty() && !IsEnabled(m_CurrentLayer) && IsEnabled(GetNextLayer()))
         MoveUp();
-        if (!self || m_Widgets.isEmpty())
-            return;
-    }
+    if (!self || m_Widgets.isEmpty())
+        return;
     if (m_Dragging)
     {
         m_Velocity = m_TotalDrag - m_LastTotal;
@@ -178,7 +176,7 @@ void TScrollableWidget::mousePressEvent(QMouseEvent* event)
         return;
     }
     EndDrag();
-    m_Pressed = true;
+    m_Touch.Begin(*this, event->pos());
     m_PreviousDragPoint = event->localPos();
 }
 
@@ -186,7 +184,7 @@ void TScrollableWidget::mouseMoveEvent(QMouseEvent* event)
 {
     if (!m_HandleMouse)
         QWidget::mouseMoveEvent(event);
-    else if (m_Pressed)
+    else if (m_Touch.IsDown())
         Drag(m_PreviousDragPoint, event->localPos());
 }
 
@@ -348,7 +346,7 @@ void TScrollableWidget::FollowFinger(QPoint const& movement)
 
 void TScrollableWidget::EndDrag()
 {
-    m_Pressed = false;
+    m_Touch.End();
     m_DragStarted = false;
     m_Dragging = false;
     m_AccumulatedDrag = 0;

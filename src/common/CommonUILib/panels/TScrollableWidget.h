@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CommonUILibExport.h"
+#include "TTouch.h"
 
 #include <QHash>
 #include <QList>
@@ -122,6 +123,6 @@ private:
     bool m_Dragging = false;
     int m_CurrentLayer = 0;
     bool m_DragStarted = false;
-    bool m_Pressed = false;
+    TTouch m_Touch;
     bool m_HandleMouse;
 };

@@ -127,6 +127,13 @@ void TStackableWidget::OnMMIHighlightChild(KVN::MMICapableWidget* child)
 
 void TStackableWidget::UpdateLayers()
 {
+    if (m_Touch.IsLost())
+    {
+        QPointer<TStackableWidget> const self(this);
+        FinishDrag();
+        if (!self)
+            return;
+    }
     for (TLayerDetails& layer : m_Layers)
     {
         if (!m_DragAllowed)
@@ -140,14 +147,14 @@ void TStackableWidget::mousePressEvent(QMouseEvent* event)
 {
     EndDrag();
     m_PressPosition = event->pos();
-    m_Pressed = true;
+    m_Touch.Begin(*this, event->pos());
     QWidget::mousePressEvent(event);
 }
 
 void TStackableWidget::mouseMoveEvent(QMouseEvent* event)
 {
     QPoint const moved = event->pos() - m_PressPosition;
-    if (!m_OwnsDrag || !m_Pressed || qAbs(moved.y()) <= qAbs(moved.x()))
+    if (!m_OwnsDrag || !m_Touch.IsDown() || qAbs(moved.y()) <= qAbs(moved.x()))
     {
         QWidget::mouseMoveEvent(event);
         return;
@@ -299,7 +306,7 @@ void TStackableWidget::FinishDrag()
 
 void TStackableWidget::EndDrag()
 {
-    m_Pressed = false;
+    m_Touch.End();
     m_AccumulatedDrag = 0;
     m_DragAllowed = false;
 }

@@ -2,6 +2,7 @@
 
 #include "CommonUILibExport.h"
 #include "MMICapableWidget.h"
+#include "TTouch.h"
 
 #include <QPoint>
 #include <QVector>
@@ -121,7 +122,7 @@ private:
     QTimer* m_Timer;
     QVector<TLayerDetails> m_Layers; // from the bottom up
     QPoint m_PressPosition;
-    bool m_Pressed = false;
+    TTouch m_Touch;
     int m_AccumulatedDrag = 0;
     bool m_DragAllowed = false; // decided, and two layers were found for it
     float m_Overlap = 0.0F;
