@@ -203,6 +203,53 @@ private Q_SLOTS:
         QCOMPARE(stage.Bar()->value(), stage.Bar()->maximum() - 150);
     }
 
+    void giantTextFitsAgainAfterNoRoom_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("none") << QSize(0, 0);
+        QTest::newRow("a pixel") << QSize(1, 1);
+        QTest::newRow("less than the bar") << QSize(20, 20);
+        QTest::newRow("the bar alone") << QSize(BarWidth, 100);
+        QTest::newRow("no height") << QSize(Size.width(), 0);
+    }
+
+    void giantTextFitsAgainAfterNoRoom()
+    {
+        QFETCH(QSize, size);
+        TStage stage;
+        QString const text = QStringLiteral("spraying ").repeated(1112) + QString(90000, 'm');
+        stage.Show(text);
+        int const height = stage.Label()->height();
+        stage.container.resize(size);
+        stage.Show(QStringLiteral("short"));
+        stage.Show(text);
+        QCOMPARE(stage.Label()->width(), stage.container.viewport()->width());
+        stage.container.resize(Size);
+        QCoreApplication::processEvents();
+        QCOMPARE(stage.Label()->size(), QSize(Size.width() - BarWidth, height));
+    }
+
+    void heightIsToldForAnyWidth()
+    {
+        TStage stage;
+        stage.Show(Lines(3));
+        for (int const width : {INT_MIN, -1, 0, 1})
+            QVERIFY(stage.container.GetTextHeightForWidth(width) >= 0);
+        QCOMPARE(stage.container.GetTextHeightForWidth(INT_MAX), 3 * LineHeight);
+    }
+
+    void otherContentEndsTheText()
+    {
+        TStage stage;
+        stage.Show(Lines(50));
+        stage.container.setWidget(new QWidget);
+        stage.Show(Lines(60));
+        stage.container.SetTextFormat(Qt::AlignLeft, true, Font());
+        stage.container.resize(100, 100);
+        QCOMPARE(stage.container.GetText(), QString());
+        QCOMPARE(stage.container.GetTextHeightForWidth(100), 0);
+    }
+
     void slotOfTheBarMayDeleteIt()
     {
         QWidget window;

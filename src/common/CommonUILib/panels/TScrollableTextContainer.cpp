@@ -2,7 +2,6 @@
 
 #include "TLabel.h"
 
-#include <QPointer>
 #include <QResizeEvent>
 #include <QScrollBar>
 
@@ -25,7 +24,7 @@ void TScrollableTextContainer::SetText(QString const& text)
 {
     QPointer<TScrollableTextContainer> const self(this);
     verticalScrollBar()->setValue(0);
-    if (!self || text == GetText())
+    if (!self || !m_Label || text == m_Label->text())
         return;
     m_Label->setMinimumSize(0, 0);
     m_Label->setText(text);
@@ -34,11 +33,13 @@ void TScrollableTextContainer::SetText(QString const& text)
 
 QString TScrollableTextContainer::GetText() const
 {
-    return m_Label->text();
+    return m_Label ? m_Label->text() : QString();
 }
 
 void TScrollableTextContainer::SetTextFormat(Qt::Alignment alignment, bool wordWrap, QFont const& font)
 {
+    if (!m_Label)
+        return;
     m_Label->setAlignment(alignment);
     m_Label->setWordWrap(wordWrap);
     m_Label->setFont(font);
@@ -47,7 +48,7 @@ void TScrollableTextContainer::SetTextFormat(Qt::Alignment alignment, bool wordW
 
 int TScrollableTextContainer::GetTextHeightForWidth(int width) const
 {
-    return m_Label->heightForWidth(width);
+    return m_Label ? m_Label->heightForWidth(width) : 0;
 }
 
 void TScrollableTextContainer::FitText()
@@ -60,6 +61,8 @@ void TScrollableTextContainer::FitText()
 void TScrollableTextContainer::resizeEvent(QResizeEvent* event)
 {
     TScrollArea::resizeEvent(event);
+    if (!m_Label)
+        return;
     int const width = viewport()->width();
     m_Label->setFixedWidth(width);
     m_Label->setFixedHeight(m_Label->heightForWidth(width));

@@ -2,6 +2,7 @@
 
 #include "TScrollArea.h"
 
+#include <QPointer>
 #include <QString>
 
 class TLabel;
@@ -29,5 +30,5 @@ protected:
 private:
     void FitText();
 
-    TLabel* m_Label;
+    QPointer<TLabel> m_Label; // another content takes its place
 };
