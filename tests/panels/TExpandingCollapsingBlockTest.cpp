@@ -131,6 +131,21 @@ private Q_SLOTS:
         QVERIFY(second->isVisible());
     }
 
+    void onlyAClickTurnsTheBlock()
+    {
+        TStage stage;
+        QWidget* const widget = stage.Add();
+        QPoint const place = stage.Button()->mapTo(&stage.window, QPoint(30, 20));
+        stage.finger.Press(place);
+        QVERIFY(widget->isVisible());
+        stage.finger.Move(place + QPoint(0, 200));
+        stage.finger.Lift();
+        QVERIFY(widget->isVisible());
+        stage.finger.Press(place);
+        stage.finger.Lift();
+        QVERIFY(!widget->isVisible());
+    }
+
     void signalComesBeforeTheChange()
     {
         TStage stage;
