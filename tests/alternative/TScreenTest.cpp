@@ -29,9 +29,9 @@ private Q_SLOTS:
         QVERIFY(TASK_WINDOW_USE_FULLSCREEN);
         QCOMPARE(SCREEN_HEIGHT, 600);
         TTestScreen screen;
-        QCOMPARE(screen->size(), QSize(1024, 600));
-        QCOMPARE(screen->GetUsableRect(), QRect(0, 0, 1024, 600));
-        QCOMPARE(screen->GetModalWidget()->geometry(), QRect(0, 0, 1024, 600));
+        QCOMPARE(screen->size(), QSize(800, 600));
+        QCOMPARE(screen->GetUsableRect(), QRect(0, 0, 800, 600));
+        QCOMPARE(screen->GetModalWidget()->geometry(), QRect(0, 0, 800, 600));
         QCOMPARE(TWindowManager::GetSlotCount(), 2);
     }
 
@@ -61,7 +61,7 @@ private Q_SLOTS:
         screen.Setup();
         TNavigationWindow const* const window = screen.GetNavigationWindow();
         QVERIFY(window);
-        QCOMPARE(window->geometry(), QRect(5, 5, 1023, 599));
+        QCOMPARE(window->geometry(), QRect(5, 5, 799, 599));
         QCOMPARE(window->minimumSize(), window->maximumSize());
         QVERIFY(window->isHidden());
         QVERIFY(!window->parentWidget());
@@ -148,11 +148,11 @@ private Q_SLOTS:
         auto* const window = new TFullWindow(nullptr);
         canvas->SetFullWindow(window, false);
         screen->SetCurrentCanvas(canvas, true);
-        QCOMPARE(canvas->geometry(), QRect(0, 0, 1024, 600));
+        QCOMPARE(canvas->geometry(), QRect(0, 0, 800, 600));
         QCOMPARE(canvas->GetLeftLimit(), 0);
         QCOMPARE(window->x(), 0);
-        QCOMPARE(window->width(), 1024);
-        QCOMPARE(canvas->GetRootToolbarRect(), QRect(952, 0, 72, 600));
+        QCOMPARE(window->width(), 800);
+        QCOMPARE(canvas->GetRootToolbarRect(), QRect(728, 0, 72, 600));
         VERIFY_LAYERS(*screen.get());
     }
 

@@ -1,10 +1,11 @@
 #include "Metrics.h"
 
 // Screen and margins
-int const SCREEN_WIDTH = 1024;
-#ifdef COMMONUI_SCREEN_HEIGHT
-int const SCREEN_HEIGHT = COMMONUI_SCREEN_HEIGHT;
+#ifdef COMMONUI_SMALL_SCREEN
+int const SCREEN_WIDTH = 800;
+int const SCREEN_HEIGHT = 600;
 #else
+int const SCREEN_WIDTH = 1024;
 int const SCREEN_HEIGHT = 768;
 #endif
 int const SCREEN_MARGIN = 15;
