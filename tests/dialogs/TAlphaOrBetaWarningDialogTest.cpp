@@ -107,6 +107,18 @@ private Q_SLOTS:
         QVERIFY(stage.Yes()->isEnabled());
     }
 
+    void termsThatComeToFitNeedNoScrolling()
+    {
+        TWarningStage stage;
+        stage.warning.ShowWindow(true);
+        QCoreApplication::processEvents();
+        QVERIFY(!stage.Yes()->isEnabled());
+        stage.warning.SetMessage(stage.warning.GetMessageString() + stage.warning.GetMessageString());
+        QVERIFY(!stage.Yes()->isEnabled());
+        stage.warning.SetMessage(QStringLiteral("Mind the boom."));
+        QVERIFY(stage.Yes()->isEnabled());
+    }
+
     void aWarningThatWaitsForTheScreenIsNotAgreedTo()
     {
         TWarningStage stage;
@@ -164,6 +176,14 @@ private Q_SLOTS:
         connect(warning.data(), &TWindow::WindowShown, this, [warning] { delete warning; });
         warning->ShowWindow(true, true);
         QVERIFY(!warning);
+    }
+
+    void withoutContentsThereIsNothingToAgreeTo()
+    {
+        TAlphaOrBetaWarningDialog warning(nullptr);
+        warning.show();
+        QVERIFY(warning.isVisible());
+        QVERIFY(!warning.GetMessageDialogButton(MESSAGE_BUTTON_YES));
     }
 
     void beforeItIsBuiltThereIsNothingToRefresh()

@@ -52,6 +52,13 @@ void TAlphaOrBetaWarningDialog::Setup()
     EnableButton(MESSAGE_BUTTON_YES, false);
 }
 
+// Terms that were changed to fit while they are up move no scroll bar.
+void TAlphaOrBetaWarningDialog::AdjustForShow()
+{
+    TMessageDialog::AdjustForShow();
+    RefreshButtons();
+}
+
 void TAlphaOrBetaWarningDialog::ShowWindow(bool modal, bool localWindow)
 {
     QPointer<TAlphaOrBetaWarningDialog> const self(this);
@@ -75,7 +82,7 @@ void TAlphaOrBetaWarningDialog::OnSliderValueChanged()
 void TAlphaOrBetaWarningDialog::RefreshButtons()
 {
     // The end of a text that was never laid out would be its beginning.
-    if (!isVisible())
+    if (!isVisible() || !GetTextContainer())
         return;
     QScrollBar const* const bar = GetTextContainer()->verticalScrollBar();
     if (bar->value() == bar->maximum())

@@ -14,6 +14,7 @@ public:
     explicit TAlphaOrBetaWarningDialog(QWidget* parent);
 
     void Setup() override;
+    void AdjustForShow() override;
     /// Enables Yes where the end is in sight. It stays enabled from then on.
     void RefreshButtons();
 
