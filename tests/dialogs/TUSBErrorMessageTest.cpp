@@ -73,6 +73,20 @@ private Q_SLOTS:
                      "THE USB OPERATION HAS FAILED TO COMPLETE CORRECTLY. PLEASE CHECK USB AND TRY AGAIN."));
     }
 
+    void oneErrorAfterTheOtherIsOneMessageAndTwoEntries()
+    {
+        TMessageStage stage;
+        TTestUserLog const log;
+        TUSBErrorMessage message(nullptr);
+        message.OnUSBError(USB_ERROR_WRITE);
+        message.OnUSBError(USB_ERROR_READ);
+        QCOMPARE(log.Entries().size(), 2);
+        QVERIFY(message.isVisible());
+        QCOMPARE(stage.screen->findChildren<TMessageDialog*>().size(), 1);
+        stage.finger.Touch(message.GetMessageDialogButton(MESSAGE_BUTTON_OK));
+        QVERIFY(!message.isVisible());
+    }
+
     void otherValuesAreNoErrors_data()
     {
         QTest::addColumn<int>("error");
