@@ -152,6 +152,9 @@ private Q_SLOTS:
         QTEST(TMessageStage::BarOf(dialog)->isVisibleTo(&dialog), "hasBar");
         QCOMPARE(dialog.centredOn.constLast(), parent ? parent : static_cast<QWidget*>(stage.screen.get()));
         QVERIFY(TMessageStage::PictureOf(dialog)->isVisibleTo(&dialog));
+        QObjectList const& children = dialog.children();
+        QVERIFY(children.indexOf(TMessageStage::PictureOf(dialog)) >
+                children.indexOf(TMessageStage::TextOf(dialog)));
         // Contents given later end in the same place as those given at the start.
         TProbe later(parent, QStringLiteral("Boom"), QString(), EMessageDialogType(type));
         later.SetMessage(TMessageStage::Lines(lines));
