@@ -95,7 +95,7 @@ private Q_SLOTS:
     void withoutAScreenItIsNotDrawn();
     void onlyWhatMovedIsPainted();
     void stepThatMovesNoRowPaintsNothing();
-    void gripIsLeftOffWhereItDoesNotFit();
+    void gripIsCentredOnAHandleOfAnyLength();
 
     void slotsMayDeleteIt_data();
     void slotsMayDeleteIt();
@@ -140,6 +140,7 @@ void TVerticalScrollBarTest::handleIsThePagesShareOfTheTrack_data()
     QTest::newRow("a page without a range") << 400 << 7 << 7 << 100 << 360;
     QTest::newRow("a range without a page") << 400 << 0 << 300 << 0 << 50;
     QTest::newRow("share of 50") << 400 << 0 << 620 << 100 << 50;
+    QTest::newRow("share of 51") << 400 << 0 << 605 << 100 << 51;
     QTest::newRow("share of 49") << 400 << 0 << 630 << 100 << 50;
     QTest::newRow("track below 50") << 89 << 0 << 300 << 100 << 49;
     QTest::newRow("track of 50") << 90 << 0 << 300 << 100 << 50;
@@ -515,20 +516,32 @@ void TVerticalScrollBarTest::stepThatMovesNoRowPaintsNothing()
     QVERIFY(!bar->painted.isEmpty());
 }
 
-void TVerticalScrollBarTest::gripIsLeftOffWhereItDoesNotFit()
+void TVerticalScrollBarTest::gripIsCentredOnAHandleOfAnyLength()
 {
-    TBar bar(m_Window.get());
-    bar.resize(Width, 14);
+    KVN::PixmapManager* const pixmaps = (*m_Screen)->GetPixmapManager();
+    QPixmap const grip = *pixmaps->GetPixmap(PixmapNames::ScrollBarGrip);
+    constexpr int Length = 11;
+    QVERIFY(grip.height() > Length);
+    TBar bar(m_Window.get(), 20, 20);
+    bar.resize(Width, Length + 40);
+    bar.setValue(150);
     QImage expected(bar.size(), QImage::Format_RGB32);
     expected.fill(Qt::blue);
-    KVN::PixmapManager* const pixmaps = (*m_Screen)->GetPixmapManager();
     QPainter painter(&expected);
     painter.setOpacity(0.5);
-    painter.drawPixmap(0, 0, *pixmaps->GetResizedPixmap(PixmapNames::ScrollBarBackground, 33, 14));
+    painter.drawPixmap(0, 20, *pixmaps->GetResizedPixmap(PixmapNames::ScrollBarBackground, 33, Length));
     painter.setOpacity(1);
-    painter.drawPixmap(0, 0, *pixmaps->GetResizedPixmap(PixmapNames::ScrollBarHandle, 33, 14));
+    painter.drawPixmap(0, 20, *pixmaps->GetResizedPixmap(PixmapNames::ScrollBarHandle, 33, Length));
+    painter.drawPixmap(16 - grip.width() / 2, 20 + Length / 2 - grip.height() / 2, grip);
     painter.end();
-    QCOMPARE(Picture(bar).copy(8, 3, 16, 8), expected.copy(8, 3, 16, 8));
+    // Above and below the track nothing but the grip can be seen.
+    QImage const picture = Picture(bar);
+    QCOMPARE(picture.copy(0, 0, Width, 20), expected.copy(0, 0, Width, 20));
+    QCOMPARE(picture.copy(0, 20 + Length, Width, 20), expected.copy(0, 20 + Length, Width, 20));
+    // And nothing at all without a handle.
+    bar.SetBottomMargin(100);
+    expected.fill(Qt::blue);
+    QCOMPARE(Picture(bar), expected);
 }
 
 void TVerticalScrollBarTest::slotsMayDeleteIt_data()

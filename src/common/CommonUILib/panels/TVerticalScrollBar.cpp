@@ -177,7 +177,7 @@ void TVerticalScrollBar::paintEvent(QPaintEvent*)
     QSharedPointer<QPixmap> const& handle = isSliderDown() && m_HandleDown ? m_HandleDown : m_Handle;
     if (handle)
         painter.drawPixmap(m_DrawnHandle.topLeft(), *handle);
-    if (!m_Grip || m_Grip->height() > m_DrawnHandle.height())
+    if (!m_Grip || m_DrawnHandle.isEmpty())
         return;
     QRect grip = m_Grip->rect();
     grip.moveCenter(m_DrawnHandle.center());
