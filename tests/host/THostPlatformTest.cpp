@@ -2,12 +2,38 @@
 
 #include "TConsoleShell.h"
 #include "TestCase.h"
+#include "TMessageDialog.h"
 #include "TStackStage.h"
 #include "TToolTipMode.h"
 #include "TVirtualOperator.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>
+
+#include <functional>
+
+namespace
+{
+// A popup that tells whenever it comes up.
+class TToldPopup : public TPopupWindow
+{
+public:
+    TToldPopup()
+        : TPopupWindow(nullptr)
+    {
+    }
+
+    std::function<void()> m_OnShow;
+
+protected:
+    void showEvent(QShowEvent* event) override
+    {
+        TPopupWindow::showEvent(event);
+        if (m_OnShow)
+            m_OnShow();
+    }
+};
+} // namespace
 
 class THostPlatformTest : public QObject
 {
@@ -102,6 +128,54 @@ private Q_SLOTS:
         TTaskWindow task(nullptr);
         task.ShowWindow(true);
         QVERIFY(task.isVisible());
+    }
+
+    void theScreenMayGoWithWindowsUp()
+    {
+        TTestScreen screen;
+        THostPlatform platform(screen.get());
+        KVN::MorvaneID const id = TTestModule::Id(1);
+        QPointer<TToldPopup> const covered(new TToldPopup);
+        covered->SetSurfaceID(id);
+        covered->ShowWindow(true);
+        QPointer<TPopupWindow> const question(new TPopupWindow(nullptr));
+        question->SetSurfaceID(id);
+        question->ShowWindow(true);
+        QPointer<TTaskWindow> const task(new TTaskWindow(nullptr));
+        task->ShowWindow(true);
+        QCOMPARE(screen->GetLockingWidgets().size(), 2);
+        // The first to go: what it covered would come up in a screen that is half gone.
+        question->lower();
+        int shows = 0;
+        covered->m_OnShow = [&] { ++shows; };
+        QWidget* platformNames = screen.get();
+        connect(task, &QObject::destroyed, this, [&] { platformNames = platform.GetTopLevelWindow(); });
+        delete screen.get();
+        QVERIFY(!covered);
+        QVERIFY(!question);
+        QVERIFY(!task);
+        QCOMPARE(shows, 0);
+        QVERIFY(!platformNames);
+        QVERIFY(platform.GetWindowStacks()->GetWindows(STACK_POPUPS, id).isEmpty());
+    }
+
+    void theScreenMayGoWithAMessageUp()
+    {
+        TTestScreen screen;
+        THostPlatform platform(screen.get());
+        screen->SetupUSBButton();
+        QPointer<TToldPopup> const covered(new TToldPopup);
+        covered->ShowWindow(true);
+        screen->OnUSBButtonClick();
+        QPointer<TMessageDialog> const message = screen->findChild<TMessageDialog*>();
+        QVERIFY(message && message->isVisible());
+        QVERIFY(!covered->isVisible());
+        bool isWhole = true;
+        covered->m_OnShow = [&] { isWhole = screen->GetObstructionManager(); };
+        delete screen.get();
+        QVERIFY(!message);
+        QVERIFY(!covered);
+        QVERIFY(isWhole);
     }
 
     void theEndOfThePlatformMayShowAWindow()

@@ -69,6 +69,8 @@ struct TWindowStacks::TEntry
 TWindowStacks::TWindowStacks(TScreen* screen)
     : m_Screen(screen)
 {
+    // Comes before the screen deletes its children; the pointer itself notices only after them.
+    connect(screen, &QObject::destroyed, this, [this] { m_Screen.clear(); });
     connect(screen->GetWindowManager(), &TWindowManager::FullViewChanged, this,
             &TWindowStacks::OnFullViewChanged);
     connect(screen, &TScreen::LayersChecked, this, &TWindowStacks::Restack);

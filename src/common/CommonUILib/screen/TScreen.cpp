@@ -186,6 +186,11 @@ TScreen::~TScreen()
     // From here on nobody may find the screen: its children are about to go.
     if (MainScreen == this)
         MainScreen = nullptr;
+    // Their end takes them off the host's stacks, which ask a whole screen what comes next.
+    m_EjectedMessage.reset();
+    m_EjectFailedMessage.reset();
+    m_InsertUSBMessage.reset();
+    m_USBErrorMessage.reset();
     for (TLockingWidget const& lock : qAsConst(m_LockingWidgets))
         disconnect(lock.widget, nullptr, this, nullptr);
     m_LockingWidgets.clear();
