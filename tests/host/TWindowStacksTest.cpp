@@ -907,6 +907,21 @@ private Q_SLOTS:
         VERIFY_LAYERS(*stage.Screen());
     }
 
+    void aLeavingWindowMayEndInTheNoticeOfTheNextLock()
+    {
+        TStackStage stage;
+        QPointer<TTaskWindow> const local = stage.Shown(stage.Task(stage.a->m_Id), true, true);
+        QVERIFY(TStackStage::IsFaded(stage.a->m_Canvas));
+        connect(stage.Screen(), &TScreen::NotifyScreenLock, this, [local] { delete local; });
+        TRestless question(nullptr);
+        question.m_OnShow = [local] { local->HideWindow(); };
+        question.ShowWindow(true);
+        QVERIFY(!local);
+        QVERIFY(!TStackStage::IsFaded(stage.a->m_Canvas));
+        QCOMPARE(stage.Locks(), QList<QWidget*>{&question});
+        VERIFY_LAYERS(*stage.Screen());
+    }
+
     void aPressedWindowMayEndByItsOwnButton()
     {
         TStackStage stage;
@@ -1049,6 +1064,51 @@ private Q_SLOTS:
         QVERIFY(stage.Locks().isEmpty());
         QVERIFY(!TStackStage::IsFaded(stage.a->m_Canvas));
         VERIFY_LAYERS(*stage.Screen());
+    }
+
+    void theStacksMayEndWhileAWindowLeaves_data()
+    {
+        QTest::addColumn<bool>("byALock");
+        QTest::newRow("as another one comes up") << false;
+        QTest::newRow("as another one locks the screen") << true;
+    }
+
+    void theStacksMayEndWhileAWindowLeaves()
+    {
+        QFETCH(bool, byALock);
+        TStackStage stage;
+        auto stacks = std::make_unique<TWindowStacks>(stage.Screen());
+        TRestless question(nullptr);
+        TPopupWindow* const cover = stage.Popup();
+        TTaskWindow* const local = stage.Task(stage.a->m_Id);
+        // Modal, as the windows' own showing makes them.
+        local->ShowWindow(true, true);
+        local->HideWindow();
+        question.ShowWindow(byALock);
+        question.HideWindow();
+        stacks->Push(local);
+        QVERIFY(TStackStage::IsFaded(stage.a->m_Canvas));
+        auto const end = [&]
+        {
+            if (stacks)
+                local->HideWindow();
+            stacks.reset();
+        };
+        if (byALock)
+        {
+            connect(stage.Screen(), &TScreen::NotifyScreenLock, &question, end);
+            stacks->Push(&question);
+        }
+        else
+        {
+            stacks->Push(&question);
+            stacks->Push(cover);
+            question.m_OnShow = end;
+            cover->HideWindow();
+        }
+        QVERIFY(!stacks);
+        QVERIFY(!local->isVisible());
+        QVERIFY(!TStackStage::IsFaded(stage.a->m_Canvas));
     }
 
     void theStacksMayEndInASignal()

@@ -91,6 +91,12 @@ TWindowStacks::~TWindowStacks()
         entry->window->removeEventFilter(this);
         Unlock(entry->lock, entry->window);
     }
+    std::vector<TEntryPtr> const leaving = std::move(m_Leaving);
+    for (TEntryPtr const& entry : leaving)
+        Unlock(entry->lock, entry->window);
+    std::vector<TOutdatedLock> const outdated = std::move(m_Outdated);
+    for (auto const& [lock, window] : outdated)
+        Unlock(lock, window);
 }
 
 void TWindowStacks::Push(TPopupWindow* window)
@@ -377,10 +383,15 @@ TWindowStacks::TLock TWindowStacks::WantedLock(TEntryPtr const& entry) const
 void TWindowStacks::SetLocks()
 {
     QPointer<TWindowStacks> const self(this);
-    std::vector<std::pair<TLock, TEntryPtr>> outdated;
-    for (TEntryPtr const& entry : m_Leaving)
-        outdated.emplace_back(entry->lock, entry);
-    m_Leaving.clear();
+    std::vector<TEntryPtr> const leaving = m_Leaving;
+    SetNewLocks();
+    if (self)
+        TakeOldLocksOff(leaving);
+}
+
+void TWindowStacks::SetNewLocks()
+{
+    QPointer<TWindowStacks> const self(this);
     std::vector<TEntryPtr> const entries = m_Entries;
     for (TEntryPtr const& entry : entries)
     {
@@ -393,19 +404,35 @@ void TWindowStacks::SetLocks()
             continue;
         // Another lock by the same holder replaces the one before.
         if (wanted.holder != entry->lock.holder || wanted.canvas != entry->lock.canvas)
-            outdated.emplace_back(entry->lock, entry);
+            m_Outdated.emplace_back(entry->lock, entry->window);
         entry->lock = wanted;
         Lock(*entry);
         if (!self)
             return;
     }
-    for (auto const& [lock, entry] : outdated)
+}
+
+// What is not off yet stays in its list, for the destructor: each step may be the last one.
+void TWindowStacks::TakeOldLocksOff(std::vector<TEntryPtr> const& leaving)
+{
+    QPointer<TWindowStacks> const self(this);
+    for (TEntryPtr const& entry : leaving)
     {
-        if (!entry->window)
+        auto const found = std::find(m_Leaving.begin(), m_Leaving.end(), entry);
+        // It came back, or its end took the lock off.
+        if (found == m_Leaving.end())
             continue;
-        if (!Find(entry->window))
-            disconnect(entry->window, nullptr, this, nullptr);
-        Unlock(lock, entry->window);
+        m_Leaving.erase(found);
+        disconnect(entry->window, nullptr, this, nullptr);
+        Unlock(entry->lock, entry->window);
+        if (!self)
+            return;
+    }
+    while (!m_Outdated.empty())
+    {
+        auto const [lock, window] = m_Outdated.back();
+        m_Outdated.pop_back();
+        Unlock(lock, window);
         if (!self)
             return;
     }
@@ -420,6 +447,7 @@ void TWindowStacks::Lock(TEntry const& entry)
         entry.lock.canvas->AddLockingWidget(data);
 }
 
+// A window that is gone is null: screen and canvas drop it by themselves and put right what it has left.
 void TWindowStacks::Unlock(TLock const& lock, QWidget* window)
 {
     if (lock.holder == HOLDER_SCREEN && m_Screen)

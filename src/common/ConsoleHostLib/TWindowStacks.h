@@ -73,6 +73,7 @@ private:
     struct TEntry;
     struct TLock;
     using TEntryPtr = std::shared_ptr<TEntry>;
+    using TOutdatedLock = std::pair<TLock, QPointer<TWindow>>;
     using TStackKey = std::pair<EWindowStack, KVN::MorvaneID>;
 
     void PushWindow(TWindow* window, EWindowStack stack, KVN::MorvaneID const& id);
@@ -97,6 +98,8 @@ private:
     void HideWhatIsDown();
     void ShowWhatIsUp();
     void SetLocks();
+    void SetNewLocks();
+    void TakeOldLocksOff(std::vector<TEntryPtr> const& leaving);
     TLock WantedLock(TEntryPtr const& entry) const;
     void Lock(TEntry const& entry);
     void Unlock(TLock const& lock, QWidget* window);
@@ -119,6 +122,8 @@ private:
     std::vector<TEntryPtr> m_Entries;
     /// Locks of windows that have left, until the locks of those that stay are set.
     std::vector<TEntryPtr> m_Leaving;
+    /// Locks that windows in a stack have changed for another one.
+    std::vector<TOutdatedLock> m_Outdated;
     std::set<TStackKey> m_Filled;
     TWindow const* m_Hiding = nullptr;
     bool m_Arranging = false;
