@@ -4,6 +4,7 @@
 #include "TestCase.h"
 #include "TMessageDialog.h"
 #include "TStackStage.h"
+#include "TSystemToolBarButton.h"
 #include "TToolTipMode.h"
 #include "TVirtualOperator.h"
 
@@ -87,6 +88,48 @@ private Q_SLOTS:
         QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(&note, popup));
         stage.platform.HideAnnotation(&note);
         QCOMPARE(note.parentWidget(), &owner);
+    }
+
+    void aListOpenedInAQuestionStaysAboveIt()
+    {
+        TStackStage stage;
+        TSystemToolBar bar(nullptr);
+        stage.Screen()->SetSystemToolBar(&bar);
+        stage.Screen()->ShowSystemToolbar(true);
+        TPopupWindow* const question = stage.Shown(stage.Popup(), true);
+        QWidget list;
+        list.setFixedSize(50, 20);
+        stage.platform.ShowAnnotation(&list, nullptr, question);
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(&list, question));
+        // The bar grows, and the screen puts everything into its layer.
+        TSystemToolBarButton button(nullptr);
+        stage.Screen()->AddSystemToolBarButton(&button);
+        stage.Screen()->SetSystemToolBarButtonVisible(&button, true);
+        stage.Screen()->CheckToolbarsForLocking();
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(&list, question));
+        VERIFY_LAYERS(*stage.Screen());
+        // The next question is above both, as long as it is up.
+        TPopupWindow* const next = stage.Shown(stage.Popup(stage.c->m_Id), true);
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(next, &list));
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(next, question));
+        next->HideWindow();
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(&list, question));
+        VERIFY_LAYERS(*stage.Screen());
+    }
+
+    void aNoteOfAMessageOverALockStaysAboveIt()
+    {
+        TStackStage stage;
+        TPopupWindow* const question = stage.Shown(stage.Popup(), true);
+        TPopupWindow* const message = stage.Shown(stage.Popup(stage.a->m_Id));
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(message, question));
+        QWidget note;
+        note.setFixedSize(50, 20);
+        stage.platform.ShowAnnotation(&note, nullptr, message);
+        stage.Screen()->CheckToolbarsForLocking();
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(message, question));
+        QVERIFY(TScreenLayers(*stage.Screen()).IsAbove(&note, message));
+        VERIFY_LAYERS(*stage.Screen());
     }
 
     void buttonsExplainThemselvesInToolTipMode()

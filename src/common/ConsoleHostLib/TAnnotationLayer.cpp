@@ -54,6 +54,7 @@ void TAnnotationLayer::ShowAnnotation(QWidget* widget, KVN::IAnnotationHandler* 
     annotation.source = source && (source == widget || widget->isAncestorOf(source)) ? nullptr : source;
     annotation.waits = !IsSeen(annotation.source);
     annotation.isAsking = false;
+    annotation.locksBelow = Locks();
     Watch(annotation);
     m_Annotations.append(annotation);
     if (annotation.waits)
@@ -262,11 +263,23 @@ void TAnnotationLayer::BringUp(int id)
         Place(id);
 }
 
+QList<QPointer<QWidget>> TAnnotationLayer::Locks() const
+{
+    QList<QPointer<QWidget>> widgets;
+    for (TLockingWidget const& lock : m_Screen->GetLockingWidgets())
+        widgets.append(lock.widget);
+    return widgets;
+}
+
 void TAnnotationLayer::RaiseAnnotations()
 {
+    if (!m_Screen)
+        return;
+    QVector<TLockingWidget> const& locks = m_Screen->GetLockingWidgets();
     for (TAnnotation const& annotation : qAsConst(m_Annotations))
     {
-        if (m_Screen && !annotation.widget->isHidden())
+        bool const isAboveLocks = locks.isEmpty() || annotation.locksBelow.contains(locks.constLast().widget);
+        if (isAboveLocks && !annotation.widget->isHidden())
             m_Screen->RaiseToBelowAlarm(annotation.widget);
     }
 }

@@ -3,6 +3,7 @@
 #include "ConsoleHostLibExport.h"
 #include "TParentTracker.h"
 
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QVector>
@@ -38,7 +39,8 @@ public:
 
     void ShowAnnotation(QWidget* widget, KVN::IAnnotationHandler* handler, QWidget* source);
     void HideAnnotation(QWidget* widget);
-    /// Brings the annotations back above what has been raised meanwhile, in their order.
+    /// Brings the annotations back above what has been raised meanwhile, in their order. While the screen is
+    /// locked, only those that were shown over its topmost lock: the others stay behind it.
     void RaiseAnnotations();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -52,6 +54,7 @@ private:
         Qt::WindowFlags formerFlags;
         KVN::IAnnotationHandler* handler = nullptr;
         QWidget* source = nullptr;
+        QList<QPointer<QWidget>> locksBelow;  // that were there when it was shown
         std::shared_ptr<QObject> connections; // the context of all that hang on this showing
         bool waits = true;                    // for its source to be seen
         bool isAsking = false;                // the handler is at work
@@ -68,6 +71,7 @@ private:
     void ReleaseAll();
     void Forget(int id);
 
+    QList<QPointer<QWidget>> Locks() const;
     bool IsSeen(QWidget const* source) const;
     void FollowVisibility(QObject* source);
     void FollowPlace(QWidget* source);

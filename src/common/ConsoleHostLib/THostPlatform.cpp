@@ -17,13 +17,8 @@ THostPlatform::THostPlatform(TScreen* screen, QObject* parent)
     // Comes before the screen deletes its children, which may ask for windows in their end.
     connect(screen, &QObject::destroyed, this, [this] { m_Screen.clear(); });
     connect(m_ToolTips.get(), &TToolTipMode::Switched, this, &THostPlatform::NotifyToolTipsEnabled);
-    // A lock is above what was there before it, annotations too.
     connect(m_Stacks.get(), &TWindowStacks::Restacked, m_Annotations.get(),
-            [this]
-            {
-                if (m_Screen && m_Annotations && m_Screen->GetLockingWidgets().isEmpty())
-                    m_Annotations->RaiseAnnotations();
-            });
+            &TAnnotationLayer::RaiseAnnotations);
 }
 
 THostPlatform::~THostPlatform()
