@@ -460,6 +460,9 @@ private Q_SLOTS:
         QVERIFY(stage.Explains(source));
         delete source;
         QVERIFY(!stage.Shown());
+        // The next repaint must not come upon it.
+        QCoreApplication::processEvents();
+        QVERIFY(stage.screen->isVisible());
     }
 
     void theScreenMayDieWhileTheTipIsUp()

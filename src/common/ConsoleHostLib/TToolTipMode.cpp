@@ -67,7 +67,7 @@ void TToolTipMode::ShowToolTipFor(QWidget* source, int placement, QString const&
     m_ToolTip->RefreshGeometry();
     m_Tracker.TrackParent(source, m_Screen, [this](QWidget*) { Follow(); });
     source->installEventFilter(this);
-    connect(source, &QObject::destroyed, this, &TToolTipMode::HideToolTip);
+    connect(source, &QObject::destroyed, this, [this] { TakeDown(); });
     Follow();
     m_ToolTip->raise();
     m_ToolTip->show();
@@ -81,6 +81,16 @@ bool TToolTipMode::IsToolTipShownFor(QWidget* source) const
 
 void TToolTipMode::HideToolTip()
 {
+    QPointer<QWidget> const source = m_Source;
+    TakeDown();
+    // Its mark tells that it was explained.
+    if (source)
+        source->update();
+}
+
+// A source that is being destroyed must not be asked to paint: its window would never forget it.
+void TToolTipMode::TakeDown()
+{
     if (!m_Source)
         return;
     QWidget* const source = m_Source;
@@ -89,8 +99,6 @@ void TToolTipMode::HideToolTip()
     source->removeEventFilter(this);
     disconnect(source, &QObject::destroyed, this, nullptr);
     m_Tracker.UnTrackParent(source);
-    // Its mark tells that it was explained.
-    source->update();
     if (m_ToolTip)
         m_ToolTip->hide();
 }

@@ -54,6 +54,7 @@ Q_SIGNALS:
 private:
     QRect VisiblePart(QWidget const* source) const;
     void Follow();
+    void TakeDown();
 
     QPointer<TScreen> m_Screen;
     QPointer<TToolTip> m_ToolTip;
