@@ -756,6 +756,44 @@ private Q_SLOTS:
         QVERIFY(!screen.get());
     }
 
+    void theScreenMayGoInTheNoticesOfAScreenshot_data()
+    {
+        QTest::addColumn<bool>("notice");
+        QTest::newRow("start") << true;
+        QTest::newRow("finish") << false;
+    }
+
+    void theScreenMayGoInTheNoticesOfAScreenshot()
+    {
+        QFETCH(bool, notice);
+        TTestScreen screen;
+        screen.m_Drives.Insert();
+        connect(screen->GetCameraOverlayManager(), &TCameraXVOverlayManager::NotifyScreenShot, this,
+                [&](bool starting)
+                {
+                    if (starting == notice)
+                        delete screen.get();
+                });
+        screen->TakeScreenShot();
+        QVERIFY(!screen.get());
+    }
+
+    void thereIsOneScreenshotAtATime()
+    {
+        TTestScreen screen;
+        screen.m_Drives.Insert();
+        QList<bool> notices;
+        connect(screen->GetCameraOverlayManager(), &TCameraXVOverlayManager::NotifyScreenShot, this,
+                [&](bool starting) { notices.append(starting); });
+        // A second press, while the flash of the first is drawn.
+        QTimer::singleShot(0, screen.get(), &TScreen::TakeScreenShot);
+        screen->TakeScreenShot();
+        QCOMPARE(notices, (QList<bool>{true, false}));
+        QCOMPARE(screen->m_Recorder.m_Sounds.size(), 1);
+        screen->TakeScreenShot();
+        QCOMPARE(notices.size(), 4);
+    }
+
     void aDelayedScreenshotIsTakenLater()
     {
         TTestScreen screen;

@@ -675,6 +675,9 @@ void TScreen::DelayedScreenShot()
 
 void TScreen::TakeScreenShot()
 {
+    // Its flash lets events through, among them the wish for the next picture.
+    if (m_ScreenShotFlash && !m_ScreenShotFlash->isHidden())
+        return;
     QString drive;
     if (!TSystemSettingsProxy::Instance()->GetExternalDrivePath(drive))
     {
@@ -682,7 +685,10 @@ void TScreen::TakeScreenShot()
             m_InsertUSBMessage->ShowWindow(false);
         return;
     }
+    QPointer<TScreen> const self(this);
     m_CameraOverlayManager->StartScreenShot();
+    if (!self)
+        return;
     ShowFlash();
     // Heard also with sounds off: the operator must know that the picture was taken.
     if (TSoundServer* const server = GetSoundServerPtr())
@@ -690,7 +696,6 @@ void TScreen::TakeScreenShot()
         int const volume = ConfigManager::Instance()->Read(CONFIG_SOUND_VOLUME).toInt();
         server->PlaySound(SOUND_SCREENSHOT, volume, SOUND_SCREENSHOT);
     }
-    QPointer<TScreen> const self(this);
     QCoreApplication::processEvents();
     if (!self)
         return;
