@@ -70,11 +70,15 @@ private Q_SLOTS:
     void folderStandsForAStick();
     void folderThatDoesNotExistIsNotInserted();
     void folderIsPulledWhenItIsEjected();
+    void watchAndDriveMayBeDeletedByAnEject_data();
+    void watchAndDriveMayBeDeletedByAnEject();
     void sticksOfTheSystemAreNotPulledByCalls();
     void platformNamesTheStickWhenItIsTold();
     void driveOfBeforeComesBack();
     void watchMayBeDeletedByItsSignal_data();
     void watchMayBeDeletedByItsSignal();
+    void watchMayBeDeletedByWhatTheBusTells_data();
+    void watchMayBeDeletedByWhatTheBusTells();
 
 private:
     QString Path(QString const& name) const { return m_Folder->filePath(name); }
@@ -578,6 +582,40 @@ void TUsbWatchTest::folderIsPulledWhenItIsEjected()
     QVERIFY(!TExternalDrive::SetHostEject({}));
 }
 
+void TUsbWatchTest::watchAndDriveMayBeDeletedByAnEject_data()
+{
+    QTest::addColumn<bool>("watchDies");
+    QTest::addColumn<bool>("driveDies");
+    QTest::newRow("watch") << true << false;
+    QTest::newRow("drive") << false << true;
+    QTest::newRow("both") << true << true;
+}
+
+void TUsbWatchTest::watchAndDriveMayBeDeletedByAnEject()
+{
+    QFETCH(bool, watchDies);
+    QFETCH(bool, driveDies);
+    auto watch = std::make_unique<TUsbWatch>(Path(QStringLiteral("one")));
+    auto drive = std::make_unique<TExternalDrive>();
+    bool ejected = false;
+    connect(drive.get(), &TExternalDrive::EjectFinished, this, [&](bool success) { ejected = success; });
+    connect(watch.get(), &TUsbWatch::Pulled, this,
+            [&]
+            {
+                if (watchDies)
+                    watch.reset();
+                if (driveDies)
+                    drive.reset();
+            });
+    QVERIFY(drive->Eject());
+    QCOMPARE(Drive(), QString());
+    QTRY_COMPARE(ejected, !driveDies);
+    QCoreApplication::processEvents();
+    QCOMPARE(ejected, !driveDies);
+    watch.reset();
+    QVERIFY(!TExternalDrive::SetHostEject({}));
+}
+
 void TUsbWatchTest::sticksOfTheSystemAreNotPulledByCalls()
 {
     WriteTable(Line(Stick, Path(QStringLiteral("one"))));
@@ -638,6 +676,37 @@ void TUsbWatchTest::watchMayBeDeletedByItsSignal()
     if (watch)
         watch->Insert();
     QVERIFY(!watch);
+    QCOMPARE(Drive(), QString());
+}
+
+void TUsbWatchTest::watchMayBeDeletedByWhatTheBusTells_data()
+{
+    watchMayBeDeletedByItsSignal_data();
+}
+
+void TUsbWatchTest::watchMayBeDeletedByWhatTheBusTells()
+{
+    NEED_BUS();
+    QFETCH(bool, onPull);
+    TTestBus const bus;
+    TFakeDisks disks(bus.Address());
+    QPointer<TUsbWatch> const watch(new TUsbWatch(System(bus.Address())));
+    connect(watch.data(), onPull ? &TUsbWatch::Pulled : &TUsbWatch::Inserted, this,
+            [watch] { delete watch.data(); });
+    QTRY_COMPARE(disks.questions, 1);
+    disks.AddDrive(QStringLiteral("sdb1"), QStringLiteral("usb"), QStringList{Path(QStringLiteral("one"))});
+    // The second one comes while the first is being answered, and is a reason to ask again.
+    disks.TellOfObjects();
+    disks.TellOfObjects();
+    if (onPull)
+    {
+        QTRY_COMPARE(Drive(), Path(QStringLiteral("one")));
+        disks.AddDrive(QStringLiteral("sdb1"), QStringLiteral("usb"), QStringList());
+        disks.TellOfObjects();
+        disks.TellOfObjects();
+    }
+    QTRY_VERIFY(!watch);
+    QTest::qWait(20);
     QCOMPARE(Drive(), QString());
 }
 

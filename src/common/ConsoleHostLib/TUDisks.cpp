@@ -163,9 +163,10 @@ void TUDisks::OnAnswer(QDBusPendingCallWatcher* call)
     m_IsAsking = false;
     QDBusMessage const answer = call->reply();
     bool const isGood = !call->isError() && answer.signature() == AnswerSignature;
+    QPointer<TUDisks> const self(this);
     SetAnswer(isGood,
               isGood ? SticksOf(qdbus_cast<TObjects>(answer.arguments().constFirst())) : QStringList());
-    if (m_AskAgain)
+    if (self && m_AskAgain)
         Ask();
 }
 

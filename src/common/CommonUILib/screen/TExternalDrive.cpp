@@ -119,12 +119,22 @@ bool TExternalDrive::Eject()
     if (m_IsEjecting)
         return true;
     m_IsEjecting = true;
-    if (HostEject() && HostEject()(path))
-    {
+    // A copy: whoever hears of it may set another one, and may delete this object.
+    TEject const hostEject = HostEject();
+    QPointer<TExternalDrive> const self(this);
+    bool const isEjected = hostEject && hostEject(path);
+    if (!self)
+        return true;
+    if (isEjected)
         QMetaObject::invokeMethod(
             this, [this] { EndEject(true); }, Qt::QueuedConnection);
-        return true;
-    }
+    else
+        StartEject(path);
+    return true;
+}
+
+void TExternalDrive::StartEject(QString const& path)
+{
     m_Process = new TEjectProcess(this, path);
     connect(m_Process, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this,
             [this](int code, QProcess::ExitStatus status)
@@ -140,7 +150,6 @@ bool TExternalDrive::Eject()
         Qt::QueuedConnection);
     // The name is for the process's messages alone.
     m_Process->start(QStringLiteral("umount"), QStringList());
-    return true;
 }
 
 void TExternalDrive::EndEject(bool ejected)

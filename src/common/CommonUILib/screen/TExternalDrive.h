@@ -75,6 +75,7 @@ protected:
 private:
     class TEjectProcess;
 
+    void StartEject(QString const& path);
     void EndEject(bool ejected);
 
     QPointer<QProcess> m_Process;
