@@ -645,6 +645,23 @@ private Q_SLOTS:
         VERIFY_LAYERS(*stage.Screen());
     }
 
+    void aWindowThatWaitsLeavesByHideWindowAlone()
+    {
+        TStackStage stage;
+        TPopupWindow* const waiting = stage.Shown(stage.Popup());
+        TPopupWindow* const top = stage.Shown(stage.Popup());
+        QList<TWindow*> const both{waiting, top};
+        waiting->hide();
+        waiting->SetVisible(false, false);
+        QCoreApplication::processEvents();
+        QCOMPARE(stage.Stacks()->GetWindows(STACK_POPUPS, KVN::MorvaneID()), both);
+        waiting->HideWindow();
+        QCOMPARE(stage.Stacks()->GetWindows(STACK_POPUPS, KVN::MorvaneID()), QList<TWindow*>{top});
+        top->SetVisible(false, false);
+        QVERIFY(!waiting->isVisible());
+        QVERIFY(stage.Stacks()->GetWindows(STACK_POPUPS, KVN::MorvaneID()).isEmpty());
+    }
+
     void aWindowThatIsHiddenAndShownByHandStaysInItsStack()
     {
         TStackStage stage;

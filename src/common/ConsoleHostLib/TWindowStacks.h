@@ -54,9 +54,10 @@ public:
     /// Leaves the windows where they are, unlocked.
     ~TWindowStacks() override;
 
-    /// Shows \a window on top of the stack of its surface id, which it leaves by being hidden. A window with
-    /// a parent of its own is the screen's for that time and goes back to it then; if the parent dies, the
-    /// window goes too. Null is ignored.
+    /// Shows \a window on top of the stack of its surface id, which it leaves by HideWindow(). While it is
+    /// seen, a plain hide() does the same; a window that waits in its stack is hidden already, so hide() and
+    /// SetVisible(false, ...) leave it there. A window with a parent of its own is the screen's for that time
+    /// and goes back to it then; if the parent dies, the window goes too. Null is ignored.
     void Push(TPopupWindow* window);
     void Push(TTaskWindow* window);
 
