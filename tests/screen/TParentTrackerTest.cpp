@@ -393,6 +393,34 @@ private Q_SLOTS:
         QCOMPARE(panels.Called(), TWidgets());
     }
 
+    void aCallbackMayDeleteWhatHasMovedLater()
+    {
+        TPanels panels;
+        TParentTracker tracker(nullptr);
+        QPointer<QWidget> const group(panels.group);
+        QPointer<QWidget> const button(panels.button);
+        tracker.TrackParent(panels.button, nullptr, [&panels](QWidget*) { panels.group->deleteLater(); });
+        Step(panels.button);
+        QVERIFY(group);
+        QTRY_VERIFY(!group);
+        QVERIFY(!button);
+        // The rest of the chain moves on in peace.
+        Step(panels.panel);
+        Step(&panels.window);
+    }
+
+    // One of the moved widget's children is neither it nor above it.
+    void aCallbackMayDeleteTheTrackedWidgetWhenItsAncestorMoves()
+    {
+        TPanels panels;
+        TParentTracker tracker(nullptr);
+        QPointer<QWidget> const button(panels.button);
+        tracker.TrackParent(panels.button, nullptr, [](QWidget* tracked) { delete tracked; });
+        Step(panels.panel);
+        QVERIFY(!button);
+        Step(panels.panel);
+    }
+
     void aCallbackMayEndItsOwnTracking()
     {
         TPanels panels;

@@ -27,8 +27,9 @@ public:
 
     /// Calls \a callback with \a widget after each move and each change of size of the widget and of its
     /// ancestors up to and including \a limit; without a limit among them, of all. Replaces what was tracked
-    /// for the widget. The callback may delete anything, the tracker included; an empty one is not called.
-    /// Does nothing without a widget.
+    /// for the widget. The callback may delete anything, the tracker included, but what has just moved and
+    /// its ancestors: these by deleteLater() only, as their event is still on its way. An empty callback is
+    /// not called. Does nothing without a widget.
     void TrackParent(QWidget* widget, QWidget* limit, std::function<void(QWidget*)> callback);
     /// Ends it; null and a widget that is not tracked do nothing.
     void UnTrackParent(QWidget* widget);
