@@ -104,7 +104,8 @@ private Q_SLOTS:
         QCOMPARE(Shown(*stage.screen.get())->ModalType(), int(KVN::MODAL_NONE));
     }
 
-    // The stick of the tests is a plain folder, which nobody can unmount.
+    // The stick of the tests is a plain folder, which nobody can unmount. It takes as long as the machine has
+    // to write out.
     void anEjectThatFailedIsTold()
     {
         TTestUserLog const log;
@@ -113,7 +114,7 @@ private Q_SLOTS:
         stage.screen.m_Drives.Insert();
         stage.screen->SetupUSBButton();
         stage.screen->OnUSBButtonClick();
-        QTRY_VERIFY(Shown(*stage.screen.get()));
+        QTRY_VERIFY_WITH_TIMEOUT(Shown(*stage.screen.get()), 60000);
         QCOMPARE(Shown(*stage.screen.get())->GetTitle(), QStringLiteral("USB Eject Failed"));
         QCOMPARE(
             Shown(*stage.screen.get())->GetMessageString(),
