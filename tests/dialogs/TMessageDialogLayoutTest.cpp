@@ -228,6 +228,7 @@ private Q_SLOTS:
         dialog.SetPixmap(Picture(QSize(40, 90)));
         QCOMPARE(dialog.height(), 123 + 90);
         QCOMPARE(TMessageStage::TextOf(dialog)->x(), 9 + 43);
+        QCOMPARE(dialog.grab().toImage().pixelColor(9 + 20, 38 + 45), QColor(200, 120, 40));
         dialog.SetPixmap(QPixmap());
         QCOMPARE(dialog.height(), 140 + 2 * LineHeight);
         QCOMPARE(TMessageStage::PictureOf(dialog)->size(), QSize(0, 0));
