@@ -1,0 +1,36 @@
+#include "TUnitSettings.h"
+
+#include <QLocale>
+
+#include <atomic>
+
+namespace
+{
+static_assert(std::atomic<TUnitChoices>::is_always_lock_free);
+
+std::atomic<TUnitChoices>& ChoicesInForce()
+{
+    static std::atomic<TUnitChoices> choices(TUnitChoices::FromNumbers(
+        QLocale().decimalPoint(), UNIT_SYSTEM_METRIC, DATE_FORMAT_DAY_MONTH_YEAR, true));
+    return choices;
+}
+} // namespace
+
+TUnitSettings* TUnitSettings::Instance()
+{
+    static auto* const instance = new TUnitSettings;
+    return instance;
+}
+
+TUnitChoices TUnitSettings::Choices() const
+{
+    return ChoicesInForce().load();
+}
+
+void TUnitSettings::SetChoices(TUnitChoices const& choices)
+{
+    if (choices == Choices())
+        return;
+    ChoicesInForce().store(choices);
+    Q_EMIT Changed();
+}

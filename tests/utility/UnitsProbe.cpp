@@ -1,0 +1,43 @@
+// Usage: units-probe
+// A process of its own for what a test cannot do to itself: to read the units database, or none, under
+// another environment. Prints what is shown of a few values to an operator who has chosen US units; the
+// operator's log goes to the standard output too.
+
+#include "TUnits.h"
+#include "TUnitSettings.h"
+#include "UserLog.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace
+{
+class TPrintedLog : public IUserLogAccessor
+{
+public:
+    void AddEntry(QString const& text) override { std::printf("log: %s\n", qPrintable(text)); }
+};
+
+void PrintShown(double value, EUnitsType type)
+{
+    QString const text = TUnits::GetValueStringInContext(value, type, UNITS_CONTEXT_GENERAL, 3, nullptr, 1.0);
+    double const shown = TUnits::GetValueInCurrentUnit(value, type, UNITS_CONTEXT_GENERAL, 1.0);
+    double const stored = TUnits::GetValueInDefaultUnit(shown, type, UNITS_CONTEXT_GENERAL, 1.0);
+    std::printf("%s %.12g\n", qPrintable(text), stored);
+}
+} // namespace
+
+// QCoreApplication takes over the locale of the environment, as the console's application does.
+int main(int argc, char** argv)
+{
+    QCoreApplication const application(argc, argv);
+    SetUserLog(std::make_shared<TPrintedLog>());
+    TUnitSettings::Instance()->SetChoices(
+        TUnitChoices::FromNumbers(QLatin1Char('.'), UNIT_SYSTEM_US, 0, true));
+    PrintShown(12.5, UNIT_TYPE_LENGTH);
+    PrintShown(20.0, UNIT_TYPE_TEMPERATURE);
+    PrintShown(2.0, UNIT_TYPE_SEED_RATE);
+    std::printf("%.12g\n", TUnits::ConvertUnit(12.5, UNIT_METRE, UNIT_FOOT, 1.0));
+    return 0;
+}
