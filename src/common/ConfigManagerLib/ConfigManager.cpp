@@ -1,6 +1,9 @@
 #include "ConfigManager.h"
 
 #include "TMemoryConfigManager.h"
+#include "TUnitSettings.h"
+
+#include <QLocale>
 
 #include <algorithm>
 
@@ -17,6 +20,29 @@ TConfigEntry const* FindKnownEntry(int id)
     auto const found = std::lower_bound(entries.begin(), entries.end(), id, isBefore);
     return found != entries.end() && found->id == id ? &*found : nullptr;
 }
+
+bool IsOfUnits(int id)
+{
+    switch (id)
+    {
+    case CONFIG_24_HOUR_CLOCK:
+    case CONFIG_DATE_FORMAT:
+    case CONFIG_UNIT_SYSTEM:
+    case CONFIG_LOCALE:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void HandOverUnitChoices(ConfigManager const& store)
+{
+    QString const locale = store.Read(CONFIG_LOCALE).toString();
+    QChar const decimalPoint = (locale.isEmpty() ? QLocale() : QLocale(locale)).decimalPoint();
+    TUnitSettings::Instance()->SetChoices(TUnitChoices::FromNumbers(
+        decimalPoint, store.Read(CONFIG_UNIT_SYSTEM).toInt(), store.Read(CONFIG_DATE_FORMAT).toInt(),
+        store.Read(CONFIG_24_HOUR_CLOCK).toBool()));
+}
 } // namespace
 
 ConfigManager::~ConfigManager() = default;
@@ -31,6 +57,7 @@ ConfigManager* ConfigManager::Install(ConfigManager* manager)
 {
     ConfigManager* const before = installedManager;
     installedManager = manager;
+    HandOverUnitChoices(*Instance());
     return before;
 }
 
@@ -40,6 +67,10 @@ std::vector<TConfigEntry> const& ConfigManager::KnownEntries()
         {CONFIG_SOUND_VOLUME, "SoundVolume", DEFAULT_SOUND_VOLUME},
         {CONFIG_SOUND_ENABLED, "SoundEnabled", true},
         {CONFIG_BUTTON_SIZE, "ButtonSize", 0},
+        {CONFIG_24_HOUR_CLOCK, "24HourClock", true},
+        {CONFIG_DATE_FORMAT, "DateFormat", DATE_FORMAT_DAY_MONTH_YEAR},
+        {CONFIG_UNIT_SYSTEM, "UnitSystem", UNIT_SYSTEM_METRIC},
+        {CONFIG_LOCALE, "Locale", QLatin1String("")},
         {CONFIG_LAYOUT_SNAPSHOT, "LayoutSnapshot", QLatin1String("")},
         {CONFIG_DASHBOARD_SNAPSHOT, "DashboardSnapshot", QLatin1String("")},
     };
@@ -62,4 +93,10 @@ QVariant ConfigManager::ValueOrDefault(int id, QVariant const& stored)
         return stored;
     QVariant converted = stored;
     return converted.convert(type) ? converted : entry->defaultValue;
+}
+
+void ConfigManager::NoteWritten(int id) const
+{
+    if (this == Instance() && IsOfUnits(id))
+        HandOverUnitChoices(*this);
 }

@@ -10,9 +10,13 @@
 /// The numbers of the settings that the toolkit itself reads or writes. Modules use numbers of their own.
 enum EConfigId
 {
-    CONFIG_SOUND_VOLUME = 22725,      ///< int, percent
-    CONFIG_SOUND_ENABLED = 22726,     ///< bool
-    CONFIG_BUTTON_SIZE = 22753,       ///< int: 0 normal, 1 a quarter larger, 2 half as large again
+    CONFIG_SOUND_VOLUME = 22725,  ///< int, percent
+    CONFIG_SOUND_ENABLED = 22726, ///< bool
+    CONFIG_BUTTON_SIZE = 22753,   ///< int: 0 normal, 1 a quarter larger, 2 half as large again
+    CONFIG_24_HOUR_CLOCK = 22793, ///< bool; else the clock has am and pm
+    CONFIG_DATE_FORMAT = 22794,   ///< int, an EDateFormat
+    CONFIG_UNIT_SYSTEM = 22795,   ///< int, an EUnitSystem
+    CONFIG_LOCALE = 22796, ///< QString as "de_DE", whose decimal separator is used; empty for the system's
     CONFIG_LAYOUT_SNAPSHOT = 22797,   ///< QString, XML
     CONFIG_DASHBOARD_SNAPSHOT = 22798 ///< QString, XML
 };
@@ -28,6 +32,9 @@ struct TConfigEntry
 
 /// The store of numbered settings. One object serves the process; a host installs a durable one before it
 /// builds the screen, a test one in memory. GUI thread only.
+///
+/// Clock, date format, unit system and locale of the installed store are handed to TUnitSettings, as soon as
+/// the store is installed and whenever one of them is written: so the display follows at once.
 class CONFIGMANAGERLIB_EXPORT ConfigManager
 {
 public:
@@ -57,6 +64,9 @@ public:
     static QVariant DefaultValue(int id);
 
 protected:
+    /// A store calls this at the end of Write(), when Read() answers what was written.
+    void NoteWritten(int id) const;
+
     /// What Read() answers when \a stored is what the store holds for \a id, invalid for nothing: the value
     /// in the type of the known default, or that default.
     static QVariant ValueOrDefault(int id, QVariant const& stored);

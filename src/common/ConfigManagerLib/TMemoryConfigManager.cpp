@@ -12,4 +12,5 @@ void TMemoryConfigManager::Write(int id, QVariant const& value, bool durable)
         m_Values.insert(id, value);
     else
         m_Values.remove(id);
+    NoteWritten(id);
 }

@@ -44,8 +44,13 @@ void TSqliteConfigManager::Write(int id, QVariant const& value, bool durable)
         m_Values.insert(id, value);
     else
         m_Values.remove(id);
-    if (!m_Database->IsWritable())
-        return;
+    if (m_Database->IsWritable())
+        Keep(id, value, durable);
+    NoteWritten(id);
+}
+
+void TSqliteConfigManager::Keep(int id, QVariant const& value, bool durable)
+{
     QByteArray const bytes = value.isValid() ? ConfigValueToBytes(value) : QByteArray();
     if (value.isValid() && bytes.isEmpty())
         GetUserLog()->AddEntry(QStringLiteral("Setting %1 of type %2 cannot be stored")

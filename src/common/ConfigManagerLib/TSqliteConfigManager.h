@@ -41,6 +41,7 @@ public:
     bool IsPersistent() const;
 
 private:
+    void Keep(int id, QVariant const& value, bool durable);
     void Flush();
     void ReportFailure(QString const& reason);
 
