@@ -7,12 +7,16 @@
 #include "TDiagnosticsModule.h"
 #include "TGnssModule.h"
 #include "TGuidanceModule.h"
+#include "THostPlatform.h"
 #include "TNmeaReceiver.h"
 #include "TScreen.h"
 #include "TSetupModule.h"
 #include "TSimulatedTractor.h"
 #include "TSprayerModule.h"
+#include "TSystemModule.h"
 #include "TWindowManager.h"
+
+#include <utility>
 
 namespace
 {
@@ -29,6 +33,7 @@ void SetToolkitOptions()
     CommonUIOptions options = CommonUI::GetCommonUIOptions();
     options.dashboardEnabled = false;
     options.viewChangeSoundEnabled = true;
+    options.offScreenButtonsEnabled = true;
     CommonUI::SetCommonUIOptions(options);
 }
 } // namespace
@@ -49,6 +54,16 @@ void TConsole::AddModules()
     m_Shell->AddModule(std::make_unique<TCameraModule>(m_Machine, Screen()->GetCameraOverlayManager()));
     m_Shell->AddModule(std::make_unique<TDiagnosticsModule>(Screen()));
     m_Shell->AddModule(std::make_unique<TSetupModule>());
+    auto system = std::make_unique<TSystemModule>(m_Shell->GetPlatform()->GetToolTipMode());
+    m_System = system.get();
+    m_Shell->AddModule(std::move(system));
+}
+
+void TConsole::WatchUsb(QString const& folder)
+{
+    m_Shell->WatchUsb(folder);
+    if (m_System)
+        m_System->OfferStick(m_Shell->GetUsbWatch());
 }
 
 void TConsole::StartMachine()

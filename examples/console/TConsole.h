@@ -3,12 +3,14 @@
 #include "TConsoleShell.h"
 #include "TMachine.h"
 
+#include <QPointer>
 #include <QString>
 
 #include <memory>
 
 struct TConsoleOptions;
 class TScreen;
+class TSystemModule;
 
 /// The console as a whole: the machine, the shell and all modules. GUI thread only.
 class TConsole
@@ -16,6 +18,8 @@ class TConsole
 public:
     TConsole(TConsoleOptions const& options, QString const& dataFolder);
 
+    /// As TConsoleShell::WatchUsb(). A \a folder can be inserted and pulled by a button of the console. Once.
+    void WatchUsb(QString const& folder);
     /// Lets the machine begin, without a screen to show it.
     void StartMachine();
     /// Shows the screen; where there is no layout to bring back, with a choice of mini windows.
@@ -30,4 +34,5 @@ private:
 
     TMachine m_Machine;
     std::unique_ptr<TConsoleShell> m_Shell;
+    QPointer<TSystemModule> m_System; // the shell's
 };

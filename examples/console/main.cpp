@@ -42,7 +42,7 @@ int RunWithOperator(TConsoleOptions const& options)
 {
     QString const folder = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
     TConsole console(options, options.dataFolder.isEmpty() ? folder : options.dataFolder);
-    console.Shell().WatchUsb(options.usbFolder);
+    console.WatchUsb(options.usbFolder);
     console.StartMachine();
     console.Start();
     return QApplication::exec();

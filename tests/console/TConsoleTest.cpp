@@ -9,16 +9,45 @@
 #include "TestCase.h"
 #include "TGnssModule.h"
 #include "TGuidanceModule.h"
+#include "THostPlatform.h"
+#include "TMessageDialog.h"
 #include "TNavigationBar.h"
+#include "TOffScreenButtons.h"
 #include "TPushButton.h"
 #include "TScreen.h"
 #include "TSetupModule.h"
 #include "TSprayerModule.h"
+#include "TSystemToolBar.h"
+#include "TToolTip.h"
+#include "TToolTipMode.h"
+#include "TUsbWatch.h"
 #include "TVirtualOperator.h"
 #include "TVirtualTime.h"
 #include "TWindowManager.h"
 
+#include <QDir>
 #include <QTemporaryDir>
+
+namespace
+{
+void RaiseStrip(TStage& stage)
+{
+    stage.console.Screen()->SquishRequestOffScreenButtons();
+    stage.time.Pass(SettleTime);
+}
+
+/// The title of the message that is up.
+QString Message(TStage const& stage)
+{
+    auto const messages = stage.console.Screen()->findChildren<TMessageDialog*>();
+    for (TMessageDialog* const message : messages)
+    {
+        if (message->isVisible())
+            return message->GetTitle();
+    }
+    return QString();
+}
+} // namespace
 
 /// What an operator does with the whole console.
 class TConsoleTest : public QObject
@@ -143,6 +172,220 @@ private Q_SLOTS:
         QCOMPARE(flyout.constFirst().constFirst().toBool(), false);
         stage.Manager()->OnDraggedOffRight(stage.IdOf(TCameraModule::Id()));
         QVERIFY(!stage.Button(QStringLiteral("icon-minus-larger")));
+    }
+
+    // What is at hand whatever the view
+
+    void theHomeButtonBringsTheMapBack()
+    {
+        QTemporaryDir folder;
+        TStage stage(folder.path());
+        stage.Manager()->OnDraggedOffRight(stage.IdOf(TCameraModule::Id()));
+        stage.time.Pass(SettleTime);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-home"))));
+        QCOMPARE(stage.Manager()->GetFullViewId(), stage.IdOf(TGuidanceModule::Id()));
+    }
+
+    void theSystemToolBarStandsInTheCornerButNotOverTheSetup()
+    {
+        QTemporaryDir folder;
+        TStage stage(folder.path());
+        TScreen* const screen = stage.console.Screen();
+        QCOMPARE(screen->GetSystemToolBar()->geometry().bottomRight(), screen->rect().bottomRight());
+        QVERIFY(stage.Tap(stage.SpecialButton(TSetupModule::Id())));
+        QVERIFY(!screen->GetSystemToolBar()->isVisible());
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-tick-larger"))));
+        QVERIFY(screen->GetSystemToolBar()->isVisible());
+    }
+
+    void fullViewsLeaveTheColumnOfTheBarFree()
+    {
+        QTemporaryDir folder;
+        TStage stage(folder.path());
+        TSystemToolBar const* const bar = stage.console.Screen()->GetSystemToolBar();
+        for (KVN::MorvaneID const& id :
+             {TGuidanceModule::Id(), TSprayerModule::Id(), TGnssModule::Id(), TCameraModule::Id()})
+        {
+            stage.Manager()->OnDraggedOffRight(stage.IdOf(id));
+            stage.time.Pass(SettleTime);
+            auto const windows = stage.console.Screen()->findChildren<TFullWindow*>();
+            for (TFullWindow* const window : windows)
+            {
+                if (window->isVisible())
+                    QCOMPARE(window->mapTo(stage.console.Screen(), QPoint(window->width(), 0)).x(), bar->x());
+            }
+        }
+    }
+
+    void theToolTipButtonExplainsAndEndsIt()
+    {
+        QTemporaryDir folder;
+        TStage stage(folder.path());
+        auto const tip = [&] { return stage.console.Screen()->findChild<TToolTip*>(); };
+        auto const isExplained = [&] { return tip() && tip()->isVisible(); };
+        RaiseStrip(stage);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-tool-tip"))));
+        QCOMPARE(stage.Manager()->GetOffScreenState(), OFF_SCREEN_HIDDEN);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-home"))));
+        QVERIFY(isExplained());
+        QVERIFY(stage.Tap(stage.NavigationButton(TCameraModule::Id())));
+        QVERIFY(isExplained());
+        QVERIFY(!stage.Manager()->GetSlot(2).contains(stage.IdOf(TCameraModule::Id())));
+        RaiseStrip(stage);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-tool-tip"))));
+        QVERIFY(!isExplained());
+        QVERIFY(stage.Tap(stage.NavigationButton(TCameraModule::Id())));
+        QVERIFY(stage.Manager()->GetSlot(2).contains(stage.IdOf(TCameraModule::Id())));
+    }
+
+    void theToolTipButtonTellsWhetherTipsAreOn()
+    {
+        QTemporaryDir folder;
+        TStage stage(folder.path());
+        RaiseStrip(stage);
+        TPushButton* const button = stage.Button(QStringLiteral("icon-tool-tip"));
+        QString const off = button->GetText();
+        TToolTipMode* const mode = stage.console.Shell().GetPlatform()->GetToolTipMode();
+        mode->SetOn(true);
+        QVERIFY(button->GetText() != off);
+        mode->SetOn(false);
+        QCOMPARE(button->GetText(), off);
+    }
+
+    void aSwipeUpFromTheEdgeBringsTheOffScreenButtons_data()
+    {
+        QTest::addColumn<int>("x");
+        QTest::newRow("over the map") << 600;
+        QTest::newRow("over the navigation bar") << 30;
+        QTest::newRow("over a mini window's slot") << 200;
+    }
+
+    void aSwipeUpFromTheEdgeBringsTheOffScreenButtons()
+    {
+        QFETCH(int, x);
+        QTemporaryDir folder;
+        TStage stage(folder.path());
+        QPoint const edge(x, 767);
+        stage.finger.Drag(edge, edge - QPoint(0, 30), 10);
+        stage.time.Pass(SettleTime);
+        QCOMPARE(stage.Manager()->GetOffScreenState(), OFF_SCREEN_UP);
+        QVERIFY(stage.Button(QStringLiteral("icon-screenshot")));
+        stage.finger.Tap(QPoint(600, 200));
+        stage.time.Pass(SettleTime);
+        QCOMPARE(stage.Manager()->GetOffScreenState(), OFF_SCREEN_HIDDEN);
+    }
+
+    void tenQuietSecondsSendTheOffScreenButtonsAway()
+    {
+        QTemporaryDir folder;
+        TStage stage(folder.path());
+        stage.console.Screen()->SquishRequestOffScreenButtons();
+        stage.time.Pass(8000);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-quieter"))));
+        // The timer is a coarse one.
+        stage.time.Pass(8500);
+        QCOMPARE(stage.Manager()->GetOffScreenState(), OFF_SCREEN_UP);
+        stage.time.Pass(2000);
+        QCOMPARE(stage.Manager()->GetOffScreenState(), OFF_SCREEN_HIDDEN);
+    }
+
+    void theStripTurnsTheVolumeAndTheSetupFollows()
+    {
+        QTemporaryDir folder;
+        TStage stage(folder.path());
+        auto const volume = [] { return ConfigManager::Instance()->Read(CONFIG_SOUND_VOLUME).toInt(); };
+        QVERIFY(stage.Tap(stage.SpecialButton(TSetupModule::Id())));
+        ConfigManager::Instance()->Write(CONFIG_SOUND_VOLUME, 50, false);
+        ConfigManager::Instance()->Write(CONFIG_SOUND_ENABLED, false, false);
+        stage.time.Pass(SettleTime);
+        QVERIFY(!stage.Button(QStringLiteral("icon-plus-larger"))->isEnabled());
+        stage.console.Screen()->SquishRequestOffScreenButtons();
+        stage.time.Pass(SettleTime);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-quieter"))));
+        QCOMPARE(volume(), 40);
+        QVERIFY(!stage.Button(QStringLiteral("icon-plus-larger"))->isEnabled());
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-louder"))));
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-louder"))));
+        QCOMPARE(volume(), 60);
+        QVERIFY(stage.Button(QStringLiteral("icon-plus-larger"))->isEnabled());
+        stage.finger.Hold(stage.finger.MiddleOf(stage.Button(QStringLiteral("icon-louder"))), 2000);
+        QCOMPARE(volume(), 100);
+    }
+
+    void theStripIsNotInItsOwnPicture()
+    {
+        QTemporaryDir folder;
+        QTemporaryDir stick;
+        TStage stage(folder.path());
+        stage.console.WatchUsb(stick.path());
+        RaiseStrip(stage);
+        TPushButton* const neighbour = stage.Button(QStringLiteral("icon-louder"));
+        QRect const place(neighbour->mapTo(stage.console.Screen(), QPoint()), neighbour->size());
+        QImage const withTheStrip = stage.console.Screen()->grab(place).toImage();
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-screenshot"))));
+        QCOMPARE(stage.Manager()->GetOffScreenState(), OFF_SCREEN_HIDDEN);
+        QDir const pictures(stick.filePath(QStringLiteral("Screenshots")));
+        QStringList const files = pictures.entryList({QStringLiteral("*.png")});
+        QCOMPARE(files.size(), 1);
+        QImage const picture(pictures.filePath(files.constFirst()));
+        QCOMPARE(picture.size(), QSize(1024, 768));
+        QVERIFY(picture.copy(place).convertToFormat(withTheStrip.format()) != withTheStrip);
+    }
+
+    void withoutAStickTheOperatorIsAskedForOne_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::newRow("to eject") << "icon-usb";
+        QTest::newRow("for a picture") << "icon-screenshot";
+    }
+
+    void withoutAStickTheOperatorIsAskedForOne()
+    {
+        QFETCH(QString, button);
+        QTemporaryDir folder;
+        TStage stage(folder.path());
+        RaiseStrip(stage);
+        QVERIFY(stage.Tap(stage.Button(button)));
+        QCOMPARE(Message(stage), QStringLiteral("No External Media Detected"));
+    }
+
+    void theUsbButtonEjectsTheStick()
+    {
+        QTemporaryDir folder;
+        QTemporaryDir stick;
+        TStage stage(folder.path());
+        stage.console.WatchUsb(stick.path());
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-usb"))));
+        QCOMPARE(Message(stage), QStringLiteral("Eject USB"));
+        QVERIFY(!stage.console.Shell().GetUsbWatch()->IsExternalDrivePresent());
+    }
+
+    void aFolderIsInsertedAndPulledByTheStrip()
+    {
+        QTemporaryDir folder;
+        QTemporaryDir stick;
+        TStage stage(folder.path());
+        stage.console.WatchUsb(stick.path());
+        TUsbWatch* const watch = stage.console.Shell().GetUsbWatch();
+        RaiseStrip(stage);
+        TPushButton* const button = stage.Button(QStringLiteral("stick"));
+        QVERIFY(button);
+        for (bool const isPresent : {true, false, true})
+        {
+            QCOMPARE(watch->IsExternalDrivePresent(), isPresent);
+            QCOMPARE(button->GetText(), isPresent ? QStringLiteral("Pull") : QStringLiteral("Insert"));
+            QVERIFY(stage.Tap(button));
+        }
+    }
+
+    void withoutAFolderThereIsNothingToPull()
+    {
+        QTemporaryDir folder;
+        TStage stage(folder.path());
+        stage.console.WatchUsb(QString());
+        RaiseStrip(stage);
+        QVERIFY(stage.Button(QStringLiteral("icon-louder")));
+        QVERIFY(!stage.Button(QStringLiteral("stick")));
     }
 };
 

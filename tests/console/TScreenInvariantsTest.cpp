@@ -6,7 +6,9 @@
 #include "TestCase.h"
 #include "TMiniWindow.h"
 #include "TModalWidget.h"
+#include "TOffScreenButtons.h"
 #include "TScreen.h"
+#include "TSystemToolBar.h"
 #include "TVirtualTime.h"
 
 #include <QTemporaryDir>
@@ -102,6 +104,53 @@ private Q_SLOTS:
         TStage stage;
         stage.console.Screen()->SetCurrentCanvas(stage.console.Screen()->GetCurrentCanvas(), false);
         QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("bar is hidden")));
+    }
+
+    void aHiddenSystemToolBarIsSeen()
+    {
+        TStage stage;
+        stage.console.Screen()->ShowSystemToolbar(false);
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("tool bar is hidden")));
+    }
+
+    void aSystemToolBarOutOfItsCornerIsSeen()
+    {
+        TStage stage;
+        TSystemToolBar* const bar = stage.console.Screen()->GetSystemToolBar();
+        stage.console.Screen()->ShowSystemToolbar(false);
+        bar->show();
+        bar->move(bar->pos() - QPoint(0, 1));
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("left its corner")));
+    }
+
+    void aSystemToolBarBehindTheFadeIsSeen()
+    {
+        TStage stage;
+        QWidget locking(stage.console.Screen());
+        locking.show();
+        stage.console.Screen()->AddLockingWidget({&locking, QString(), 1, {}});
+        QCOMPARE(BrokenInvariant(stage.console.Screen()), QString());
+        stage.console.Screen()->GetSystemToolBar()->stackUnder(stage.console.Screen()->GetModalWidget());
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("wrong layer")));
+        stage.console.Screen()->RemoveLockingWidget(&locking);
+    }
+
+    void offScreenButtonsThatAreCoveredAreSeen()
+    {
+        TStage stage;
+        stage.console.Screen()->SquishRequestOffScreenButtons();
+        stage.time.Pass(SettleTime);
+        QCOMPARE(BrokenInvariant(stage.console.Screen()), QString());
+        stage.console.Screen()->GetSystemToolBar()->raise();
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("above the off-screen")));
+    }
+
+    void offScreenButtonsThatVanishedAreSeen()
+    {
+        TStage stage;
+        stage.console.Screen()->SquishRequestOffScreenButtons();
+        stage.console.Screen()->GetOffScreenButtons()->hide();
+        QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("thought to be")));
     }
 
     void aLockWithoutAnOwnerIsSeen()

@@ -57,7 +57,7 @@ int RunAutomatically(TConsoleOptions const& options)
     TVirtualTime time;
     TConsole console(options, options.dataFolder.isEmpty() ? ownFolder.path() : options.dataFolder);
     // A run without an operator leaves the sticks of the machine that it runs on alone.
-    console.Shell().WatchUsb(options.usbFolder.isEmpty() ? ownFolder.filePath(OwnStick) : options.usbFolder);
+    console.WatchUsb(options.usbFolder.isEmpty() ? ownFolder.filePath(OwnStick) : options.usbFolder);
     console.StartMachine();
     time.Pass(options.nmea ? RecordedWorkBefore : SimulatedWorkBefore);
     console.Start();

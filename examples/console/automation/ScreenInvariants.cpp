@@ -9,7 +9,9 @@
 #include "TMMIHighlightWidget.h"
 #include "TModalWidget.h"
 #include "TNavigationBar.h"
+#include "TOffScreenButtons.h"
 #include "TScreen.h"
+#include "TSystemToolBar.h"
 #include "TWindowManager.h"
 
 #include <QApplication>
@@ -96,6 +98,40 @@ QString BarsFollowTheView(TScene const& scene)
     if (scene.screen->IsNavigationBarVisible() == scene.isSetup)
         return scene.isSetup ? QStringLiteral("the navigation bar shows over the setup")
                              : QStringLiteral("the navigation bar is hidden");
+    return QString();
+}
+
+QString SystemToolBarStandsInTheCorner(TScene const& scene)
+{
+    TSystemToolBar* const bar = scene.screen->GetSystemToolBar();
+    if (!bar)
+        return QString();
+    if (bar->isVisible() == scene.isSetup)
+        return scene.isSetup ? QStringLiteral("the system tool bar shows over the setup")
+                             : QStringLiteral("the system tool bar is hidden");
+    if (!scene.isSetup && bar->geometry().bottomRight() != scene.screen->rect().bottomRight())
+        return QStringLiteral("the system tool bar left its corner");
+    bool const isBehindTheFade = scene.LayerOf(scene.screen->GetModalWidget()) > scene.LayerOf(bar);
+    if (!scene.isSetup && isBehindTheFade != scene.screen->AreAllToolbarsLocked())
+        return QStringLiteral("the system tool bar is in the wrong layer");
+    return QString();
+}
+
+QString OffScreenButtonsLieAboveAll(TScene const& scene)
+{
+    TOffScreenButtons* const strip = scene.screen->GetOffScreenButtons();
+    if (!strip)
+        return QString();
+    EOffScreenState const state = scene.manager->GetOffScreenState();
+    if (strip->isVisible() == (state == OFF_SCREEN_HIDDEN))
+        return QStringLiteral("the off-screen buttons are not where they are thought to be");
+    int const layer = scene.LayerOf(strip);
+    for (int above = layer + 1; layer >= 0 && above < scene.layers.size(); ++above)
+    {
+        if (!scene.layers[above]->inherits("TToolTip"))
+            return QStringLiteral("%1 lies above the off-screen buttons")
+                .arg(QLatin1String(scene.layers[above]->metaObject()->className()));
+    }
     return QString();
 }
 
@@ -202,6 +238,8 @@ QString BrokenInvariant(TScreen* screen)
                                CanvasLiesLowest,
                                FullViewIsUp,
                                BarsFollowTheView,
+                               SystemToolBarStandsInTheCorner,
+                               OffScreenButtonsLieAboveAll,
                                MiniWindowsLieBelowTheBar,
                                SlotsHaveOneTop,
                                MiniWindowsStandWhereTheyShould,

@@ -6,10 +6,12 @@
 #include "TDiagnosticsModule.h"
 #include "TGnssModule.h"
 #include "TGuidanceModule.h"
+#include "TOffScreenButtons.h"
 #include "TPushButton.h"
 #include "TScreen.h"
 #include "TSetupModule.h"
 #include "TSprayerModule.h"
+#include "TSystemSettingsProxy.h"
 #include "TVirtualTime.h"
 #include "TWindowManager.h"
 
@@ -21,6 +23,7 @@ namespace
 constexpr int SettleTime = 500;
 constexpr int HalfSlide = 80;
 constexpr int DragSteps = 12;
+constexpr int FlickSteps = 4;
 constexpr int WheelNotch = 120;
 // Longer than a level that is gone stays in the way of the one below it.
 constexpr int WideStep = 700;
@@ -63,6 +66,10 @@ QString TTour::Run()
     ShowWheel();
     ShowSetup();
     ShowDiagnostics();
+    ShowSystemToolBar();
+    ShowOffScreenButtons();
+    ShowToolTips();
+    ShowScreenshot();
     return m_Failure;
 }
 
@@ -243,6 +250,97 @@ void TTour::ShowDiagnostics()
     Press(button, QStringLiteral("the way back from the diagnostics"));
     Settle();
     Picture(QStringLiteral("back-again"));
+}
+
+void TTour::ShowSystemToolBar()
+{
+    DragOffRight(TGnssModule::Id());
+    Settle();
+    PressButton(QStringLiteral("icon-home"));
+    Settle();
+    Picture(QStringLiteral("home"));
+    PressButton(QStringLiteral("icon-usb"));
+    Settle();
+    Picture(QStringLiteral("stick-ejected"));
+    PressButton(QStringLiteral("icon-tick-larger"));
+    Settle();
+    PressButton(QStringLiteral("icon-usb"));
+    Settle();
+    Picture(QStringLiteral("stick-asked-for"));
+    PressButton(QStringLiteral("icon-tick-larger"));
+    Settle();
+}
+
+void TTour::ShowOffScreenButtons()
+{
+    SwipeUp();
+    Picture(QStringLiteral("off-screen-buttons-rising"));
+    Settle();
+    PressButton(QStringLiteral("stick"));
+    PressButton(QStringLiteral("icon-louder"));
+    Settle();
+    Picture(QStringLiteral("off-screen-buttons"));
+    SwipeDown();
+    Settle();
+    if (m_Console->Screen()->GetOffScreenButtons()->isVisible())
+        Fail(QStringLiteral("a swipe down left the off-screen buttons up"));
+    PressButton(QStringLiteral("icon-up"));
+    Settle();
+    if (!m_Console->Screen()->GetOffScreenButtons()->isVisible())
+        Fail(QStringLiteral("the system tool bar does not bring the off-screen buttons"));
+    SwipeDown();
+    Settle();
+}
+
+void TTour::ShowToolTips()
+{
+    SwipeUp();
+    Settle();
+    PressButton(QStringLiteral("icon-tool-tip"));
+    Settle();
+    Picture(QStringLiteral("tool-tips"));
+    PressNavigation(TSprayerModule::Id());
+    Settle();
+    Picture(QStringLiteral("tool-tip"));
+    SwipeUp();
+    Settle();
+    PressButton(QStringLiteral("icon-quieter"));
+    Settle();
+    Picture(QStringLiteral("tool-tip-off-screen"));
+    PressButton(QStringLiteral("icon-tool-tip"));
+    Settle();
+}
+
+void TTour::ShowScreenshot()
+{
+    SwipeUp();
+    Settle();
+    PressButton(QStringLiteral("icon-screenshot"));
+    Settle();
+    QString stick;
+    TSystemSettingsProxy::Instance()->GetExternalDrivePath(stick);
+    if (QDir(stick + QStringLiteral("/Screenshots")).isEmpty())
+        Fail(QStringLiteral("the picture of the screen is not on the stick"));
+    SwipeUp();
+    Settle();
+    PressButton(QStringLiteral("stick"));
+    PressButton(QStringLiteral("icon-screenshot"));
+    Settle();
+    Picture(QStringLiteral("picture-without-a-stick"));
+    PressButton(QStringLiteral("icon-tick-larger"));
+    Settle();
+}
+
+void TTour::SwipeUp()
+{
+    QPoint const edge(SCREEN_WIDTH / 2, SCREEN_HEIGHT - 1);
+    m_Operator.Drag(edge, edge - QPoint(0, DragSteps), FlickSteps);
+}
+
+void TTour::SwipeDown()
+{
+    QPoint const edge(SCREEN_WIDTH / 2, SCREEN_HEIGHT - 1);
+    m_Operator.Drag(edge - QPoint(0, SCREEN_HEIGHT / 8), edge, DragSteps);
 }
 
 void TTour::Picture(QString const& name)

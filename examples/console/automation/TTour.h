@@ -33,12 +33,18 @@ private:
     void ShowWheel();
     void ShowSetup();
     void ShowDiagnostics();
+    void ShowSystemToolBar();
+    void ShowOffScreenButtons();
+    void ShowToolTips();
+    void ShowScreenshot();
 
     void Picture(QString const& name);
     void Press(QWidget* button, QString const& what);
     void PressButton(QString const& objectName);
     void PressNavigation(KVN::MorvaneID const& id);
     void DragOffRight(KVN::MorvaneID const& id);
+    void SwipeUp();
+    void SwipeDown();
     void Settle();
     void Fail(QString const& reason);
 

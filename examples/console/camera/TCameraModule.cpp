@@ -24,4 +24,6 @@ void TCameraModule::RegisterViews(TScreen* screen)
 {
     screen->AssignNavButton(Id(), QStringLiteral("icon-camera"), &m_MiniWindow, &m_Canvas, &m_FullWindow,
                             QCoreApplication::translate("TCameraModule", "Camera behind the machine"));
+    // The column at the right, where the system tool bar stands, stays free.
+    m_Canvas.SetFullWindow(&m_FullWindow, true);
 }

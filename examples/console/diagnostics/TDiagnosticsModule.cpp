@@ -21,4 +21,6 @@ void TDiagnosticsModule::RegisterViews(TScreen* screen)
 {
     screen->AssignNavActionButton(Id(), QStringLiteral("icon-diagnostics"), &m_Canvas, &m_Window,
                                   QCoreApplication::translate("TDiagnosticsModule", "Diagnostics"));
+    // The column at the right, where the system tool bar stands, stays free.
+    m_Canvas.SetFullWindow(&m_Window, true);
 }

@@ -24,4 +24,6 @@ void TGnssModule::RegisterViews(TScreen* screen)
     screen->AssignNavButton(Id(), QStringLiteral("icon-gnss"),
                             QList<TMiniWindow*>{&m_FixWindow, &m_SkyWindow}, &m_Canvas, &m_FullWindow,
                             QCoreApplication::translate("TGnssModule", "Position and satellites"));
+    // The column at the right, where the system tool bar stands, stays free.
+    m_Canvas.SetFullWindow(&m_FullWindow, true);
 }

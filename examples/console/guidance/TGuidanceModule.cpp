@@ -20,4 +20,6 @@ void TGuidanceModule::RegisterViews(TScreen* screen)
 {
     screen->AssignNavButton(Id(), QStringLiteral("icon-guidance"), &m_MiniWindow, &m_Canvas, &m_FullWindow,
                             QCoreApplication::translate("TGuidanceModule", "Guidance: map and lines"));
+    // The column at the right, where the system tool bar stands, stays free.
+    m_Canvas.SetFullWindow(&m_FullWindow, true);
 }

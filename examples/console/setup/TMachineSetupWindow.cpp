@@ -4,6 +4,7 @@
 #include "MainScreen.h"
 #include "Palette.h"
 #include "PixmapNames.h"
+#include "SoundVolume.h"
 #include "TChoiceRow.h"
 #include "TMachinePage.h"
 #include "TPushButton.h"
@@ -16,6 +17,7 @@
 namespace
 {
 constexpr int CloseButton = 0;
+constexpr int FollowInterval = 250;
 constexpr int Margin = 24;
 constexpr int Gap = 10;
 constexpr int PageButtonWidth = 190;
@@ -27,8 +29,6 @@ constexpr int AboutRowHeight = 40;
 constexpr int AboutTextSize = 18;
 constexpr int AboutRows = 3;
 constexpr int IconMargin = 18;
-constexpr int VolumeStep = 10;
-constexpr int LoudestVolume = 100;
 constexpr int RepeatDelay = 250;
 constexpr int RepeatInterval = 100;
 constexpr int CleanStop = 0;
@@ -53,6 +53,7 @@ void Store(int id, QVariant const& value)
 TMachineSetupWindow::TMachineSetupWindow(QWidget* canvas)
     : TFullWindow(canvas)
 {
+    UseTimer(FollowInterval);
 }
 
 void TMachineSetupWindow::Setup()
@@ -98,9 +99,9 @@ void TMachineSetupWindow::MakeSoundPage(QWidget* page)
             });
     m_Quieter =
         new TPushButton(page, QStringLiteral("icon-minus-larger"), QSize(), QPoint(), 0, tr("Quieter"));
-    connect(m_Quieter, &TPushButton::Clicked, this, [this] { StepVolume(-VolumeStep); });
+    connect(m_Quieter, &TPushButton::Clicked, this, [this] { StepVolume(-1); });
     m_Louder = new TPushButton(page, QStringLiteral("icon-plus-larger"), QSize(), QPoint(), 0, tr("Louder"));
-    connect(m_Louder, &TPushButton::Clicked, this, [this] { StepVolume(VolumeStep); });
+    connect(m_Louder, &TPushButton::Clicked, this, [this] { StepVolume(1); });
     for (TPushButton* const step : {m_Quieter, m_Louder})
         step->SetAutoRepeat(true, RepeatDelay, RepeatInterval);
     m_Volume = new TValueField(page, tr("Volume"), QStringLiteral("%"));
@@ -156,11 +157,11 @@ void TMachineSetupWindow::ShowPage(int page)
 
 void TMachineSetupWindow::StepVolume(int step)
 {
-    Store(CONFIG_SOUND_VOLUME, qBound(0, Setting(CONFIG_SOUND_VOLUME).toInt() + step, LoudestVolume));
+    StepSoundVolume(step);
     Sync();
 }
 
-void TMachineSetupWindow::Sync()
+void TMachineSetupWindow::SyncSound()
 {
     bool const isSoundOn = Setting(CONFIG_SOUND_ENABLED).toBool();
     int const volume = Setting(CONFIG_SOUND_VOLUME).toInt();
@@ -168,8 +169,19 @@ void TMachineSetupWindow::Sync()
     m_Volume->SetValue(QString::number(volume));
     m_Quieter->setEnabled(isSoundOn && volume > 0);
     m_Louder->setEnabled(isSoundOn && volume < LoudestVolume);
+}
+
+void TMachineSetupWindow::Sync()
+{
+    SyncSound();
     m_ButtonSizeRow->SetChoice(Setting(CONFIG_BUTTON_SIZE).toInt());
     m_MachinePage->Sync();
+}
+
+// The off-screen buttons change the volume too.
+void TMachineSetupWindow::Refresh()
+{
+    SyncSound();
 }
 
 // The back key closes the setup, as its own button does.

@@ -19,6 +19,7 @@ public:
     explicit TMachineSetupWindow(QWidget* canvas);
 
     void Setup() override;
+    void Refresh() override;
     bool OnMMIBack() override;
     void SaveXMLStateSnapshot(QDomElement element) override;
     void RestoreXMLStateSnapshot(QDomElement element) override;
@@ -44,6 +45,7 @@ private:
     void ShowPage(int page);
     void StepVolume(int step);
     void Sync();
+    void SyncSound();
     void Arrange();
 
     int m_Page = PAGE_SOUND;

@@ -26,4 +26,6 @@ void TSprayerModule::RegisterViews(TScreen* screen)
     screen->AssignNavButton(
         Id(), QStringLiteral("icon-sprayer"), &m_MiniWindow, &m_Canvas, &m_FullWindow,
         QCoreApplication::translate("TSprayerModule", "Sprayer: sections, tank and rate"));
+    // The column at the right, where the system tool bar stands, stays free.
+    m_Canvas.SetFullWindow(&m_FullWindow, true);
 }
