@@ -114,6 +114,28 @@ private Q_SLOTS:
         QCOMPARE(stage.Manager()->GetSlot(0), QList<int>{stage.IdOf(TSprayerModule::Id())});
     }
 
+    // Page after page, whether it is shown or not. What shows nothing but a title needs no words, nor does
+    // what its window holds back, and what ends the mode must work in it.
+    void everyButtonExplainsItself()
+    {
+        QTemporaryDir folder;
+        QTemporaryDir stick;
+        TStage stage(folder.path());
+        stage.console.WatchUsb(stick.path());
+        QVERIFY(stage.Tap(stage.SpecialButton(TSetupModule::Id())));
+        auto const buttons = stage.console.Screen()->findChildren<TPushButton*>();
+        QVERIFY(buttons.size() > 20);
+        for (TPushButton const* const button : buttons)
+        {
+            bool const isExcused = button->isHidden() || button->parent()->inherits("TMiniWindowTitlebar") ||
+                                   button->objectName() == QLatin1String("icon-tool-tip");
+            if (button->GetToolTip().isEmpty() && !isExcused)
+                QFAIL(qPrintable(QStringLiteral("a button without words: '%1' in a %2")
+                                     .arg(button->objectName(),
+                                          QLatin1String(button->parent()->metaObject()->className()))));
+        }
+    }
+
     void theBackKeyClosesTheSetup()
     {
         QTemporaryDir folder;

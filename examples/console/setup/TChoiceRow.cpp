@@ -17,7 +17,8 @@ constexpr int ButtonGap = 6;
 constexpr int Centred = Qt::AlignHCenter | Qt::AlignVCenter;
 } // namespace
 
-TChoiceRow::TChoiceRow(QWidget* parent, QString const& caption, QStringList const& choices)
+TChoiceRow::TChoiceRow(QWidget* parent, QString const& caption, QString const& toolTip,
+                       QStringList const& choices)
     : QWidget(parent)
     , m_Caption(caption)
 {
@@ -26,7 +27,7 @@ TChoiceRow::TChoiceRow(QWidget* parent, QString const& caption, QStringList cons
     {
         auto* const button =
             new TPushButton(this, QString(), PixmapNames::NewStandardButton,
-                            PixmapNames::NewStandardButtonSelected, m_Buttons.size(), QString());
+                            PixmapNames::NewStandardButtonSelected, m_Buttons.size(), toolTip);
         button->SetText(choice, choice, true, QString(), false);
         button->SetFontProperties(regularButtonTextColor, ButtonTextSize, true, false, false, Centred, false);
         connect(button, &TPushButton::Clicked, this, &TChoiceRow::Chosen);

@@ -15,7 +15,8 @@ class TChoiceRow : public QWidget
 public:
     static constexpr int Height = 84;
 
-    TChoiceRow(QWidget* parent, QString const& caption, QStringList const& choices);
+    /// \a toolTip tells what is chosen here.
+    TChoiceRow(QWidget* parent, QString const& caption, QString const& toolTip, QStringList const& choices);
 
     /// -1 for none. Emits nothing.
     void SetChoice(int choice);

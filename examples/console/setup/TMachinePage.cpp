@@ -16,39 +16,63 @@ struct TEquipment
 {
     int setting;
     char const* caption;
+    char const* toolTip;
     char const* choices[MostChoices];
 };
 
 constexpr TEquipment Equipment[] = {
     {90001,
      QT_TRANSLATE_NOOP("TMachinePage", "Nozzles"),
+     QT_TRANSLATE_NOOP("TMachinePage", "Which nozzles the boom carries"),
      {QT_TRANSLATE_NOOP("TMachinePage", "Flat fan"), QT_TRANSLATE_NOOP("TMachinePage", "Twin fan"),
       QT_TRANSLATE_NOOP("TMachinePage", "Air induction"), nullptr}},
-    {90002, QT_TRANSLATE_NOOP("TMachinePage", "Nozzle size"), {"02", "03", "04", "05"}},
-    {90003, QT_TRANSLATE_NOOP("TMachinePage", "Boom height"), {"40 cm", "50 cm", "60 cm", "75 cm"}},
-    {90004, QT_TRANSLATE_NOOP("TMachinePage", "Overlap"), {"0 cm", "10 cm", "20 cm", nullptr}},
+    {90002,
+     QT_TRANSLATE_NOOP("TMachinePage", "Nozzle size"),
+     QT_TRANSLATE_NOOP("TMachinePage", "The size that is printed on the nozzles"),
+     {"02", "03", "04", "05"}},
+    {90003,
+     QT_TRANSLATE_NOOP("TMachinePage", "Boom height"),
+     QT_TRANSLATE_NOOP("TMachinePage", "How high the boom runs above the crop"),
+     {"40 cm", "50 cm", "60 cm", "75 cm"}},
+    {90004,
+     QT_TRANSLATE_NOOP("TMachinePage", "Overlap"),
+     QT_TRANSLATE_NOOP("TMachinePage", "How far two tracks cover each other"),
+     {"0 cm", "10 cm", "20 cm", nullptr}},
     {90005,
      QT_TRANSLATE_NOOP("TMachinePage", "Pump"),
+     QT_TRANSLATE_NOOP("TMachinePage", "Which pump feeds the boom"),
      {QT_TRANSLATE_NOOP("TMachinePage", "Piston"), QT_TRANSLATE_NOOP("TMachinePage", "Centrifugal"), nullptr,
       nullptr}},
     {90006,
      QT_TRANSLATE_NOOP("TMachinePage", "Agitation"),
+     QT_TRANSLATE_NOOP("TMachinePage", "How strongly the tank is stirred"),
      {QT_TRANSLATE_NOOP("TMachinePage", "Gentle"), QT_TRANSLATE_NOOP("TMachinePage", "Strong"), nullptr,
       nullptr}},
     {90007,
      QT_TRANSLATE_NOOP("TMachinePage", "Steering"),
+     QT_TRANSLATE_NOOP("TMachinePage", "How the tractor is steered"),
      {QT_TRANSLATE_NOOP("TMachinePage", "Front wheels"), QT_TRANSLATE_NOOP("TMachinePage", "Articulated"),
       QT_TRANSLATE_NOOP("TMachinePage", "Tracks"), nullptr}},
     {90008,
      QT_TRANSLATE_NOOP("TMachinePage", "Antenna"),
+     QT_TRANSLATE_NOOP("TMachinePage", "Where the antenna is mounted"),
      {QT_TRANSLATE_NOOP("TMachinePage", "On the roof"), QT_TRANSLATE_NOOP("TMachinePage", "On the hood"),
       nullptr, nullptr}},
     {90009,
      QT_TRANSLATE_NOOP("TMachinePage", "Speed from"),
+     QT_TRANSLATE_NOOP("TMachinePage", "What the speed is measured by"),
      {QT_TRANSLATE_NOOP("TMachinePage", "Satellites"), QT_TRANSLATE_NOOP("TMachinePage", "Wheel"),
       QT_TRANSLATE_NOOP("TMachinePage", "Radar"), nullptr}},
-    {90010, QT_TRANSLATE_NOOP("TMachinePage", "Light bar step"), {"2 cm", "5 cm", "10 cm", nullptr}},
+    {90010,
+     QT_TRANSLATE_NOOP("TMachinePage", "Light bar step"),
+     QT_TRANSLATE_NOOP("TMachinePage", "How far off track one light stands for"),
+     {"2 cm", "5 cm", "10 cm", nullptr}},
 };
+
+QString Text(char const* text)
+{
+    return QCoreApplication::translate("TMachinePage", text);
+}
 
 QStringList ChoicesOf(TEquipment const& equipment)
 {
@@ -56,7 +80,7 @@ QStringList ChoicesOf(TEquipment const& equipment)
     for (char const* const choice : equipment.choices)
     {
         if (choice)
-            choices.append(QCoreApplication::translate("TMachinePage", choice));
+            choices.append(Text(choice));
     }
     return choices;
 }
@@ -68,8 +92,8 @@ TMachinePage::TMachinePage(QWidget* parent)
 {
     for (TEquipment const& equipment : Equipment)
     {
-        auto* const row = new TChoiceRow(
-            m_Content, QCoreApplication::translate("TMachinePage", equipment.caption), ChoicesOf(equipment));
+        auto* const row =
+            new TChoiceRow(m_Content, Text(equipment.caption), Text(equipment.toolTip), ChoicesOf(equipment));
         connect(row, &TChoiceRow::Chosen, this,
                 [row, setting = equipment.setting](int choice)
                 {

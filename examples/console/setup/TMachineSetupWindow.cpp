@@ -35,9 +35,22 @@ constexpr int CleanStop = 0;
 constexpr int Centred = Qt::AlignHCenter | Qt::AlignVCenter;
 QString const PageAttribute = QStringLiteral("Page");
 
-constexpr char const* PageNames[] = {
-    QT_TRANSLATE_NOOP("TMachineSetupWindow", "Sound"), QT_TRANSLATE_NOOP("TMachineSetupWindow", "Display"),
-    QT_TRANSLATE_NOOP("TMachineSetupWindow", "System"), QT_TRANSLATE_NOOP("TMachineSetupWindow", "Machine")};
+struct TPage
+{
+    char const* name;
+    char const* toolTip;
+};
+
+constexpr TPage Pages[] = {
+    {QT_TRANSLATE_NOOP("TMachineSetupWindow", "Sound"),
+     QT_TRANSLATE_NOOP("TMachineSetupWindow", "What the console lets you hear")},
+    {QT_TRANSLATE_NOOP("TMachineSetupWindow", "Display"),
+     QT_TRANSLATE_NOOP("TMachineSetupWindow", "What the screen looks like")},
+    {QT_TRANSLATE_NOOP("TMachineSetupWindow", "System"),
+     QT_TRANSLATE_NOOP("TMachineSetupWindow", "Versions, and switching the console off")},
+    {QT_TRANSLATE_NOOP("TMachineSetupWindow", "Machine"),
+     QT_TRANSLATE_NOOP("TMachineSetupWindow", "What the console knows of the machine")},
+};
 
 QVariant Setting(int id)
 {
@@ -79,8 +92,8 @@ void TMachineSetupWindow::MakePageButtons()
     for (int page = 0; page < PAGE_COUNT; ++page)
     {
         auto* const button =
-            new TPushButton(GetWindowContent(), QString(), QSize(), QPoint(), page, QString());
-        button->SetText(tr(PageNames[page]), QStringLiteral("setup-page-%1").arg(page), true, QString(),
+            new TPushButton(GetWindowContent(), QString(), QSize(), QPoint(), page, tr(Pages[page].toolTip));
+        button->SetText(tr(Pages[page].name), QStringLiteral("setup-page-%1").arg(page), true, QString(),
                         false);
         button->SetFontProperties(regularButtonTextColor, TextSize, true, false, false, Centred, false);
         connect(button, &TPushButton::Clicked, this, &TMachineSetupWindow::ShowPage);
@@ -90,7 +103,8 @@ void TMachineSetupWindow::MakePageButtons()
 
 void TMachineSetupWindow::MakeSoundPage(QWidget* page)
 {
-    m_SoundRow = new TChoiceRow(page, tr("Sounds"), {tr("Off"), tr("On")});
+    m_SoundRow =
+        new TChoiceRow(page, tr("Sounds"), tr("Whether buttons and alarms are heard"), {tr("Off"), tr("On")});
     connect(m_SoundRow, &TChoiceRow::Chosen, this,
             [this](int choice)
             {
@@ -110,7 +124,8 @@ void TMachineSetupWindow::MakeSoundPage(QWidget* page)
 void TMachineSetupWindow::MakeDisplayPage(QWidget* page)
 {
     m_ButtonSizeRow =
-        new TChoiceRow(page, tr("Size of the buttons"), {tr("Normal"), tr("Large"), tr("Largest")});
+        new TChoiceRow(page, tr("Size of the buttons"), tr("How large the buttons of the bars are"),
+                       {tr("Normal"), tr("Large"), tr("Largest")});
     connect(m_ButtonSizeRow, &TChoiceRow::Chosen, this,
             [this](int choice)
             {
