@@ -30,7 +30,8 @@ private:
 TMessageDialog* Shown(TScreen const& screen)
 {
     TMessageDialog* shown = nullptr;
-    for (TMessageDialog* const message : screen.findChildren<TMessageDialog*>())
+    auto const messages = screen.findChildren<TMessageDialog*>();
+    for (TMessageDialog* const message : messages)
     {
         if (!message->isVisible())
             continue;
