@@ -158,7 +158,8 @@ private Q_SLOTS:
         if (position < 0)
         {
             QVERIFY(!found);
-            for (TPushButton const* const other : dialog.findChildren<TPushButton*>())
+            auto const others = dialog.findChildren<TPushButton*>();
+            for (TPushButton const* const other : others)
                 QVERIFY(other->isEnabled());
             return;
         }
@@ -193,7 +194,8 @@ private Q_SLOTS:
             TNotingDialog dialog(Type(type));
             dialog.ShowWindow(false);
             int seen = 0;
-            for (TPushButton const* const button : dialog.findChildren<TPushButton*>())
+            auto const buttons = dialog.findChildren<TPushButton*>();
+            for (TPushButton const* const button : buttons)
                 seen += button->isVisible() ? 1 : 0;
             QCOMPARE(seen, ButtonsOf(type).size());
         }

@@ -281,7 +281,8 @@ private Q_SLOTS:
         stage.block->SetDetailsButtonIcon(QStringLiteral("icon-section-on"));
         for (auto const* const text : {"Valve 1", "Valve 2"})
             stage.block->AddWidget(new QLabel(QLatin1String(text)));
-        for (QLabel* const label : stage.block->findChildren<QLabel*>())
+        auto const labels = stage.block->findChildren<QLabel*>();
+        for (QLabel* const label : labels)
             label->setStyleSheet(QStringLiteral("font: 16px 'DejaVu Sans'; color: white"));
         COMPARE_PICTURE(stage.Picture(), "block-expanded");
         stage.Click();

@@ -504,7 +504,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, when);
         TBarStage stage;
-        TPushButton* const button = stage.AddButtons(2)[0];
+        TPushButton* const button = stage.AddButtons(2).at(0);
         button->SetButtonID(1);
         QPointer<TPushButton> const guard(button);
         TWindow lock(stage.screen.get());
