@@ -79,6 +79,7 @@ private Q_SLOTS:
     void pageStaysWithinTheRange();
     void handleFollowsTheFinger();
     void handleFollowsTheFingerWithinItsMargins();
+    void handleTellsItsShareOfTheMaximum();
     void handleThatFillsTheTrackStaysWhereItIs();
     void moveAfterAPageTurnDoesNothing();
     void releaseWithoutADragIsSilent();
@@ -92,6 +93,7 @@ private Q_SLOTS:
     void artStandsWhereItBelongs_data();
     void artStandsWhereItBelongs();
     void bottomMarginShortensTheTrack();
+    void glassIsSeenAtOnce();
     void withoutAScreenItIsNotDrawn();
     void onlyWhatMovedIsPainted();
     void stepThatMovesNoRowPaintsNothing();
@@ -269,6 +271,21 @@ void TVerticalScrollBarTest::handleFollowsTheFingerWithinItsMargins()
     QCOMPARE(bar->value(), 150);
     finger.Move(QPoint(15, 20 + 136));
     QCOMPARE(bar->value(), 151);
+}
+
+// Of the maximum alone, wherever the range begins.
+void TVerticalScrollBarTest::handleTellsItsShareOfTheMaximum()
+{
+    TBar* const bar = ShownBar();
+    bar->setRange(100, 400);
+    bar->setValue(100);
+    QCOMPARE(bar->GetTopOfSlider(), 75);
+    TFinger finger(m_Window.get());
+    finger.Press(QPoint(15, 80));
+    finger.Move(QPoint(15, 155));
+    QCOMPARE(bar->value(), 200);
+    finger.Move(QPoint(15, 50));
+    QCOMPARE(bar->value(), 100);
 }
 
 void TVerticalScrollBarTest::handleThatFillsTheTrackStaysWhereItIs()
@@ -453,6 +470,7 @@ void TVerticalScrollBarTest::bottomMarginShortensTheTrack()
 {
     TBar* const bar = ShownBar();
     bar->setValue(300);
+    QCoreApplication::processEvents();
     bar->painted = QRegion();
     bar->SetBottomMargin(100);
     QCoreApplication::processEvents();
@@ -464,6 +482,21 @@ void TVerticalScrollBarTest::bottomMarginShortensTheTrack()
     ground.fill(Qt::blue);
     QCOMPARE(picture.copy(0, 300, Width, 100), ground);
     QVERIFY(picture.copy(0, 200, Width, 100) != ground);
+}
+
+void TVerticalScrollBarTest::glassIsSeenAtOnce()
+{
+    TBar* const bar = ShownBar();
+    QImage const plain = Picture(*bar);
+    bar->painted = QRegion();
+    bar->UseGlassEffect(true);
+    QCoreApplication::processEvents();
+    QCOMPARE(bar->painted, QRegion(bar->rect()));
+    QVERIFY(Picture(*bar) != plain);
+    bar->painted = QRegion();
+    bar->UseGlassEffect(true);
+    QCoreApplication::processEvents();
+    QVERIFY(bar->painted.isEmpty());
 }
 
 void TVerticalScrollBarTest::withoutAScreenItIsNotDrawn()
@@ -500,6 +533,10 @@ void TVerticalScrollBarTest::onlyWhatMovedIsPainted()
     bar->setRange(0, 3000);
     QCoreApplication::processEvents();
     QCOMPARE(bar->painted, QRegion(bar->rect()));
+    TBar longer;
+    longer.setRange(0, 3000);
+    longer.setValue(40);
+    QCOMPARE(Picture(*bar), Picture(longer));
 }
 
 void TVerticalScrollBarTest::stepThatMovesNoRowPaintsNothing()
