@@ -167,6 +167,17 @@ private Q_SLOTS:
         QVERIFY(text.right() < stage.tip->width() - 10);
     }
 
+    void aWhiteIconIsSeenOnTheLightFrame()
+    {
+        TStage stage;
+        auto const icon = QSharedPointer<QPixmap>::create(40, 40);
+        icon->fill(Qt::transparent);
+        stage.tip->SetToolIcon(icon);
+        stage.tip->RefreshGeometry();
+        QColor const behind = stage.Picture().pixelColor(25, stage.tip->height() / 2);
+        QVERIFY2(behind.lightness() < 60, qPrintable(behind.name()));
+    }
+
     void aLongTextWrapsInsideTheScreen_data()
     {
         QTest::addColumn<QString>("text");

@@ -27,6 +27,9 @@ constexpr int MeasureFlags = Qt::AlignCenter | Qt::TextWordWrap;
 constexpr int LongestMeasured = 16384;
 
 constexpr int TallestIcon = 100;
+// Icons are drawn for dark buttons; their white would be lost on the light frame.
+constexpr QRgb IconPlate = qRgb(38, 41, 46);
+constexpr qreal IconPlateRadius = 4.0;
 constexpr int IconLeft = 5;
 constexpr int IconFrameHeight = 15;
 constexpr int ParentMargin = 3;
@@ -107,10 +110,20 @@ void TToolTip::paintEvent(QPaintEvent*)
     if (m_Background)
         painter.drawPixmap(0, 0, *m_Background);
     if (ShowsIcon())
-        painter.drawPixmap(IconLeft, (height() - m_Icon->height()) / 2, *m_Icon);
+        PaintIcon(painter);
     KVN::RenderUtils::RenderText(&painter, rect().adjusted(TextLeft(), 0, -Margin, -Margin), TextFlags,
                                  QTextOption::WrapAtWordBoundaryOrAnywhere, m_Text, m_Font.pixelSize(),
                                  ToolTipTextColor, m_Font.weight() > MediumWeight, false, m_Font);
+}
+
+void TToolTip::PaintIcon(QPainter& painter) const
+{
+    QRect const place(QPoint(IconLeft, (height() - m_Icon->height()) / 2), m_Icon->size());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(IconPlate));
+    painter.drawRoundedRect(place, IconPlateRadius, IconPlateRadius);
+    painter.drawPixmap(place.topLeft(), *m_Icon);
 }
 
 void TToolTip::resizeEvent(QResizeEvent* event)

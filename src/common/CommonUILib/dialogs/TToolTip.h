@@ -39,6 +39,7 @@ protected:
 private:
     bool ShowsIcon() const;
     int TextLeft() const;
+    void PaintIcon(QPainter& painter) const;
     QSize MeasuredText(QSize const& room) const;
 
     QString m_Text;
