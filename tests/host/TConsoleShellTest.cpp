@@ -1,20 +1,27 @@
 #include "TConsoleShell.h"
 
+#include "CommonUI.h"
 #include "MainScreen.h"
+#include "ScreenLayers.h"
 #include "TestCase.h"
 #include "TestModule.h"
 #include "TestSupport.h"
+#include "THostPlatform.h"
 #include "TMMICapableWidgetNavigator.h"
 #include "TNavigationBar.h"
+#include "TOffScreenButtons.h"
 #include "TPushButton.h"
 #include "TSystemSettings.h"
 #include "TSystemSettingsProxy.h"
+#include "TToolTip.h"
+#include "TToolTipMode.h"
 #include "TUsbWatch.h"
 #include "TVirtualOperator.h"
 #include "TWindowManager.h"
 #include "UserLog.h"
 
 #include <QDir>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include <csignal>
@@ -24,6 +31,23 @@ namespace
 constexpr int FirstId = 1;
 constexpr int SecondId = 2;
 constexpr int SlideTime = 400;
+
+/// Counts the paints of a widget.
+class TPaintCount : public QObject
+{
+public:
+    explicit TPaintCount(QWidget* widget) { widget->installEventFilter(this); }
+
+    int Count() const { return m_Count; }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        m_Count += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    int m_Count = 0;
+};
 
 /// A console with two modules; its time passes at once.
 struct TConsole
@@ -242,6 +266,66 @@ private Q_SLOTS:
         manager->OnNextFrame();
         manager->OnUpdateScreen();
         QVERIFY(manager->GetSlot(0).isEmpty());
+    }
+
+    void aButtonOlderThanThePlatformIsMarkedToo()
+    {
+        QTemporaryDir folder;
+        auto* const button = new TPushButton(nullptr, 0, QStringLiteral("Fold the boom"));
+        TConsole console(folder.path());
+        button->setParent(console.shell.GetScreen());
+        button->setGeometry(400, 300, 100, 60);
+        button->show();
+        TToolTipMode* const mode = console.shell.GetPlatform()->GetToolTipMode();
+        for (bool const isOn : {true, false})
+        {
+            QCoreApplication::processEvents();
+            TPaintCount const paints(button);
+            mode->SetOn(isOn);
+            QCoreApplication::processEvents();
+            QVERIFY(paints.Count() > 0);
+        }
+    }
+
+    // From the bottom: the annotation, the strip, the tip.
+    void tipsAndTheStripStayAboveAnnotations()
+    {
+        CommonUIOptions const before = CommonUI::GetCommonUIOptions();
+        auto const restore = qScopeGuard([&before] { CommonUI::SetCommonUIOptions(before); });
+        CommonUIOptions options = before;
+        options.offScreenButtonsEnabled = true;
+        CommonUI::SetCommonUIOptions(options);
+        QTemporaryDir folder;
+        TConsole console(folder.path());
+        TScreen* const screen = console.shell.GetScreen();
+        THostPlatform* const platform = console.shell.GetPlatform();
+        TPushButton stripButton(nullptr, 0, QStringLiteral("Louder"));
+        screen->AddOffscreenButton(&stripButton, false, false);
+        TOffScreenButtons* const strip = screen->GetOffScreenButtons();
+        strip->ShowOffScreenButtons();
+        console.FinishSlides();
+        platform->GetToolTipMode()->SetOn(true);
+        platform->ShowToolTipFor(&stripButton, 0, stripButton.GetToolTip(), {});
+        auto* const tip = screen->findChild<TToolTip*>();
+        QVERIFY(tip && tip->isVisible());
+        QWidget note;
+        QWidget secondNote;
+        platform->ShowAnnotation(&note, nullptr, nullptr);
+        QVERIFY(TScreenLayers(*screen).IsAbove(strip, &note));
+        platform->ShowAnnotation(&secondNote, nullptr, &console.first->m_Button);
+        // Hiding and showing the source raises its note, a view change raises both.
+        console.first->m_Button.hide();
+        console.first->m_Button.show();
+        screen->SetCurrentCanvas(&console.second->m_Canvas, true);
+        screen->SetCurrentCanvas(&console.first->m_Canvas, true);
+        for (QWidget* const annotation : {&note, &secondNote})
+        {
+            QVERIFY(annotation->isVisible());
+            QVERIFY(TScreenLayers(*screen).IsAbove(strip, annotation));
+            QVERIFY(TScreenLayers(*screen).IsAbove(tip, annotation));
+            platform->HideAnnotation(annotation);
+        }
+        QVERIFY(TScreenLayers(*screen).IsAbove(tip, strip));
     }
 
     void theWheelAndTheKeysReachTheScreen()

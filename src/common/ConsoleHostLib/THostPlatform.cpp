@@ -2,10 +2,21 @@
 
 #include "TAnnotationLayer.h"
 #include "TPopupWindow.h"
+#include "TPushButton.h"
 #include "TScreen.h"
 #include "TTaskWindow.h"
 #include "TToolTipMode.h"
 #include "TWindowStacks.h"
+
+namespace
+{
+void RepaintButtons(TScreen const& screen)
+{
+    auto const buttons = screen.findChildren<TPushButton*>();
+    for (TPushButton* const button : buttons)
+        button->update();
+}
+} // namespace
 
 THostPlatform::THostPlatform(TScreen* screen, QObject* parent)
     : MorvanePlatformInterface(parent)
@@ -17,6 +28,8 @@ THostPlatform::THostPlatform(TScreen* screen, QObject* parent)
     // Comes before the screen deletes its children, which may ask for windows in their end.
     connect(screen, &QObject::destroyed, this, [this] { m_Screen.clear(); });
     connect(m_ToolTips.get(), &TToolTipMode::Switched, this, &THostPlatform::NotifyToolTipsEnabled);
+    // Buttons that are older than the platform do not hear it, and have their marks all the same.
+    connect(m_ToolTips.get(), &TToolTipMode::Switched, screen, [screen] { RepaintButtons(*screen); });
     connect(m_Stacks.get(), &TWindowStacks::Restacked, m_Annotations.get(),
             &TAnnotationLayer::RaiseAnnotations);
 }
