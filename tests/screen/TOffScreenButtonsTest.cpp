@@ -2,6 +2,7 @@
 #include "Metrics.h"
 #include "ScreenLayers.h"
 #include "TestCase.h"
+#include "TMMICapableWidgetNavigator.h"
 #include "TStripStage.h"
 #include "TSystemToolBar.h"
 
@@ -476,6 +477,30 @@ private Q_SLOTS:
         QVERIFY(!stage.strip->isVisible());
         stage.Swipe(QPoint(EmptyX, 760), QPoint(EmptyX, 740));
         QVERIFY(stage.strip->isVisible());
+    }
+
+    // Wheel
+
+    void theWheelReachesTheButtonsWhileTheStripIsUp()
+    {
+        TStripStage stage(1);
+        TMMICapableWidgetNavigator navigator(stage.screen.get());
+        stage.screen->SetMMINavigator(&navigator);
+        TPushButton const* const button = stage.buttons[0];
+        QSignalSpy const clicks(button, &TPushButton::Clicked);
+        auto const turnAndEnter = [&]
+        {
+            navigator.OnWheelRight();
+            stage.screen.m_Clock.Advance(600);
+            navigator.UpdateFocus();
+            navigator.OnEnter();
+        };
+        turnAndEnter();
+        QVERIFY(!button->isDown());
+        stage.Raise();
+        turnAndEnter();
+        QVERIFY(button->isDown());
+        QTRY_COMPARE(clicks.count(), 1);
     }
 
     // Ends
