@@ -2,11 +2,14 @@
 
 #include "TConsole.h"
 #include "TConsoleOptions.h"
+#include "TMMIHighlightWidget.h"
 #include "TPushButton.h"
 #include "TScreen.h"
 #include "TVirtualOperator.h"
 #include "TVirtualTime.h"
 #include "TWindowManager.h"
+
+#include <algorithm>
 
 /// Every slide and every press has come to its end by then.
 constexpr int SettleTime = 500;
@@ -21,6 +24,44 @@ struct TStage
         console.StartMachine();
         console.Start();
         time.Pass(SettleTime);
+    }
+
+    /// Turns the wheel until it stands on \a widget, which it does not yet. False after a whole round.
+    bool TurnTo(QWidget* widget)
+    {
+        constexpr int MostStops = 20;
+        if (!widget)
+            return false;
+        // A button draws its highlight itself, anything else has a glow around it.
+        QImage const before = widget->grab().toImage();
+        for (int i = 0; i < MostStops; ++i)
+        {
+            Turn(1);
+            if (HasGlow(widget) || (qobject_cast<TPushButton*>(widget) && widget->grab().toImage() != before))
+                return true;
+        }
+        return false;
+    }
+    bool HasGlow(QWidget const* widget) const
+    {
+        auto const glows = console.Screen()->findChildren<TMMIHighlightWidget*>();
+        return std::any_of(glows.begin(), glows.end(),
+                           [this, widget](TMMIHighlightWidget const* glow)
+                           {
+                               QPoint const away = finger.MiddleOf(glow) - finger.MiddleOf(widget);
+                               return glow->isVisible() && away.manhattanLength() <= 2;
+                           });
+    }
+    /// Leaves every level that the wheel has entered.
+    void GoBackToTheScreen()
+    {
+        constexpr int MostLevels = 10;
+        Turn(1); // the keys rest until the wheel is touched
+        for (int i = 0; i < MostLevels; ++i)
+        {
+            finger.Key(Qt::Key_Escape);
+            time.Pass(2 * SettleTime);
+        }
     }
 
     TWindowManager* Manager() const { return console.Screen()->GetWindowManager(); }

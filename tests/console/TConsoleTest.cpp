@@ -409,6 +409,34 @@ private Q_SLOTS:
         QVERIFY(stage.Button(QStringLiteral("icon-louder")));
         QVERIFY(!stage.Button(QStringLiteral("stick")));
     }
+
+    // By the wheel and its two keys alone, from the first step on.
+    void theWheelWorksTheBarAndTheStrip()
+    {
+        QTemporaryDir folder;
+        QTemporaryDir stick;
+        TStage stage(folder.path());
+        stage.console.WatchUsb(stick.path());
+        ConfigManager::Instance()->Write(CONFIG_SOUND_VOLUME, 50, false);
+        stage.GoBackToTheScreen();
+        QVERIFY(stage.TurnTo(stage.console.Screen()->GetSystemToolBar()));
+        // The uppermost button is the first stop.
+        stage.Enter();
+        stage.Enter();
+        QCOMPARE(stage.Manager()->GetOffScreenState(), OFF_SCREEN_UP);
+        stage.finger.Key(Qt::Key_Escape);
+        stage.time.Pass(2 * SettleTime);
+        QVERIFY(stage.TurnTo(stage.Button(QStringLiteral("icon-louder"))));
+        stage.Enter();
+        QCOMPARE(ConfigManager::Instance()->Read(CONFIG_SOUND_VOLUME).toInt(), 60);
+        QVERIFY(stage.TurnTo(stage.Button(QStringLiteral("stick"))));
+        stage.Enter();
+        QVERIFY(!stage.console.Shell().GetUsbWatch()->IsExternalDrivePresent());
+        QVERIFY(stage.TurnTo(stage.Button(QStringLiteral("icon-tool-tip"))));
+        stage.Enter();
+        QVERIFY(stage.console.Shell().GetPlatform()->GetToolTipMode()->ToolTipVisible());
+        QCOMPARE(stage.Manager()->GetOffScreenState(), OFF_SCREEN_HIDDEN);
+    }
 };
 
 COMMONUI_TEST(TConsoleTest)
