@@ -4,11 +4,15 @@
 #include "TConsole.h"
 #include "TConsoleOptions.h"
 #include "TestCase.h"
+#include "THostPlatform.h"
 #include "TMiniWindow.h"
 #include "TModalWidget.h"
+#include "TNavigationBar.h"
 #include "TOffScreenButtons.h"
 #include "TScreen.h"
 #include "TSystemToolBar.h"
+#include "TToolTip.h"
+#include "TToolTipMode.h"
 #include "TVirtualTime.h"
 
 #include <QTemporaryDir>
@@ -151,6 +155,40 @@ private Q_SLOTS:
         stage.console.Screen()->SquishRequestOffScreenButtons();
         stage.console.Screen()->GetOffScreenButtons()->hide();
         QVERIFY(BrokenInvariant(stage.console.Screen()).contains(QLatin1String("thought to be")));
+    }
+
+    void aCoveredToolTipIsSeen()
+    {
+        TStage stage;
+        TScreen* const screen = stage.console.Screen();
+        TToolTipMode* const mode = stage.console.Shell().GetPlatform()->GetToolTipMode();
+        mode->ShowToolTipFor(screen->GetSystemToolBar(), 0, QStringLiteral("Explained"), {});
+        QCOMPARE(BrokenInvariant(screen), QString());
+        screen->GetNavigationBar()->raise();
+        QVERIFY(BrokenInvariant(screen).contains(QLatin1String("above the tool tip")));
+    }
+
+    void aToolTipOutsideTheScreenIsSeen()
+    {
+        TStage stage;
+        TScreen* const screen = stage.console.Screen();
+        TToolTipMode* const mode = stage.console.Shell().GetPlatform()->GetToolTipMode();
+        mode->ShowToolTipFor(screen->GetSystemToolBar(), 0, QStringLiteral("Explained"), {});
+        screen->findChild<TToolTip*>()->move(-1, 100);
+        QVERIFY(BrokenInvariant(screen).contains(QLatin1String("leaves the screen")));
+    }
+
+    void aLockBehindTheFadeIsSeen()
+    {
+        TStage stage;
+        TScreen* const screen = stage.console.Screen();
+        QWidget locking(screen);
+        locking.show();
+        screen->AddLockingWidget({&locking, QString(), 2, {}});
+        QCOMPARE(BrokenInvariant(screen), QString());
+        locking.stackUnder(screen->GetModalWidget());
+        QVERIFY(BrokenInvariant(screen).contains(QLatin1String("behind the fade")));
+        screen->RemoveLockingWidget(&locking);
     }
 
     void aLockWithoutAnOwnerIsSeen()

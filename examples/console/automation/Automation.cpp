@@ -40,7 +40,7 @@ int TakeScreenshot(TConsole* console, TVirtualTime* time, QString const& file)
 
 int LetTheMonkeyPlay(TConsole* console, TVirtualTime* time, TConsoleOptions const& options)
 {
-    TMonkey monkey(console->Screen(), console->Shell().GetUsbWatch(), time, options.seed);
+    TMonkey monkey(console->Shell(), time, options.seed);
     QString const broken = monkey.Play(options.monkeySteps);
     if (!broken.isEmpty())
         return Report(QStringLiteral("monkey: seed %1, %2").arg(options.seed).arg(broken));

@@ -135,6 +135,32 @@ QString OffScreenButtonsLieAboveAll(TScene const& scene)
     return QString();
 }
 
+QString ToolTipLiesOnTop(TScene const& scene)
+{
+    for (int layer = 0; layer < scene.layers.size(); ++layer)
+    {
+        QWidget const* const widget = scene.layers[layer];
+        if (!widget->inherits("TToolTip"))
+            continue;
+        if (layer + 1 != scene.layers.size())
+            return QStringLiteral("%1 lies above the tool tip")
+                .arg(QLatin1String(scene.layers.constLast()->metaObject()->className()));
+        if (!scene.screen->rect().contains(widget->geometry()))
+            return QStringLiteral("the tool tip leaves the screen");
+    }
+    return QString();
+}
+
+QString TopLockLiesAboveTheFade(TScene const& scene)
+{
+    QVector<TLockingWidget> const& locks = scene.screen->GetLockingWidgets();
+    if (locks.isEmpty() || scene.LayerOf(locks.constLast().widget) < 0)
+        return QString();
+    return scene.LayerOf(locks.constLast().widget) < scene.LayerOf(scene.screen->GetModalWidget())
+               ? QStringLiteral("the window that locks the screen is behind the fade")
+               : QString();
+}
+
 QString MiniWindowsLieBelowTheBar(TScene const& scene)
 {
     int const bar = scene.LayerOf(scene.screen->GetNavigationBar());
@@ -240,10 +266,12 @@ QString BrokenInvariant(TScreen* screen)
                                BarsFollowTheView,
                                SystemToolBarStandsInTheCorner,
                                OffScreenButtonsLieAboveAll,
+                               ToolTipLiesOnTop,
                                MiniWindowsLieBelowTheBar,
                                SlotsHaveOneTop,
                                MiniWindowsStandWhereTheyShould,
                                LocksHaveOwners,
+                               TopLockLiesAboveTheFade,
                                WheelPointsAtOneThing};
     for (TRule const rule : Rules)
     {

@@ -2,10 +2,13 @@
 
 #include "Metrics.h"
 #include "ScreenInvariants.h"
+#include "TConsoleShell.h"
+#include "THostPlatform.h"
 #include "TMiniWindow.h"
 #include "TNavigationBar.h"
 #include "TPushButton.h"
 #include "TScreen.h"
+#include "TToolTipMode.h"
 #include "TUsbWatch.h"
 #include "TVirtualTime.h"
 
@@ -30,12 +33,14 @@ constexpr int CountOf(T const (&)[Count])
 }
 } // namespace
 
-TMonkey::TMonkey(TScreen* screen, TUsbWatch* usb, TVirtualTime* time, quint32 seed)
-    : m_Screen(screen)
-    , m_Usb(usb)
+TMonkey::TMonkey(TConsoleShell const& shell, TVirtualTime* time, quint32 seed)
+    : m_Screen(shell.GetScreen())
+    , m_Usb(shell.GetUsbWatch())
+    , m_ToolTips(shell.GetPlatform()->GetToolTipMode())
     , m_Time(time)
     , m_Random(seed)
-    , m_Operator(screen, [time](int ms) { time->Pass(ms); })
+    , m_Windows(m_Screen, &m_Random)
+    , m_Operator(m_Screen, [time](int ms) { time->Pass(ms); })
 {
 }
 
@@ -69,13 +74,16 @@ void TMonkey::Step()
     };
     constexpr TDeed Deeds[] = {
         {260, "buttons", &TMonkey::TapAButton},
-        {130, "taps", &TMonkey::TapSomewhere},
-        {90, "drags", &TMonkey::DragSomewhere},
+        {105, "taps", &TMonkey::TapSomewhere},
+        {70, "drags", &TMonkey::DragSomewhere},
         {130, "windows dragged", &TMonkey::DragAWindow},
         {60, "flicks", &TMonkey::FlickOffTheBar},
         {150, "wheel turns", &TMonkey::TurnTheWheel},
         {130, "keys", &TMonkey::PressAKey},
         {8, "sticks", &TMonkey::InsertOrPull},
+        {10, "swipes from the edge", &TMonkey::SwipeFromTheEdge},
+        {5, "tool tip modes", &TMonkey::SwitchToolTips},
+        {30, "windows of its own", &TMonkey::PlayWithWindows},
         {40, "waits", &TMonkey::Wait},
         {2, "long waits", &TMonkey::WaitLong},
     };
@@ -159,6 +167,22 @@ void TMonkey::InsertOrPull()
         m_Usb->Pull();
     else
         m_Usb->Insert();
+}
+
+void TMonkey::SwipeFromTheEdge()
+{
+    QPoint const from(Any(SCREEN_WIDTH), SCREEN_HEIGHT - 1);
+    m_Operator.Drag(from, from - QPoint(0, Any(SCREEN_HEIGHT / 2)), FlickSteps);
+}
+
+void TMonkey::SwitchToolTips()
+{
+    m_ToolTips->SetOn(!m_ToolTips->ToolTipVisible());
+}
+
+void TMonkey::PlayWithWindows()
+{
+    m_Windows.Act();
 }
 
 void TMonkey::Wait() {}

@@ -1,21 +1,25 @@
 #pragma once
 
+#include "TMonkeyWindows.h"
 #include "TVirtualOperator.h"
 
 #include <QMap>
 #include <QRandomGenerator>
 #include <QString>
 
+class TConsoleShell;
 class TScreen;
+class TToolTipMode;
 class TUsbWatch;
 class TVirtualTime;
 
-/// Plays with the console: taps, drags, flicks, wheel, keys and USB sticks without sense, the same for the
-/// same seed. After each step it checks what must hold on the screen.
+/// Plays with the console: taps, drags, flicks, wheel, keys, USB sticks, tool tips and windows of its own
+/// without sense, the same for the same seed. After each step it checks what must hold on the screen.
 class TMonkey
 {
 public:
-    TMonkey(TScreen* screen, TUsbWatch* usb, TVirtualTime* time, quint32 seed);
+    /// \a shell watches a folder in place of a stick.
+    TMonkey(TConsoleShell const& shell, TVirtualTime* time, quint32 seed);
 
     /// Does \a steps steps. Empty when all held, else the step and what broke.
     QString Play(int steps);
@@ -32,6 +36,9 @@ private:
     void TurnTheWheel();
     void PressAKey();
     void InsertOrPull();
+    void SwipeFromTheEdge();
+    void SwitchToolTips();
+    void PlayWithWindows();
     void Wait();
     void WaitLong();
 
@@ -40,8 +47,10 @@ private:
 
     TScreen* m_Screen;
     TUsbWatch* m_Usb;
+    TToolTipMode* m_ToolTips;
     TVirtualTime* m_Time;
     QRandomGenerator m_Random;
+    TMonkeyWindows m_Windows;
     TVirtualOperator m_Operator;
     QMap<QString, int> m_Done;
 };
