@@ -699,9 +699,9 @@ public:
         , canvas(new TCanvas(screen.get()))
     {
         screen->SetCurrentCanvas(canvas, true);
-        connection =
-            QObject::connect(screen->GetCameraOverlayManager(), &TCameraXVOverlayManager::AnnotationVisible,
-                             [this](bool visible) { isNotified = visible; });
+        connection = QObject::connect(
+            screen->GetCameraOverlayManager(), &TCameraXVOverlayManager::AnnotationVisible,
+            screen->GetCameraOverlayManager(), [this](bool visible) { isNotified = visible; });
         pages.resize(3);
         sources.resize(4);
         notes.resize(4);

@@ -326,7 +326,6 @@ private Q_SLOTS:
     {
         QTest::addColumn<QRect>("source");
         QTest::addColumn<QPoint>("place");
-        QSize const tip(200, 40);
         QTest::newRow("right") << QRect(100, 300, 90, 60) << QPoint(194, 310);
         QTest::newRow("right, last column that fits") << QRect(730, 300, 90, 60) << QPoint(824, 310);
         QTest::newRow("left") << QRect(731, 300, 90, 60) << QPoint(527, 310);

@@ -8,6 +8,8 @@
 
 #include <QSignalSpy>
 
+#include <functional>
+
 namespace
 {
 constexpr int FullOnly = VIEW_CANVAS | VIEW_FULL;
@@ -66,6 +68,68 @@ public:
 private:
     CommonUIOptions m_Before;
 };
+
+struct TFourViews
+{
+    explicit TFourViews(TViewStage& stage)
+        : first(stage.Add(QStringLiteral("first"), VIEW_ALL))
+        , second(stage.Add(QStringLiteral("second"), VIEW_ALL))
+        , third(stage.Add(QStringLiteral("third"), FullOnly))
+        , setup(stage.Add(SetupName(), FullOnly))
+    {
+    }
+    TTestView const& ById(int id) const
+    {
+        for (TTestView const* const view : {&first, &second, &third})
+        {
+            if (view->id == id)
+                return *view;
+        }
+        return setup;
+    }
+
+    TTestView const first;
+    TTestView const second;
+    TTestView const third;
+    TTestView const setup;
+};
+
+// Brings another view up by the way of that name and answers its id.
+int GoBy(QString const& way, TViewStage& stage, TFourViews const& views, QString const& layout)
+{
+    struct TWay
+    {
+        char const* name;
+        int id;
+        std::function<void(int)> go;
+    };
+    TWindowManager* const manager = stage.manager;
+    TWay const ways[] = {
+        {"display", views.second.id, [&](int id) { manager->DisplayFullView(id, false); }},
+        {"drag", views.second.id, [&](int id) { manager->OnDraggedOffRight(id); }},
+        {"maximise", views.second.id, [&](int id) { manager->OnMaximizeMiniView(id); }},
+        {"switch", views.third.id, [&](int id) { manager->OnSwitchToView(id); }},
+        {"default", views.first.id, [&](int id) { manager->OnSwitchToView(id); }},
+        {"setup", views.setup.id, [&](int id) { manager->OnShowSetup(id); }},
+        {"last", views.first.id, [&](int) { manager->OnRestoreLastView(); }},
+        {"snapshot", views.first.id, [&](int) { manager->RestoreStateFromSnapShot(layout, false); }},
+        {"by hand", views.second.id,
+         [&](int id)
+         {
+             views.second.canvas->setParent(stage.screen.get());
+             views.second.canvas->show();
+             views.second.full->ShowWindow(false);
+             manager->SetFullViewId(id);
+         }}};
+    for (TWay const& known : ways)
+    {
+        if (way != QLatin1String(known.name))
+            continue;
+        known.go(known.id);
+        return known.id;
+    }
+    return -1;
+}
 } // namespace
 
 class TWindowManagerFullViewsTest : public QObject
@@ -85,59 +149,24 @@ private Q_SLOTS:
     {
         QFETCH(QString, way);
         TViewStage stage;
-        TTestView const first = stage.Add(QStringLiteral("first"), VIEW_ALL);
-        TTestView const second = stage.Add(QStringLiteral("second"), VIEW_ALL);
-        TTestView const third = stage.Add(QStringLiteral("third"), FullOnly);
-        TTestView const setup = stage.Add(SetupName(), FullOnly);
-        stage.manager->SetDefaultView(first.name);
+        TFourViews const views(stage);
+        stage.manager->SetDefaultView(views.first.name);
         if (way == QLatin1String("default") || way == QLatin1String("last"))
-            stage.manager->DisplayFullView(second.id, false);
+            stage.manager->DisplayFullView(views.second.id, false);
         QString const layout = stage.manager->GetStateSnapshotXML();
         if (way == QLatin1String("snapshot"))
-            stage.manager->DisplayFullView(third.id, false);
+            stage.manager->DisplayFullView(views.third.id, false);
 
         QSignalSpy changed(stage.manager, &TWindowManager::FullViewChanged);
-        int expected = second.id;
         bool isUp = false;
         connect(stage.manager, &TWindowManager::FullViewChanged, this,
                 [&](int id)
                 {
                     QCOMPARE(stage.manager->GetFullViewId(), id);
-                    TTestView const& view = id == first.id    ? first
-                                            : id == second.id ? second
-                                            : id == third.id  ? third
-                                                              : setup;
+                    TTestView const& view = views.ById(id);
                     isUp = view.full->isVisible() && view.canvas->isVisible();
                 });
-        if (way == QLatin1String("display"))
-            stage.manager->DisplayFullView(second.id, false);
-        else if (way == QLatin1String("drag"))
-            stage.manager->OnDraggedOffRight(second.id);
-        else if (way == QLatin1String("maximise"))
-            stage.manager->OnMaximizeMiniView(second.id);
-        else if (way == QLatin1String("switch"))
-            stage.manager->OnSwitchToView(expected = third.id);
-        else if (way == QLatin1String("default"))
-            stage.manager->OnSwitchToView(expected = first.id);
-        else if (way == QLatin1String("setup"))
-            stage.manager->OnShowSetup(expected = setup.id);
-        else if (way == QLatin1String("last"))
-        {
-            expected = first.id;
-            stage.manager->OnRestoreLastView();
-        }
-        else if (way == QLatin1String("snapshot"))
-        {
-            expected = first.id;
-            QVERIFY(stage.manager->RestoreStateFromSnapShot(layout, false));
-        }
-        else
-        {
-            second.canvas->setParent(stage.screen.get());
-            second.canvas->show();
-            second.full->ShowWindow(false);
-            stage.manager->SetFullViewId(second.id);
-        }
+        int const expected = GoBy(way, stage, views, layout);
         QCOMPARE(changed.count(), 1);
         QCOMPARE(changed[0][0].toInt(), expected);
         QVERIFY(isUp);
