@@ -113,7 +113,10 @@ private:
             if (button && button->isVisibleTo(bar))
                 byPlace.insert(button->x() + button->y(), id);
         }
-        return byPlace.values().toVector();
+        TIds shown;
+        for (int const id : qAsConst(byPlace))
+            shown.append(id);
+        return shown;
     }
     // What the operator sees of a button's skin, off its middle.
     static QColor Skin(TPushButton* button) { return button->grab().toImage().pixelColor(9, 9); }
@@ -320,7 +323,7 @@ void TTabBarTest::activatingATabTurnsToItsPage()
     bar->SetActiveTab(tab);
     QTEST(Shown(bar), "page");
     bar->SetActiveTab(0);
-    QCOMPARE(Shown(bar).first(), 0);
+    QCOMPARE(Shown(bar).at(0), 0);
 }
 
 void TTabBarTest::clickOnAnArrowChangesNoTabAndEmitsNothing()
@@ -510,7 +513,6 @@ void TTabBarTest::arrowsAreNoTabs()
 {
     TTabBar* const bar = MakeBarOf(6);
     TPushButton* const next = bar->GetButton(NextId);
-    QString const icon = next->objectName();
     bar->AssignButton(NextId, QStringLiteral("icon-home"), QStringLiteral("Mine"), QString());
     QVERIFY(next->GetText().isEmpty());
     bar->AssignButton(3, next);

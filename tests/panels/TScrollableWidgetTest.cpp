@@ -174,11 +174,78 @@ struct TPagerModel
         if (number < current || (number == current && current == pages.size()))
             current = qMax(0, current - 1);
     }
+    // The page that is seen stays.
+    void BringToFront(int number)
+    {
+        QWidget const* const seen = Current();
+        TModelPage const moved = pages.takeAt(number);
+        pages.prepend(moved);
+        while (Current() != seen)
+            current = (current + 1) % pages.size();
+    }
     QWidget* Current() const { return pages.isEmpty() ? nullptr : pages.at(current).widget; }
 
     QVector<TModelPage> pages;
     int current = 0;
 };
+
+// One call of any kind, made of the pager and told to the model; \a page is the one of that number, if there
+// is one.
+void DoAnything(TStage& stage, TPagerModel& model, QRandomGenerator& random, int number, QWidget* page)
+{
+    switch (random.bounded(9))
+    {
+    case 0:
+    case 1:
+        if (model.pages.size() < 6)
+        {
+            char const kind = "sndx"[random.bounded(4)];
+            TPage* const added = stage.Add(QLatin1Char(kind));
+            model.pages.append({added, kind == 's' || kind == 'd', kind == 's' || kind == 'n'});
+        }
+        break;
+    case 2:
+        if (page)
+        {
+            if (random.bounded(2) == 0)
+                stage.pager->RemoveWidget(page);
+            else
+                delete page;
+            model.Remove(number);
+        }
+        break;
+    case 3:
+        if (page)
+        {
+            page->setEnabled(!model.pages.at(number).enabled);
+            model.pages[number].enabled = !model.pages.at(number).enabled;
+        }
+        break;
+    case 4:
+        stage.pager->MoveToWidget(page);
+        model.current = number;
+        break;
+    case 5:
+        stage.pager->MoveUp();
+        model.current = model.Other(true);
+        break;
+    case 6:
+        stage.pager->MoveDown();
+        model.current = model.Other(false);
+        break;
+    case 7:
+        if (page)
+        {
+            model.BringToFront(number);
+            stage.pager->SetWidgetOrder({page});
+        }
+        break;
+    default:
+        stage.Tick();
+        if (page && !model.pages.at(model.current).enabled)
+            model.current = model.Other(true);
+    }
+}
 } // namespace
 
 class TScrollableWidgetTest : public QObject
@@ -1127,65 +1194,7 @@ void TScrollableWidgetTest::anyOrderOfCallsKeepsToTheRules()
     {
         int const count = model.pages.size();
         int const number = count > 0 ? random.bounded(count) : 0;
-        QWidget* const page = count > 0 ? model.pages.at(number).widget : nullptr;
-        switch (random.bounded(9))
-        {
-        case 0:
-        case 1:
-            if (count < 6)
-            {
-                char const kind = "sndx"[random.bounded(4)];
-                TPage* const added = stage.Add(QLatin1Char(kind));
-                model.pages.append({added, kind == 's' || kind == 'd', kind == 's' || kind == 'n'});
-            }
-            break;
-        case 2:
-            if (page && random.bounded(2) == 0)
-            {
-                stage.pager->RemoveWidget(page);
-                model.Remove(number);
-            }
-            else if (page)
-            {
-                delete page;
-                model.Remove(number);
-            }
-            break;
-        case 3:
-            if (page)
-            {
-                page->setEnabled(!model.pages.at(number).enabled);
-                model.pages[number].enabled = !model.pages.at(number).enabled;
-            }
-            break;
-        case 4:
-            stage.pager->MoveToWidget(page);
-            model.current = number;
-            break;
-        case 5:
-            stage.pager->MoveUp();
-            model.current = model.Other(true);
-            break;
-        case 6:
-            stage.pager->MoveDown();
-            model.current = model.Other(false);
-            break;
-        case 7:
-            if (page)
-            {
-                QWidget* const current = model.Current();
-                auto const moved = model.pages.takeAt(number);
-                model.pages.prepend(moved);
-                stage.pager->SetWidgetOrder({page});
-                while (model.Current() != current)
-                    model.current = (model.current + 1) % count;
-            }
-            break;
-        default:
-            stage.Tick();
-            if (page && !model.pages.at(model.current).enabled)
-                model.current = model.Other(true);
-        }
+        DoAnything(stage, model, random, number, count > 0 ? model.pages.at(number).widget : nullptr);
         QCOMPARE(stage.pager->CurrentWidget(), model.Current());
         QCOMPARE(stage.pager->GetNextLayer(), model.Other(true));
         QCOMPARE(stage.pager->GetPrevLayer(), model.Other(false));
