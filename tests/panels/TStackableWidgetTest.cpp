@@ -200,6 +200,62 @@ struct TStackModel
 struct TBareStop : KVN::MMICapableWidget
 {
 };
+
+// A finger drags a layer a little up or down; answers what the model says of it.
+QString DragByChance(TStage& stage, TStackModel& model, QRandomGenerator& random)
+{
+    int const dy = random.bounded(2) == 0 ? -1 : 1;
+    int const way = random.bounded(60);
+    stage.Settle();
+    stage.Press();
+    stage.Move(7 * dy);
+    if (way > 0)
+        stage.Move(way * dy);
+    stage.finger.Lift();
+    return model.Drag(way * dy);
+}
+
+// One call of any kind, made of the stack and told to the model; answers the signals that the model expects.
+QString DoAnything(TStage& stage, TStackModel& model, QRandomGenerator& random)
+{
+    int const layer = random.bounded(8) - 1;
+    int const other = random.bounded(8) - 1;
+    switch (random.bounded(8))
+    {
+    case 0:
+        if (model.open.size() < 6)
+        {
+            bool const isOpen = random.bounded(2) == 0;
+            stage.Add(isOpen);
+            model.open.append(isOpen);
+        }
+        break;
+    case 1:
+        if (random.bounded(3) == 0 && !model.open.isEmpty())
+        {
+            stage.stack->RemoveWidget();
+            delete stage.layers.takeLast();
+            model.open.removeLast();
+        }
+        break;
+    case 2:
+        if (random.bounded(3) == 0 && layer >= 0 && layer < model.open.size())
+        {
+            delete stage.layers.takeAt(layer);
+            model.open.removeAt(layer);
+        }
+        break;
+    case 3:
+        stage.stack->SetMaximised(layer, other % 2 == 0);
+        return model.Set(layer, other % 2 == 0);
+    case 4:
+        stage.stack->MoveMaximised(layer, other);
+        return model.Exchange(layer, other);
+    default:
+        return DragByChance(stage, model, random);
+    }
+    return {};
+}
 } // namespace
 
 class TStackableWidgetTest : public QObject
@@ -1165,55 +1221,7 @@ void TStackableWidgetTest::anyOrderOfCallsKeepsToTheRules()
     QRandomGenerator random(83);
     for (int step = 0; step < 3000; ++step)
     {
-        int const layer = random.bounded(8) - 1;
-        int const other = random.bounded(8) - 1;
-        QString expected;
-        switch (random.bounded(8))
-        {
-        case 0:
-            if (model.open.size() < 6)
-            {
-                bool const isOpen = random.bounded(2) == 0;
-                stage.Add(isOpen);
-                model.open.append(isOpen);
-            }
-            break;
-        case 1:
-            if (random.bounded(3) == 0 && !model.open.isEmpty())
-            {
-                stage.stack->RemoveWidget();
-                delete stage.layers.takeLast();
-                model.open.removeLast();
-            }
-            break;
-        case 2:
-            if (random.bounded(3) == 0 && layer >= 0 && layer < model.open.size())
-            {
-                delete stage.layers.takeAt(layer);
-                model.open.removeAt(layer);
-            }
-            break;
-        case 3:
-            stage.stack->SetMaximised(layer, other % 2 == 0);
-            expected = model.Set(layer, other % 2 == 0);
-            break;
-        case 4:
-            stage.stack->MoveMaximised(layer, other);
-            expected = model.Exchange(layer, other);
-            break;
-        default:
-        {
-            int const dy = random.bounded(2) == 0 ? -1 : 1;
-            int const way = random.bounded(60);
-            stage.Settle();
-            stage.Press();
-            stage.Move(7 * dy);
-            if (way > 0)
-                stage.Move(way * dy);
-            stage.finger.Lift();
-            expected = model.Drag(way * dy);
-        }
-        }
+        QString const expected = DoAnything(stage, model, random);
         QCOMPARE(heard.Take(), expected);
         QCOMPARE(stage.stack->NumberOfWidgets(), model.open.size());
         QCOMPARE(stage.stack->CanDragUp(), model.HasClosedBeside(true));
