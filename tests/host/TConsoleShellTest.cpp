@@ -163,7 +163,8 @@ private Q_SLOTS:
         console.shell.WatchUsb();
         QCOMPARE(console.shell.GetUsbWatch(), watch);
         console.shell.GetScreen()->TakeScreenShot();
-        QCOMPARE(QDir(stick.filePath(QStringLiteral("Screenshots"))).entryList(QDir::Files).size(), 1);
+        QTRY_COMPARE_WITH_TIMEOUT(
+            QDir(stick.filePath(QStringLiteral("Screenshots"))).entryList(QDir::Files).size(), 1, 60000);
         console.shell.Stop();
         QVERIFY(!console.shell.GetUsbWatch());
         QVERIFY(!TSystemSettingsProxy::Instance()->IsExternalDrivePresent());
