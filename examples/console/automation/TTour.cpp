@@ -15,12 +15,19 @@
 #include "TVirtualTime.h"
 #include "TWindowManager.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QThread>
+
+#include <chrono>
 
 namespace
 {
 // Every slide and every press has come to its end by then, and the live values have been taken up.
 constexpr int SettleTime = 500;
+constexpr std::chrono::seconds StickPatience(60);
+constexpr unsigned long PollTime = 20;
 constexpr int HalfSlide = 80;
 constexpr int DragSteps = 12;
 constexpr int FlickSteps = 4;
@@ -317,9 +324,7 @@ void TTour::ShowScreenshot()
     Settle();
     PressButton(QStringLiteral("icon-screenshot"));
     Settle();
-    QString stick;
-    TSystemSettingsProxy::Instance()->GetExternalDrivePath(stick);
-    if (QDir(stick + QStringLiteral("/Screenshots")).isEmpty())
+    if (!IsScreenshotOnStick())
         Fail(QStringLiteral("the picture of the screen is not on the stick"));
     SwipeUp();
     Settle();
@@ -382,6 +387,21 @@ void TTour::DragOffRight(KVN::MorvaneID const& id)
     m_Operator.Drag(from, from + QPoint(2 * NAVBAR_WIDTH, 0), DragSteps);
     if (screen->GetWindowManager()->GetFullViewId() != screen->GetNavButtonID(id))
         Fail(QStringLiteral("a drag off the bar brought no full view before picture %1").arg(m_Number + 1));
+}
+
+// A process of its own writes it, in real time.
+bool TTour::IsScreenshotOnStick() const
+{
+    QString stick;
+    TSystemSettingsProxy::Instance()->GetExternalDrivePath(stick);
+    QDir const folder(stick + QStringLiteral("/Screenshots"));
+    QDeadlineTimer const deadline(StickPatience);
+    while (folder.isEmpty() && !deadline.hasExpired())
+    {
+        QThread::msleep(PollTime);
+        QCoreApplication::processEvents();
+    }
+    return !folder.isEmpty();
 }
 
 void TTour::Settle()

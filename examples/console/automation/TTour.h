@@ -45,6 +45,7 @@ private:
     void DragOffRight(KVN::MorvaneID const& id);
     void SwipeUp();
     void SwipeDown();
+    bool IsScreenshotOnStick() const;
     void Settle();
     void Fail(QString const& reason);
 
