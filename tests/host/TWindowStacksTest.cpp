@@ -939,6 +939,27 @@ private Q_SLOTS:
         VERIFY_LAYERS(*stage.Screen());
     }
 
+    // Whoever waits for the end of a window hears of it before the stacks do.
+    void theEndOfAWindowMayBringTheNextOne()
+    {
+        TStackStage stage;
+        QPointer<TPopupWindow> const popup = stage.Popup();
+        TPopupWindow* const next = stage.Popup();
+        QList<TWindow*> known;
+        connect(popup, &QObject::destroyed, this,
+                [&]
+                {
+                    next->ShowWindow(true);
+                    known = stage.Stacks()->GetWindows(STACK_POPUPS, KVN::MorvaneID());
+                });
+        popup->ShowWindow(true);
+        delete popup;
+        QCOMPARE(known, QList<TWindow*>{next});
+        QVERIFY(next->isVisible());
+        QCOMPARE(stage.Locks(), QList<QWidget*>{next});
+        VERIFY_LAYERS(*stage.Screen());
+    }
+
     void aPressedWindowMayEndByItsOwnButton()
     {
         TStackStage stage;

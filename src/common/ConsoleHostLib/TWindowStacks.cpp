@@ -53,7 +53,10 @@ struct TWindowStacks::TLock
 
 struct TWindowStacks::TEntry
 {
-    QPointer<TWindow> window;
+    // Null as soon as its end has begun: others may hear of that before the stacks do, and act.
+    TWindow* Window() const { return qobject_cast<TWindow*>(widget.data()); }
+
+    QPointer<QWidget> widget;
     QObject const* address = nullptr;
     EWindowStack stack = STACK_POPUPS;
     KVN::MorvaneID id;
@@ -84,16 +87,16 @@ TWindowStacks::~TWindowStacks()
     std::vector<TEntryPtr> const entries = std::move(m_Entries);
     for (TEntryPtr const& entry : entries)
     {
-        if (!entry->window)
+        if (!entry->widget)
             continue;
-        disconnect(entry->window, nullptr, this, nullptr);
+        disconnect(entry->widget, nullptr, this, nullptr);
         disconnect(entry->homeGone);
-        entry->window->removeEventFilter(this);
-        Unlock(entry->lock, entry->window);
+        entry->widget->removeEventFilter(this);
+        Unlock(entry->lock, entry->widget);
     }
     std::vector<TEntryPtr> const leaving = std::move(m_Leaving);
     for (TEntryPtr const& entry : leaving)
-        Unlock(entry->lock, entry->window);
+        Unlock(entry->lock, entry->widget);
     std::vector<TOutdatedLock> const outdated = std::move(m_Outdated);
     for (auto const& [lock, window] : outdated)
         Unlock(lock, window);
@@ -117,7 +120,7 @@ QList<TWindow*> TWindowStacks::GetWindows(EWindowStack stack, KVN::MorvaneID con
     for (TEntryPtr const& entry : m_Entries)
     {
         if (IsOf(*entry, stack, id))
-            windows.append(entry->window);
+            windows.append(entry->Window());
     }
     return windows;
 }
@@ -144,7 +147,7 @@ void TWindowStacks::PushWindow(TWindow* window, EWindowStack stack, KVN::Morvane
     window->TWindow::ShowWindow(false);
     if (!self)
         return;
-    if (m_Screen && IsUp(entry) && !entry->window->isHidden())
+    if (m_Screen && IsUp(entry) && !entry->Window()->isHidden())
         Present(*entry);
     if (self)
         Arrange();
@@ -155,7 +158,7 @@ void TWindowStacks::Present(TEntry const& entry)
 {
     Place(entry);
     QPointer<TScreen> const screen(m_Screen);
-    QPointer<TWindow> const window(entry.window);
+    QPointer<TWindow> const window(entry.Window());
     screen->GetWindowManager()->HideMiniviewsIfOverlapping(window.data());
     if (screen && window)
         screen->PushMMIWidget(window);
@@ -176,7 +179,7 @@ TWindowStacks::TEntryPtr TWindowStacks::TakeOrMake(TWindow* window)
     TEntryPtr entry = Take(m_Leaving, window);
     if (!entry)
         entry = std::make_shared<TEntry>();
-    entry->window = window;
+    entry->widget = window;
     entry->address = window;
     Watch(window);
     return entry;
@@ -213,34 +216,34 @@ void TWindowStacks::Watch(TWindow* window)
 // Windows without a parent find the screen by themselves.
 void TWindowStacks::Adopt(TEntry& entry)
 {
-    QWidget* const parent = entry.window->parentWidget();
+    QWidget* const parent = entry.Window()->parentWidget();
     if (!parent || parent == m_Screen)
         return;
     disconnect(entry.homeGone);
     entry.home = parent;
-    entry.homeGone = connect(parent, &QObject::destroyed, entry.window.data(), &QObject::deleteLater);
+    entry.homeGone = connect(parent, &QObject::destroyed, entry.Window(), &QObject::deleteLater);
     // One that is seen elsewhere is hidden by it.
     TWindow const* const before = m_Hiding;
-    m_Hiding = entry.window;
-    SetParentInPlace(entry.window, m_Screen);
+    m_Hiding = entry.Window();
+    SetParentInPlace(entry.Window(), m_Screen);
     m_Hiding = before;
 }
 
 void TWindowStacks::GiveBack(TEntry& entry)
 {
     disconnect(entry.homeGone);
-    if (entry.window && entry.home && m_Screen && entry.window->parentWidget() == m_Screen)
-        SetParentInPlace(entry.window, entry.home);
+    if (entry.Window() && entry.home && m_Screen && entry.Window()->parentWidget() == m_Screen)
+        SetParentInPlace(entry.Window(), entry.home);
 }
 
 bool TWindowStacks::IsOf(TEntry const& entry, EWindowStack stack, KVN::MorvaneID const& id)
 {
-    return entry.window && !entry.isTakenDown && entry.stack == stack && entry.id == id;
+    return entry.Window() && !entry.isTakenDown && entry.stack == stack && entry.id == id;
 }
 
 bool TWindowStacks::IsIn(TEntryPtr const& entry) const
 {
-    return entry->window && !entry->isTakenDown &&
+    return entry->Window() && !entry->isTakenDown &&
            std::find(m_Entries.begin(), m_Entries.end(), entry) != m_Entries.end();
 }
 
@@ -268,7 +271,7 @@ int TWindowStacks::ModalityOf(TEntry const& entry) const
     for (TEntryPtr const& other : m_Entries)
     {
         if (IsOf(*other, entry.stack, entry.id))
-            strongest = qMax(strongest, other->window->ModalType());
+            strongest = qMax(strongest, other->Window()->ModalType());
     }
     return strongest;
 }
@@ -331,11 +334,11 @@ void TWindowStacks::HideWhatIsDown()
     std::vector<TEntryPtr> const entries = m_Entries;
     for (TEntryPtr const& entry : entries)
     {
-        if (!m_Screen || !IsIn(entry) || entry->window->isHidden() || IsUp(entry))
+        if (!m_Screen || !IsIn(entry) || entry->Window()->isHidden() || IsUp(entry))
             continue;
         TWindow const* const before = m_Hiding;
-        m_Hiding = entry->window;
-        entry->window->hide();
+        m_Hiding = entry->Window();
+        entry->Window()->hide();
         if (!self)
             return;
         m_Hiding = before;
@@ -348,14 +351,14 @@ void TWindowStacks::ShowWhatIsUp()
     std::vector<TEntryPtr> const entries = m_Entries;
     for (TEntryPtr const& entry : entries)
     {
-        if (!m_Screen || !IsUp(entry) || !entry->window->isHidden())
+        if (!m_Screen || !IsUp(entry) || !entry->Window()->isHidden())
             continue;
         Adopt(*entry);
         Place(*entry);
-        entry->window->show();
+        entry->Window()->show();
         if (!self)
             return;
-        if (m_Screen && IsUp(entry) && !entry->window->isHidden())
+        if (m_Screen && IsUp(entry) && !entry->Window()->isHidden())
             Present(*entry);
         if (!self)
             return;
@@ -395,7 +398,7 @@ void TWindowStacks::SetNewLocks()
     std::vector<TEntryPtr> const entries = m_Entries;
     for (TEntryPtr const& entry : entries)
     {
-        if (!m_Screen || !entry->window)
+        if (!m_Screen || !entry->Window())
             continue;
         TLock const wanted = WantedLock(entry);
         bool const isAgain = entry->isOnTopAnew && wanted.holder == HOLDER_SCREEN;
@@ -404,7 +407,7 @@ void TWindowStacks::SetNewLocks()
             continue;
         // Another lock by the same holder replaces the one before.
         if (wanted.holder != entry->lock.holder || wanted.canvas != entry->lock.canvas)
-            m_Outdated.emplace_back(entry->lock, entry->window);
+            m_Outdated.emplace_back(entry->lock, entry->widget);
         entry->lock = wanted;
         Lock(*entry);
         if (!self)
@@ -423,8 +426,8 @@ void TWindowStacks::TakeOldLocksOff(std::vector<TEntryPtr> const& leaving)
         if (found == m_Leaving.end())
             continue;
         m_Leaving.erase(found);
-        disconnect(entry->window, nullptr, this, nullptr);
-        Unlock(entry->lock, entry->window);
+        disconnect(entry->widget, nullptr, this, nullptr);
+        Unlock(entry->lock, entry->widget);
         if (!self)
             return;
     }
@@ -440,7 +443,7 @@ void TWindowStacks::TakeOldLocksOff(std::vector<TEntryPtr> const& leaving)
 
 void TWindowStacks::Lock(TEntry const& entry)
 {
-    KVN::ModalData const data{entry.window, entry.window->GetTitle(), entry.lock.type, {}};
+    KVN::ModalData const data{entry.Window(), entry.Window()->GetTitle(), entry.lock.type, {}};
     if (entry.lock.holder == HOLDER_SCREEN)
         m_Screen->AddLockingWidget(data);
     else if (entry.lock.holder == HOLDER_CANVAS && entry.lock.canvas)
@@ -467,7 +470,7 @@ void TWindowStacks::Restack()
         for (TEntryPtr const& entry : entries)
         {
             // What locks the screen is put into its layer by the screen.
-            if (entry->stack == stack && entry->window && !entry->window->isHidden() &&
+            if (entry->stack == stack && entry->Window() && !entry->Window()->isHidden() &&
                 entry->lock.holder != HOLDER_SCREEN)
                 RestackWindow(*entry);
         }
@@ -480,16 +483,16 @@ void TWindowStacks::RestackWindow(TEntry const& entry)
     QVector<TLockingWidget> const& locks = m_Screen->GetLockingWidgets();
     if (locks.isEmpty())
     {
-        m_Screen->RaiseToBelowAlarm(entry.window);
-        m_Screen->RaiseToBelowSystemToolbar(entry.window);
+        m_Screen->RaiseToBelowAlarm(entry.Window());
+        m_Screen->RaiseToBelowSystemToolbar(entry.Window());
     }
     else if (entry.locksBelow.contains(locks.constLast().widget))
     {
-        m_Screen->RaiseToBelowAlarm(entry.window);
+        m_Screen->RaiseToBelowAlarm(entry.Window());
     }
     else
     {
-        entry.window->stackUnder(LowestLockLayer());
+        entry.Window()->stackUnder(LowestLockLayer());
     }
 }
 
@@ -510,7 +513,7 @@ void TWindowStacks::TellOverlayManager()
     std::set<TStackKey> filled;
     for (TEntryPtr const& entry : m_Entries)
     {
-        if (entry->window && !entry->isTakenDown)
+        if (entry->Window() && !entry->isTakenDown)
             filled.emplace(entry->stack, entry->id);
     }
     std::set<TStackKey> const before = std::move(m_Filled);
@@ -533,7 +536,7 @@ void TWindowStacks::TellOverlayManager()
 
 void TWindowStacks::Place(TEntry const& entry)
 {
-    if (auto* const task = qobject_cast<TTaskWindow*>(entry.window.data()))
+    if (auto* const task = qobject_cast<TTaskWindow*>(entry.Window()))
         task->setGeometry(TaskWindowPlace(*m_Screen, *task));
 }
 
@@ -545,12 +548,12 @@ void TWindowStacks::PlaceAll()
     {
         if (!self || !m_Screen)
             return;
-        if (!IsIn(entry) || entry->window->isHidden())
+        if (!IsIn(entry) || entry->Window()->isHidden())
             continue;
         if (entry->stack == STACK_TASK_WINDOWS)
             Place(*entry);
-        else if (entry->window->ShouldAutoReCentre())
-            entry->window->ReCentre(m_Screen);
+        else if (entry->Window()->ShouldAutoReCentre())
+            entry->Window()->ReCentre(m_Screen);
     }
 }
 
@@ -575,7 +578,7 @@ void TWindowStacks::DropTakenDown()
     for (TEntryPtr const& entry : entries)
     {
         if (self && entry->isTakenDown)
-            OnHidden(entry->window);
+            OnHidden(entry->Window());
     }
     if (self)
         Arrange();
@@ -584,7 +587,7 @@ void TWindowStacks::DropTakenDown()
 void TWindowStacks::OnHidden(QObject* window)
 {
     TEntryPtr const entry = Take(m_Entries, window);
-    if (!entry || !entry->window)
+    if (!entry || !entry->Window())
         return;
     disconnect(window, nullptr, this, nullptr);
     window->removeEventFilter(this);
@@ -624,11 +627,11 @@ void TWindowStacks::OnSurfaceChanged(TWindow* window, KVN::MorvaneID const& id)
 void TWindowStacks::OnDesiredGeometryChanged(QObject* window)
 {
     TEntryPtr const entry = Find(window);
-    if (!entry || !entry->window || !m_Screen || entry->window->isHidden())
+    if (!entry || !entry->Window() || !m_Screen || entry->Window()->isHidden())
         return;
     Place(*entry);
-    if (entry->window && m_Screen)
-        m_Screen->GetWindowManager()->HideMiniviewsIfOverlapping(entry->window.data());
+    if (entry->Window() && m_Screen)
+        m_Screen->GetWindowManager()->HideMiniviewsIfOverlapping(entry->Window());
 }
 
 void TWindowStacks::OnFullViewChanged()

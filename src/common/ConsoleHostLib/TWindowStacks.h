@@ -74,7 +74,7 @@ private:
     struct TEntry;
     struct TLock;
     using TEntryPtr = std::shared_ptr<TEntry>;
-    using TOutdatedLock = std::pair<TLock, QPointer<TWindow>>;
+    using TOutdatedLock = std::pair<TLock, QPointer<QWidget>>;
     using TStackKey = std::pair<EWindowStack, KVN::MorvaneID>;
 
     void PushWindow(TWindow* window, EWindowStack stack, KVN::MorvaneID const& id);
