@@ -995,6 +995,43 @@ private Q_SLOTS:
         VERIFY_LAYERS(*stage.Screen());
     }
 
+    // Whoever hears of its being hidden before the stacks do brings it back.
+    void aWindowMayComeBackBeforeTheStacksHear_data()
+    {
+        QTest::addColumn<bool>("covered");
+        QTest::newRow("to the top") << false;
+        QTest::newRow("covered at once") << true;
+    }
+
+    void aWindowMayComeBackBeforeTheStacksHear()
+    {
+        QFETCH(bool, covered);
+        TStackStage stage;
+        TPopupWindow* const popup = stage.Popup();
+        TPopupWindow* const cover = stage.Popup();
+        int times = 0;
+        connect(popup, &TWindow::WindowHidden, this,
+                [&]
+                {
+                    if (++times > 1)
+                        return;
+                    popup->ShowWindow(false);
+                    if (covered)
+                        cover->ShowWindow(false);
+                });
+        popup->ShowWindow(false);
+        popup->HideWindow();
+        QList<TWindow*> expected{popup};
+        if (covered)
+            expected.append(cover);
+        QCOMPARE(stage.Stacks()->GetWindows(STACK_POPUPS, KVN::MorvaneID()), expected);
+        QVERIFY(expected.last()->isVisible());
+        cover->HideWindow();
+        QVERIFY(popup->isVisible());
+        popup->HideWindow();
+        QVERIFY(stage.Stacks()->GetWindows(STACK_POPUPS, KVN::MorvaneID()).isEmpty());
+    }
+
     void aWindowThatHidesItselfWhileItAppearsIsGone()
     {
         TStackStage stage;

@@ -63,6 +63,7 @@ struct TWindowStacks::TEntry
     int calledUpOver = OverNoView;
     QPointer<QWidget> home; // the parent that it had before
     QMetaObject::Connection homeGone;
+    QMetaObject::Connection hidden;
     bool isTakenDown = false;            // by somebody's hide(); it leaves as soon as that is over
     bool isOnTopAnew = false;            // its lock comes on top of the others too
     QList<QPointer<QWidget>> locksBelow; // that were there when it came up
@@ -139,6 +140,9 @@ void TWindowStacks::PushWindow(TWindow* window, EWindowStack stack, KVN::Morvane
     for (TLockingWidget const& lock : m_Screen->GetLockingWidgets())
         entry->locksBelow.append(lock.widget);
     m_Entries.push_back(entry);
+    // Anew: whoever heard before of its being hidden may have shown it again, and that one must not be heard.
+    disconnect(entry->hidden);
+    entry->hidden = connect(window, &TWindow::WindowHidden, this, [this, window] { OnHidden(window); });
     Adopt(*entry);
     Place(*entry);
 
@@ -199,7 +203,6 @@ TWindowStacks::TEntryPtr TWindowStacks::Take(std::vector<TEntryPtr>& entries, QO
 void TWindowStacks::Watch(TWindow* window)
 {
     window->installEventFilter(this);
-    connect(window, &TWindow::WindowHidden, this, [this, window] { OnHidden(window); });
     connect(window, &QObject::destroyed, this, &TWindowStacks::OnDestroyed, Qt::UniqueConnection);
     auto const onSurface = [this, window](KVN::MorvaneID const&, KVN::MorvaneID const& id)
     { OnSurfaceChanged(window, id); };
