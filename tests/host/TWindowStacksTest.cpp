@@ -13,6 +13,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 #include <random>
 
 using KVN::MODAL_GLOBAL;
@@ -1223,7 +1224,8 @@ private Q_SLOTS:
 
 namespace
 {
-/// Shows, hides, deletes and moves windows at random, and knows what must be seen then.
+/// Shows, hides, deletes and moves windows at random, also from inside each other's signals, and knows what
+/// must be seen then.
 class TRandomWork
 {
 public:
@@ -1232,44 +1234,36 @@ public:
         , m_Random(seed)
         , m_Ids({KVN::MorvaneID(), stage.a->m_Id, stage.b->m_Id, stage.c->m_Id})
         , m_Windows(WindowCount)
+        , m_Context(std::make_unique<QObject>())
     {
+        QObject::connect(stage.Screen(), &TScreen::NotifyScreenLock, m_Context.get(),
+                         [this] { Interrupt(); });
     }
     ~TRandomWork()
     {
+        m_Context.reset();
         for (QPointer<TWindow> const& window : qAsConst(m_Windows))
             delete window;
     }
 
+    /// Answers what was done.
     QString Step()
     {
-        int const index = Number(WindowCount);
-        if (!m_Windows[index])
-            m_Windows[index] = Make(index);
-        TWindow* const window = m_Windows[index];
+        m_Done.clear();
         int const action = Number(100);
-        QString done;
-        if (action < 40)
-            done = Show(window);
-        else if (action < 55)
-            done = Act("HideWindow", [&] { window->HideWindow(); });
-        else if (action < 60)
-            done = Act("hide",
-                       [&]
-                       {
-                           window->hide();
-                           QCoreApplication::processEvents();
-                       });
-        else if (action < 70)
-            done = Act("delete", [&] { delete window; });
-        else if (action < 80)
-            done = Act("move", [&] { SetSurface(window, m_Ids[Number(m_Ids.size())]); });
-        else if (action < 90)
-            done = Act("view", [&] { Switch(); });
+        if (action < 90)
+            Act();
         else if (action < 95)
-            done = Act("mini", [&] { m_Stage.OpenMini(m_Stage.c); });
+            Do("mini", [&] { m_Stage.OpenMini(m_Stage.c); });
         else
-            done = Act("events", [] { QCoreApplication::processEvents(); });
-        return QStringLiteral("window %1: %2").arg(index).arg(done);
+            m_IsUnsettled = true;
+        // What was hidden by hand leaves when that is over, and may cause more.
+        while (m_IsUnsettled)
+        {
+            m_IsUnsettled = false;
+            QCoreApplication::processEvents();
+        }
+        return m_Done.join(QStringLiteral(", "));
     }
 
     QString Fault() const
@@ -1307,13 +1301,48 @@ public:
 
 private:
     static constexpr int WindowCount = 12;
+    static constexpr int MostDepth = 3;
 
     int Number(int count) { return int(m_Random() % unsigned(count)); }
-    template<typename TAction>
-    QString Act(char const* name, TAction const& action)
+
+    // Inside of a signal.
+    void Interrupt()
     {
+        if (m_Depth >= MostDepth || Number(4) != 0)
+            return;
+        m_IsUnsettled = true;
+        Act();
+    }
+
+    // The window may be gone afterwards.
+    void Act()
+    {
+        int const index = Number(WindowCount);
+        if (!m_Windows[index])
+            m_Windows[index] = Make(index);
+        TWindow* const window = m_Windows[index];
+        int const action = Number(90);
+        m_Done.append(QStringLiteral("%1window %2:").arg(QString(m_Depth, QLatin1Char('>'))).arg(index));
+        ++m_Depth;
+        if (action < 40)
+            Show(window);
+        else if (action < 55)
+            Do("HideWindow", [&] { window->HideWindow(); });
+        else if (action < 60)
+            Do("hide", [&] { Hide(window); });
+        else if (action < 70)
+            Do("delete", [&] { delete window; });
+        else if (action < 80)
+            Do("move", [&] { SetSurface(window, m_Ids[Number(m_Ids.size())]); });
+        else
+            Do("view", [&] { Switch(); });
+        --m_Depth;
+    }
+    template<typename TAction>
+    void Do(char const* name, TAction const& action)
+    {
+        m_Done.append(QString::fromLatin1(name));
         action();
-        return QString::fromLatin1(name);
     }
     TWindow* Make(int index)
     {
@@ -1321,7 +1350,22 @@ private:
         TWindow* const window = index % 2 == 0 ? static_cast<TWindow*>(new TPopupWindow(nullptr))
                                                : static_cast<TWindow*>(new TTaskWindow(nullptr));
         SetSurface(window, id);
+        QObject* const context = m_Context.get();
+        QObject::connect(window, &TWindow::WindowShown, context, [this] { Interrupt(); });
+        QObject::connect(window, &TWindow::WindowHidden, context, [this] { Interrupt(); });
+        // Heard before anybody else hears of it.
+        QObject::connect(window, &QObject::destroyed, context,
+                         [this, index]
+                         {
+                             m_Windows[index].clear();
+                             Interrupt();
+                         });
         return window;
+    }
+    void Hide(TWindow* window)
+    {
+        m_IsUnsettled = true;
+        window->hide();
     }
     void SetSurface(TWindow* window, KVN::MorvaneID const& id)
     {
@@ -1330,22 +1374,23 @@ private:
         else if (auto* const task = qobject_cast<TTaskWindow*>(window))
             task->SetSurfaceID(id);
     }
-    QString Show(TWindow* window)
+    void Show(QPointer<TWindow> const& window)
     {
         bool const modal = Number(4) == 0;
         bool const local = Number(2) == 0;
-        if (auto* const popup = qobject_cast<TPopupWindow*>(window))
+        m_Done.append(QStringLiteral("show, modal %1, local %2").arg(modal).arg(local));
+        if (auto* const popup = qobject_cast<TPopupWindow*>(window.data()))
         {
             if (!modal)
                 popup->ClearModal();
             popup->ShowWindow(modal, local);
         }
-        else if (auto* const task = qobject_cast<TTaskWindow*>(window))
+        else if (auto* const task = qobject_cast<TTaskWindow*>(window.data()))
         {
-            task->SetDesiredContentSize(100 + Number(900), 100 + Number(700));
-            task->ShowWindow(modal, local);
+            task->SetDesiredContentSize(100 + 300 * Number(4), 100 + 300 * Number(3));
+            if (window)
+                task->ShowWindow(modal, local);
         }
-        return QStringLiteral("show, modal %1, local %2").arg(modal).arg(local);
     }
     void Switch()
     {
@@ -1408,16 +1453,27 @@ private:
     std::mt19937 m_Random;
     QVector<KVN::MorvaneID> m_Ids;
     QVector<QPointer<TWindow>> m_Windows;
+    std::unique_ptr<QObject> m_Context;
+    QStringList m_Done;
+    int m_Depth = 0;
+    bool m_IsUnsettled = false;
 };
+
+// For a longer run, with QTEST_FUNCTION_TIMEOUT (ms) raised alike.
+constexpr char const* StepsVariable = "COMMONUI_RANDOM_STEPS";
+constexpr int UsualSteps = 5000;
 } // namespace
 
 void TWindowStacksTest::theStacksStayRightWhateverHappens()
 {
     QFETCH(unsigned, seed);
-    constexpr int Steps = 5000;
+    int const wanted = qEnvironmentVariableIntValue(StepsVariable);
+    int const steps = wanted > 0 ? wanted : UsualSteps;
     TStackStage stage;
+    // What is painted is nobody's business here, and would take most of the time.
+    stage.Screen()->setUpdatesEnabled(false);
     TRandomWork work(stage, seed);
-    for (int step = 0; step < Steps; ++step)
+    for (int step = 0; step < steps; ++step)
     {
         QString const done = work.Step();
         QString const fault = work.Fault();
