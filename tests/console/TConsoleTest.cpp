@@ -347,9 +347,9 @@ private Q_SLOTS:
         QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-screenshot"))));
         QCOMPARE(stage.Manager()->GetOffScreenState(), OFF_SCREEN_HIDDEN);
         QDir const pictures(stick.filePath(QStringLiteral("Screenshots")));
-        QStringList const files = pictures.entryList({QStringLiteral("*.png")});
-        QCOMPARE(files.size(), 1);
-        QImage const picture(pictures.filePath(files.constFirst()));
+        auto const files = [&] { return pictures.entryList({QStringLiteral("*.png")}); };
+        QTRY_COMPARE_WITH_TIMEOUT(files().size(), 1, 60000);
+        QImage const picture(pictures.filePath(files().constFirst()));
         QCOMPARE(picture.size(), QSize(1024, 768));
         QVERIFY(picture.copy(place).convertToFormat(withTheStrip.format()) != withTheStrip);
     }
