@@ -3,19 +3,14 @@
 #include "TestSupport.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QSignalSpy>
 
-#include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
-#include <memory>
-#include <sys/file.h>
-#include <sys/mount.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace
@@ -34,7 +29,6 @@ public:
     bool IsExternalDrivePresent() const override { return answers > 0; }
     bool GetExternalDrivePath(QString& path) const override
     {
-        ++questions;
         if (answers <= 0)
             return false;
         --answers;
@@ -43,7 +37,6 @@ public:
     }
 
     mutable int answers = 1000;
-    mutable int questions = 0;
 
 private:
     QString const m_Path;
@@ -135,57 +128,6 @@ private:
     int m_Pipe[2] = {-1, -1};
 };
 
-/// A file system in memory, mounted while the object lives.
-class TMount
-{
-public:
-    TMount(QString path, QString const& options)
-        : m_Path(std::move(path))
-        , m_IsMounted(QProcess::execute(QStringLiteral("mount"),
-                                        {QStringLiteral("-t"), QStringLiteral("tmpfs"), QStringLiteral("-o"),
-                                         options, QStringLiteral("none"), m_Path}) == 0)
-    {
-    }
-    ~TMount()
-    {
-        if (m_IsMounted)
-            ::umount2(QFile::encodeName(m_Path).constData(), MNT_DETACH);
-    }
-    TMount(TMount const&) = delete;
-    TMount& operator=(TMount const&) = delete;
-
-    bool IsMounted() const { return m_IsMounted; }
-
-private:
-    QString const m_Path;
-    bool const m_IsMounted;
-};
-
-/// Keeps all files from the drive while the object lives: one that takes its time.
-class TSlowDrive
-{
-public:
-    explicit TSlowDrive(QString const& path)
-        : m_Root(::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
-    {
-        [this] { QCOMPARE(::flock(m_Root, LOCK_EX), 0); }();
-    }
-    ~TSlowDrive()
-    {
-        // By word, as processes forked meanwhile have the file open too.
-        ::flock(m_Root, LOCK_UN);
-        ::close(m_Root);
-    }
-    TSlowDrive(TSlowDrive const&) = delete;
-    TSlowDrive& operator=(TSlowDrive const&) = delete;
-
-private:
-    int const m_Root;
-};
-
-/// What fsync() of a folder ends with; 0: as the system has it.
-int folderSyncError = 0;
-
 QString const Folder = QStringLiteral("Screenshots");
 QString const Name = QStringLiteral("a.png");
 
@@ -196,35 +138,12 @@ void WriteFile(QString const& path, QByteArray const& content)
     QCOMPARE(file.write(content), content.size());
 }
 
-/// Saves a file and answers what became of it.
-EDriveResult Save(TExternalDrive& drive, QString const& stick, QString const& folder, QString const& name,
-                  QByteArray const& content)
-{
-    QSignalSpy const saved(&drive, &TExternalDrive::Saved);
-    QSignalSpy const failed(&drive, &TExternalDrive::SaveFailed);
-    drive.SaveFile(stick, folder, name, content);
-    [&] { QTRY_VERIFY_WITH_TIMEOUT(!saved.isEmpty() || !failed.isEmpty(), 60000); }();
-    return failed.isEmpty() ? DRIVE_OK : failed[0][0].value<EDriveResult>();
-}
-
 QByteArray ReadFile(QString const& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
 }
 } // namespace
-
-/// Stands in for the system's, in the toolkit too.
-extern "C" __attribute__((visibility("default"))) int fsync(int file)
-{
-    struct stat status;
-    if (folderSyncError != 0 && ::fstat(file, &status) == 0 && S_ISDIR(status.st_mode))
-    {
-        errno = folderSyncError;
-        return -1;
-    }
-    return static_cast<int>(::syscall(SYS_fsync, file));
-}
 
 class TExternalDriveTest : public QObject
 {
@@ -259,19 +178,10 @@ private Q_SLOTS:
     void linksOnTheStickDoNotLeadOffIt();
     void placeThatIsTakenIsRefused_data();
     void placeThatIsTakenIsRefused();
-    void nameThatDoesNotReachTheStickIsTold_data();
-    void nameThatDoesNotReachTheStickIsTold();
     void whatAPowerCutLeftIsNoHindrance();
     void failureIsLoggedAndEmitted();
-    void driveMayBeDeletedByItsFailure_data();
     void driveMayBeDeletedByItsFailure();
-    void driveMayBeDeletedByItsSuccess();
     void fullFileSystemIsFull();
-    void screenGoesOnWhileAFileIsWritten();
-    void fileOutlivesTheDrive();
-    void filesOfOneNameDoNotSpoilEachOther();
-    void nothingOfTheStickStaysOpen();
-    void fileThatTakesTooLongHasFailed();
 
     void ejectWithoutAStickIsRefused();
     void ejectWritesOutFirstAndUnmountsThen();
@@ -284,10 +194,6 @@ private Q_SLOTS:
     void ejectOutlivesTheDrive();
     void driveMayBeDeletedByItsEject();
     void hostMayEjectInItsOwnWay();
-    void stickThatIsEjectedTakesNothing_data();
-    void stickThatIsEjectedTakesNothing();
-    void stickThatIsMountedAgainTakesFilesAtOnce();
-    void ejectThatHangsHasFailed();
 
 private:
     QString Place(QString const& name = Name) const { return m_Stick + "/Screenshots/" + name; }
@@ -304,9 +210,9 @@ private:
 void TExternalDriveTest::fileIsSavedInItsFolder()
 {
     TExternalDrive drive;
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "one"), DRIVE_OK);
-    QCOMPARE(Save(drive, m_Stick, Folder, QStringLiteral("b c.png"), "two"), DRIVE_OK);
-    QCOMPARE(Save(drive, m_Stick, Folder, QStringLiteral("empty"), QByteArray()), DRIVE_OK);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, Name, "one"), DRIVE_OK);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, QStringLiteral("b c.png"), "two"), DRIVE_OK);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, QStringLiteral("empty"), QByteArray()), DRIVE_OK);
     QCOMPARE(Files(),
              (QStringList{QStringLiteral("a.png"), QStringLiteral("b c.png"), QStringLiteral("empty")}));
     QCOMPARE(ReadFile(Place()), QByteArray("one"));
@@ -317,8 +223,8 @@ void TExternalDriveTest::fileIsSavedInItsFolder()
 void TExternalDriveTest::fileOfTheSameNameIsReplaced()
 {
     TExternalDrive drive;
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "a long first one"), DRIVE_OK);
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "second"), DRIVE_OK);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, Name, "a long first one"), DRIVE_OK);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, Name, "second"), DRIVE_OK);
     QCOMPARE(ReadFile(Place()), QByteArray("second"));
     QCOMPARE(Files(), QStringList{Name});
 }
@@ -329,7 +235,7 @@ void TExternalDriveTest::largeFileIsSavedWhole()
     for (int i = 0; i < content.size(); i += 977)
         content[i] = static_cast<char>(i);
     TExternalDrive drive;
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, content), DRIVE_OK);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, Name, content), DRIVE_OK);
     QCOMPARE(ReadFile(Place()), content);
 }
 
@@ -339,21 +245,21 @@ void TExternalDriveTest::stickThatFillsUpKeepsNoPart()
     EDriveResult result = DRIVE_OK;
     {
         TFullDrive const full(4096);
-        result = Save(drive, m_Stick, Folder, Name, QByteArray(10000, 'x'));
+        result = drive.SaveFile(m_Stick, Folder, Name, QByteArray(10000, 'x'));
     }
     QCOMPARE(result, DRIVE_FULL);
     QCOMPARE(Files(), QStringList());
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, QByteArray(10000, 'x')), DRIVE_OK);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, Name, QByteArray(10000, 'x')), DRIVE_OK);
 }
 
 void TExternalDriveTest::stickThatFillsUpKeepsTheFileBefore()
 {
     TExternalDrive drive;
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "before"), DRIVE_OK);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, Name, "before"), DRIVE_OK);
     EDriveResult result = DRIVE_OK;
     {
         TFullDrive const full(4096);
-        result = Save(drive, m_Stick, Folder, Name, QByteArray(10000, 'x'));
+        result = drive.SaveFile(m_Stick, Folder, Name, QByteArray(10000, 'x'));
     }
     QCOMPARE(result, DRIVE_FULL);
     QCOMPARE(ReadFile(Place()), QByteArray("before"));
@@ -365,7 +271,7 @@ void TExternalDriveTest::stickThatCannotBeWrittenIsSaidToBe()
 {
     TNamedDrive const drives(QStringLiteral("/sys"));
     TExternalDrive drive;
-    QCOMPARE(Save(drive, QStringLiteral("/sys"), Folder, Name, "one"), DRIVE_READ_ONLY);
+    QCOMPARE(drive.SaveFile(QStringLiteral("/sys"), Folder, Name, "one"), DRIVE_READ_ONLY);
     QVERIFY(!QFile::exists(QStringLiteral("/sys/Screenshots")));
 }
 
@@ -390,7 +296,7 @@ void TExternalDriveTest::stickThatWasPulledTakesNothing()
     if (named && !another)
         QVERIFY(QDir(m_Stick).removeRecursively());
     TExternalDrive drive;
-    QCOMPARE(Save(drive, drivePath, Folder, Name, "one"), DRIVE_GONE);
+    QCOMPARE(drive.SaveFile(drivePath, Folder, Name, "one"), DRIVE_GONE);
     QVERIFY(!QFile::exists(drivePath + "/Screenshots"));
 }
 
@@ -399,7 +305,7 @@ void TExternalDriveTest::stickThatIsPulledMidwayIsGone()
     TNamedDrive const drives(QStringLiteral("/sys"));
     drives.answers = 1;
     TExternalDrive drive;
-    QCOMPARE(Save(drive, QStringLiteral("/sys"), Folder, Name, "one"), DRIVE_GONE);
+    QCOMPARE(drive.SaveFile(QStringLiteral("/sys"), Folder, Name, "one"), DRIVE_GONE);
 }
 
 void TExternalDriveTest::namesDoNotLeadOffTheStick_data()
@@ -423,7 +329,7 @@ void TExternalDriveTest::namesDoNotLeadOffTheStick()
     QFETCH(QString, folder);
     QFETCH(QString, name);
     TExternalDrive drive;
-    QCOMPARE(Save(drive, m_Stick, folder, name, "one"), DRIVE_REFUSED);
+    QCOMPARE(drive.SaveFile(m_Stick, folder, name, "one"), DRIVE_REFUSED);
     QCOMPARE(QDir(m_Stick).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
 }
 
@@ -451,7 +357,7 @@ void TExternalDriveTest::linksOnTheStickDoNotLeadOffIt()
         QVERIFY(QDir(m_Stick).mkdir(Folder));
     QVERIFY(QFile::link(target, m_Stick + QLatin1Char('/') + link));
     TExternalDrive drive;
-    QTEST(Save(drive, m_Stick, Folder, Name, "one"), "result");
+    QTEST(drive.SaveFile(m_Stick, Folder, Name, "one"), "result");
     if (toFolder)
     {
         QVERIFY(QDir(target).isEmpty());
@@ -465,47 +371,25 @@ void TExternalDriveTest::linksOnTheStickDoNotLeadOffIt()
 
 void TExternalDriveTest::placeThatIsTakenIsRefused_data()
 {
-    QTest::addColumn<QString>("byAFolder");
-    QTest::newRow("folder by a file") << QString();
-    QTest::newRow("file by a folder") << QStringLiteral("a.png");
-    QTest::newRow("unfinished file by a folder") << QStringLiteral(".a.png.part");
+    QTest::addColumn<bool>("byAFile");
+    QTest::newRow("folder by a file") << true;
+    QTest::newRow("file by a folder") << false;
 }
 
 void TExternalDriveTest::placeThatIsTakenIsRefused()
 {
-    QFETCH(QString, byAFolder);
-    bool const byAFile = byAFolder.isEmpty();
+    QFETCH(bool, byAFile);
     if (byAFile)
         WriteFile(m_Stick + "/Screenshots", "mine");
     else
-        QVERIFY(QDir(m_Stick).mkpath(QStringLiteral("Screenshots/") + byAFolder));
+        QVERIFY(QDir(m_Stick).mkpath(QStringLiteral("Screenshots/a.png")));
     TExternalDrive drive;
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "one"), DRIVE_REFUSED);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, Name, "one"), DRIVE_REFUSED);
     if (byAFile)
         QCOMPARE(ReadFile(m_Stick + "/Screenshots"), QByteArray("mine"));
     else
-        QVERIFY(QFileInfo(Place(byAFolder)).isDir());
+        QVERIFY(QFileInfo(Place()).isDir());
     QCOMPARE(Files(), QStringList());
-}
-
-void TExternalDriveTest::nameThatDoesNotReachTheStickIsTold_data()
-{
-    QTest::addColumn<int>("error");
-    QTest::addColumn<EDriveResult>("result");
-    QTest::newRow("pulled in that moment") << EIO << DRIVE_ERROR;
-    QTest::newRow("full") << ENOSPC << DRIVE_FULL;
-    QTest::newRow("a file system that has no such call") << EINVAL << DRIVE_OK;
-    QTest::newRow("one that does not offer it") << ENOTSUP << DRIVE_OK;
-}
-
-void TExternalDriveTest::nameThatDoesNotReachTheStickIsTold()
-{
-    QFETCH(int, error);
-    TScopedValue<int> const failing(folderSyncError, error);
-    TExternalDrive drive;
-    QTEST(Save(drive, m_Stick, Folder, Name, "one"), "result");
-    // Whole all the same.
-    QCOMPARE(ReadFile(Place()), QByteArray("one"));
 }
 
 void TExternalDriveTest::whatAPowerCutLeftIsNoHindrance()
@@ -513,7 +397,7 @@ void TExternalDriveTest::whatAPowerCutLeftIsNoHindrance()
     QVERIFY(QDir(m_Stick).mkdir(Folder));
     WriteFile(Place(QStringLiteral(".a.png.part")), "half of a longer");
     TExternalDrive drive;
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "one"), DRIVE_OK);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, Name, "one"), DRIVE_OK);
     QCOMPARE(ReadFile(Place()), QByteArray("one"));
     QCOMPARE(Files(), QStringList{Name});
 }
@@ -522,128 +406,39 @@ void TExternalDriveTest::failureIsLoggedAndEmitted()
 {
     TExternalDrive drive;
     QSignalSpy failed(&drive, &TExternalDrive::SaveFailed);
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "one"), DRIVE_OK);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, Name, "one"), DRIVE_OK);
     QCOMPARE(failed.count(), 0);
     m_Drives->Pull();
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "one"), DRIVE_GONE);
+    QCOMPARE(drive.SaveFile(m_Stick, Folder, Name, "one"), DRIVE_GONE);
     QCOMPARE(failed.count(), 1);
     QCOMPARE(failed[0][0].value<EDriveResult>(), DRIVE_GONE);
     QCOMPARE(m_Log->Entries(),
              QStringList{QStringLiteral("USB: a.png was not saved: the stick was pulled.")});
 }
 
-void TExternalDriveTest::driveMayBeDeletedByItsFailure_data()
-{
-    QTest::addColumn<bool>("atOnce");
-    QTest::newRow("at once") << true;
-    QTest::newRow("later") << false;
-}
-
 void TExternalDriveTest::driveMayBeDeletedByItsFailure()
 {
-    QFETCH(bool, atOnce);
     QPointer<TExternalDrive> const drive(new TExternalDrive);
     connect(drive.data(), &TExternalDrive::SaveFailed, this, [drive] { delete drive.data(); });
-    if (atOnce)
-        m_Drives->Pull();
-    else
-        WriteFile(m_Stick + "/Screenshots", "mine");
-    drive->SaveFile(m_Stick, Folder, Name, "one");
-    QTRY_VERIFY(!drive);
-}
-
-void TExternalDriveTest::driveMayBeDeletedByItsSuccess()
-{
-    QPointer<TExternalDrive> const drive(new TExternalDrive);
-    connect(drive.data(), &TExternalDrive::Saved, this, [drive] { delete drive.data(); });
-    drive->SaveFile(m_Stick, Folder, Name, "one");
-    QTRY_VERIFY(!drive);
-    QCOMPARE(ReadFile(Place()), QByteArray("one"));
+    m_Drives->Pull();
+    QCOMPARE(drive->SaveFile(m_Stick, Folder, Name, "one"), DRIVE_GONE);
+    QVERIFY(!drive);
 }
 
 void TExternalDriveTest::fullFileSystemIsFull()
 {
     QTemporaryDir const stick;
-    TMount const mount(stick.path(), QStringLiteral("size=16k"));
-    if (!mount.IsMounted())
+    if (QProcess::execute(QStringLiteral("mount"),
+                          {QStringLiteral("-t"), QStringLiteral("tmpfs"), QStringLiteral("-o"),
+                           QStringLiteral("size=16k"), QStringLiteral("none"), stick.path()}) != 0)
         QSKIP("Nothing may be mounted here.");
-    TNamedDrive const drives(stick.path());
-    TExternalDrive drive;
-    QCOMPARE(Save(drive, stick.path(), Folder, Name, QByteArray(100000, 'x')), DRIVE_FULL);
-    QVERIFY(QDir(stick.filePath(Folder)).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
-}
-
-void TExternalDriveTest::screenGoesOnWhileAFileIsWritten()
-{
-    TExternalDrive drive;
-    QSignalSpy saved(&drive, &TExternalDrive::Saved);
     {
-        TSlowDrive const slow(m_Stick);
-        drive.SaveFile(m_Stick, Folder, Name, "one");
-        int ticks = 0;
-        QTimer timer;
-        connect(&timer, &QTimer::timeout, this, [&ticks] { ++ticks; });
-        timer.start(1);
-        QTRY_VERIFY(ticks >= 20);
-        QVERIFY(saved.isEmpty());
-        QVERIFY(!QFile::exists(Place()));
+        TNamedDrive const drives(stick.path());
+        TExternalDrive drive;
+        QCOMPARE(drive.SaveFile(stick.path(), Folder, Name, QByteArray(100000, 'x')), DRIVE_FULL);
+        QVERIFY(QDir(stick.filePath(Folder)).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
     }
-    QTRY_COMPARE(saved, (QList<QVariantList>{{Name}}));
-    QCOMPARE(ReadFile(Place()), QByteArray("one"));
-}
-
-void TExternalDriveTest::fileOutlivesTheDrive()
-{
-    auto drive = std::make_unique<TExternalDrive>();
-    {
-        TSlowDrive const slow(m_Stick);
-        drive->SaveFile(m_Stick, Folder, Name, "one");
-        // Were the file waited for, this would have no end.
-        drive.reset();
-        QVERIFY(!QFile::exists(Place()));
-    }
-    QTRY_COMPARE(ReadFile(Place()), QByteArray("one"));
-}
-
-void TExternalDriveTest::filesOfOneNameDoNotSpoilEachOther()
-{
-    constexpr int Count = 8;
-    constexpr int Size = 300000;
-    TExternalDrive drive;
-    QSignalSpy saved(&drive, &TExternalDrive::Saved);
-    for (int i = 0; i < Count; ++i)
-        drive.SaveFile(m_Stick, Folder, Name, QByteArray(Size, static_cast<char>('a' + i)));
-    QTRY_COMPARE_WITH_TIMEOUT(saved.count(), Count, 60000);
-    QByteArray const content = ReadFile(Place());
-    QCOMPARE(content, QByteArray(Size, content[0]));
-    QCOMPARE(Files(), QStringList{Name});
-}
-
-// What is open keeps a drive from being ejected.
-void TExternalDriveTest::nothingOfTheStickStaysOpen()
-{
-    TExternalDrive drive;
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "one"), DRIVE_OK);
-    QFileInfoList const open =
-        QDir(QStringLiteral("/proc/self/fd")).entryInfoList(QDir::AllEntries | QDir::System);
-    for (QFileInfo const& file : open)
-        QVERIFY2(!file.symLinkTarget().startsWith(m_Stick), qPrintable(file.symLinkTarget()));
-}
-
-void TExternalDriveTest::fileThatTakesTooLongHasFailed()
-{
-    TManualClock clock;
-    TExternalDrive drive;
-    QSignalSpy failed(&drive, &TExternalDrive::SaveFailed);
-    {
-        TSlowDrive const slow(m_Stick);
-        drive.SaveFile(m_Stick, Folder, Name, "one");
-        clock.Advance(120000);
-        QTRY_COMPARE(failed.count(), 1);
-        QCOMPARE(failed[0][0].value<EDriveResult>(), DRIVE_ERROR);
-    }
-    QTRY_COMPARE(ReadFile(Place()), QByteArray("one"));
-    QCOMPARE(failed.count(), 1);
+    QCOMPARE(QProcess::execute(QStringLiteral("umount"), {stick.path()}), 0);
 }
 
 void TExternalDriveTest::ejectWithoutAStickIsRefused()
@@ -685,6 +480,8 @@ void TExternalDriveTest::screenGoesOnWhileTheStickIsWritten()
 {
     TNotingDrive drive;
     QSignalSpy finished(&drive, &TExternalDrive::EjectFinished);
+    QElapsedTimer elapsed;
+    elapsed.start();
     QVERIFY(drive.Eject());
     int ticks = 0;
     QTimer timer;
@@ -725,8 +522,8 @@ void TExternalDriveTest::folderThatIsNotMountedIsNotEjected()
 void TExternalDriveTest::mountedStickIsEjected()
 {
     QTemporaryDir const stick;
-    TMount const mount(stick.path(), QStringLiteral("size=1m"));
-    if (!mount.IsMounted())
+    if (QProcess::execute(QStringLiteral("mount"), {QStringLiteral("-t"), QStringLiteral("tmpfs"),
+                                                    QStringLiteral("none"), stick.path()}) != 0)
         QSKIP("Nothing may be mounted here.");
     TNamedDrive const drives(stick.path());
     TExternalDrive drive;
@@ -758,38 +555,27 @@ void TExternalDriveTest::ejectOutlivesTheDrive()
 {
     QTemporaryDir const folder;
     QString const notes = folder.filePath(QStringLiteral("done"));
-    int pipe[2] = {-1, -1};
-    QCOMPARE(::pipe2(pipe, O_CLOEXEC), 0);
-    /// Ends when the test says so, after it has let go of it.
+    /// Ends after the test has let go of it.
     struct TLateDrive : TExternalDrive
     {
-        TLateDrive(QByteArray path, int const* pipe)
+        explicit TLateDrive(QByteArray path)
             : m_Notes(std::move(path))
-            , m_Pipe(pipe)
         {
         }
-        void Sync() const override
-        {
-            ::close(m_Pipe[1]);
-            char byte = 0;
-            while (::read(m_Pipe[0], &byte, 1) > 0)
-                ;
-        }
+        void Sync() const override { ::usleep(200000); }
         bool Unmount(char const*) const override
         {
             ::close(::open(m_Notes.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));
             return true;
         }
         QByteArray const m_Notes;
-        int const* const m_Pipe;
     };
-    auto drive = std::make_unique<TLateDrive>(QFile::encodeName(notes), pipe);
+    auto drive = std::make_unique<TLateDrive>(QFile::encodeName(notes));
     QVERIFY(drive->Eject());
-    // Were the eject waited for, this would have no end.
+    QElapsedTimer elapsed;
+    elapsed.start();
     drive.reset();
-    QVERIFY(!QFile::exists(notes));
-    ::close(pipe[0]);
-    ::close(pipe[1]);
+    QVERIFY(elapsed.elapsed() < 150);
     QTRY_VERIFY(QFile::exists(notes));
 }
 
@@ -826,78 +612,6 @@ void TExternalDriveTest::hostMayEjectInItsOwnWay()
     QTRY_COMPARE(finished.count(), 2);
     QVERIFY(drive.Notes().contains("umount"));
     TExternalDrive::SetHostEject(before);
-}
-
-void TExternalDriveTest::stickThatIsEjectedTakesNothing_data()
-{
-    QTest::addColumn<bool>("byTheHost");
-    QTest::newRow("unmounted") << false;
-    QTest::newRow("by the host") << true;
-}
-
-// The platform takes some time to notice, and names the bare folder until then.
-void TExternalDriveTest::stickThatIsEjectedTakesNothing()
-{
-    QFETCH(bool, byTheHost);
-    TExternalDrive::TEject const before =
-        TExternalDrive::SetHostEject([byTheHost](QString const&) { return byTheHost; });
-    TNamedDrive const drives(m_Stick);
-    TNotingDrive drive;
-    QSignalSpy finished(&drive, &TExternalDrive::EjectFinished);
-    QVERIFY(drive.Eject());
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "one"), DRIVE_GONE);
-    drive.GoOn();
-    QTRY_COMPARE(finished, (QList<QVariantList>{{true}}));
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "one"), DRIVE_GONE);
-    QVERIFY(!QFile::exists(m_Stick + "/Screenshots"));
-    // It notices, and the stick comes back to the same place.
-    drives.answers = 0;
-    int const questions = drives.questions;
-    QTRY_VERIFY(drives.questions > questions);
-    drives.answers = 1000;
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "one"), DRIVE_OK);
-    TExternalDrive::SetHostEject(before);
-}
-
-void TExternalDriveTest::stickThatIsMountedAgainTakesFilesAtOnce()
-{
-    TNamedDrive const drives(m_Stick);
-    TNotingDrive drive;
-    drive.GoOn();
-    QSignalSpy finished(&drive, &TExternalDrive::EjectFinished);
-    QVERIFY(drive.Eject());
-    QTRY_COMPARE(finished.count(), 1);
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "one"), DRIVE_GONE);
-    TMount const mount(m_Stick, QStringLiteral("size=1m"));
-    if (!mount.IsMounted())
-        QSKIP("Nothing may be mounted here.");
-    QCOMPARE(Save(drive, m_Stick, Folder, Name, "one"), DRIVE_OK);
-}
-
-void TExternalDriveTest::ejectThatHangsHasFailed()
-{
-    TManualClock clock;
-    TNotingDrive drive;
-    QSignalSpy finished(&drive, &TExternalDrive::EjectFinished);
-    QVERIFY(drive.Eject());
-    clock.Advance(119999);
-    int ticks = 0;
-    QTimer timer;
-    connect(&timer, &QTimer::timeout, this, [&ticks] { ++ticks; });
-    timer.start(250);
-    QTRY_VERIFY(ticks >= 2);
-    QVERIFY(drive.IsEjecting());
-    clock.Advance(1);
-    QTRY_COMPARE(finished, (QList<QVariantList>{{false}}));
-    QVERIFY(!drive.IsEjecting());
-    QCOMPARE(m_Log->Entries(), QStringList{QStringLiteral("USB: the stick was not ejected.")});
-    // Once more; and what hung ends without a word.
-    QVERIFY(drive.Eject());
-    drive.GoOn();
-    QTRY_COMPARE(finished, (QList<QVariantList>{{false}, {true}}));
-    QTRY_COMPARE(drive.Notes().count("umount"), 2);
-    QCoreApplication::processEvents();
-    QCOMPARE(finished.count(), 2);
 }
 
 COMMONUI_TEST(TExternalDriveTest)

@@ -4,17 +4,13 @@
 
 #include <cerrno>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <utility>
 
 namespace
 {
 constexpr mode_t FolderMode = 0777;
 constexpr mode_t FileMode = 0666;
-constexpr int OpenFolder = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
 
 struct TMeaning
 {
@@ -26,7 +22,7 @@ constexpr TMeaning Meanings[] = {
     {ENOENT, DRIVE_GONE},     {ENODEV, DRIVE_GONE},      {ENXIO, DRIVE_GONE},      {ESTALE, DRIVE_GONE},
     {EROFS, DRIVE_READ_ONLY}, {EACCES, DRIVE_READ_ONLY}, {EPERM, DRIVE_READ_ONLY}, {ENOSPC, DRIVE_FULL},
     {EDQUOT, DRIVE_FULL},     {EFBIG, DRIVE_FULL},       {ENOTDIR, DRIVE_REFUSED}, {ELOOP, DRIVE_REFUSED},
-    {EISDIR, DRIVE_REFUSED},  {EEXIST, DRIVE_REFUSED},
+    {EISDIR, DRIVE_REFUSED},
 };
 
 EDriveResult MeaningOf(int error)
@@ -86,16 +82,6 @@ bool WriteAll(int file, QByteArray const& content)
     return true;
 }
 
-// Two files of one name would spoil each other's unfinished form. The turn ends with the process.
-void WaitForTurn(int root)
-{
-    while (::flock(root, LOCK_EX) != 0)
-    {
-        if (errno != EINTR)
-            return;
-    }
-}
-
 // All of it is on the drive itself when this answers true.
 bool WriteWhole(int folder, char const* name, QByteArray const& content)
 {
@@ -106,54 +92,35 @@ bool WriteWhole(int folder, char const* name, QByteArray const& content)
     return file.IsOpen() && WriteAll(file.Get(), content) && ::fsync(file.Get()) == 0;
 }
 
-// Brings a new name to the drive. Some file systems cannot; the file is whole there all the same.
-bool WriteOut(int folder)
+EDriveResult WriteInto(int folder, QByteArray const& name, QByteArray const& content)
 {
-    return ::fsync(folder) == 0 || errno == EINVAL || errno == ENOTSUP;
-}
-
-EDriveResult WriteInto(int folder, char const* name, char const* partialName, QByteArray const& content)
-{
-    bool const isWritten =
-        WriteWhole(folder, partialName, content) && ::renameat(folder, partialName, folder, name) == 0;
+    QByteArray const partial = '.' + name + ".part";
+    bool const isWritten = WriteWhole(folder, partial.constData(), content) &&
+                           ::renameat(folder, partial.constData(), folder, name.constData()) == 0;
     if (!isWritten)
     {
         int const error = errno;
-        ::unlinkat(folder, partialName, 0);
+        ::unlinkat(folder, partial.constData(), 0);
         return MeaningOf(error);
     }
-    return WriteOut(folder) ? DRIVE_OK : MeaningOf(errno);
+    // Brings the name itself to the drive; where a file system cannot, the file is whole all the same.
+    ::fsync(folder);
+    return DRIVE_OK;
 }
 } // namespace
 
-TDriveFile::TDriveFile(QString const& drive, QString const& folder, QString const& name, QByteArray content)
-    : m_Obstacle(IsPlainName(folder) && IsPlainName(name) ? DRIVE_OK : DRIVE_REFUSED)
-    , m_Folder(QFile::encodeName(folder))
-    , m_Name(QFile::encodeName(name))
-    , m_PartialName('.' + m_Name + ".part")
-    , m_Content(std::move(content))
+EDriveResult WriteDriveFile(QString const& drive, QString const& folder, QString const& name,
+                            QByteArray const& content)
 {
-    if (m_Obstacle != DRIVE_OK)
-        return;
-    m_Root = ::open(QFile::encodeName(drive).constData(), OpenFolder);
-    if (m_Root < 0)
-        m_Obstacle = errno == ENOTDIR ? DRIVE_GONE : MeaningOf(errno);
-}
-
-TDriveFile::~TDriveFile()
-{
-    if (m_Root >= 0)
-        ::close(m_Root);
-}
-
-EDriveResult TDriveFile::Write() const
-{
-    if (m_Obstacle != DRIVE_OK)
-        return m_Obstacle;
-    WaitForTurn(m_Root);
-    if (::mkdirat(m_Root, m_Folder.constData(), FolderMode) != 0 && errno != EEXIST)
+    if (!IsPlainName(folder) || !IsPlainName(name))
+        return DRIVE_REFUSED;
+    constexpr int OpenFolder = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+    TDescriptor const root(::open(QFile::encodeName(drive).constData(), OpenFolder));
+    if (!root.IsOpen())
+        return errno == ENOTDIR ? DRIVE_GONE : MeaningOf(errno);
+    QByteArray const folderName = QFile::encodeName(folder);
+    if (::mkdirat(root.Get(), folderName.constData(), FolderMode) != 0 && errno != EEXIST)
         return MeaningOf(errno);
-    TDescriptor const inside(::openat(m_Root, m_Folder.constData(), OpenFolder | O_NOFOLLOW));
-    return inside.IsOpen() ? WriteInto(inside.Get(), m_Name.constData(), m_PartialName.constData(), m_Content)
-                           : MeaningOf(errno);
+    TDescriptor const inside(::openat(root.Get(), folderName.constData(), OpenFolder | O_NOFOLLOW));
+    return inside.IsOpen() ? WriteInto(inside.Get(), QFile::encodeName(name), content) : MeaningOf(errno);
 }

@@ -5,8 +5,8 @@
 #include <QByteArray>
 #include <QMetaType>
 #include <QObject>
+#include <QPointer>
 #include <QString>
-#include <QTimer>
 
 #include <functional>
 
@@ -25,8 +25,8 @@ enum EDriveResult : int
 Q_DECLARE_METATYPE(EDriveResult)
 
 /// The screen's work with the external drive, the USB stick: it saves files there that are whole or not there
-/// at all, and takes the drive off the system when the operator wants to pull it. Either may take long, and
-/// the screen goes on meanwhile. Where the drive is, is the platform's to say. GUI thread only.
+/// at all, and takes the drive off the system when the operator wants to pull it. Where the drive is, is the
+/// platform's to say. GUI thread only.
 class COMMONUILIB_EXPORT TExternalDrive : public QObject
 {
     Q_OBJECT
@@ -36,24 +36,22 @@ public:
     using TEject = std::function<bool(QString const& path)>;
 
     explicit TExternalDrive(QObject* parent = nullptr);
-    /// What is under way, an eject or a file, is carried through, also when the program ends.
+    /// An eject that is under way is carried through.
     ~TExternalDrive() override;
 
-    /// Starts to write \a content to the file \a name in \a folder, right below the root \a drive; the folder
-    /// is made where it is missing. A file of that name is replaced. Until all is on the drive the file bears
-    /// another name, which is taken away after a failure: what bears its final name is whole. Saved() tells
-    /// that it is there. A failure is written to the operator's log and emitted, some of them before this
-    /// returns.
+    /// Writes \a content to the file \a name in \a folder, right below the root \a drive; the folder is made
+    /// where it is missing. A file of that name is replaced. Until all is on the drive the file bears another
+    /// name, which is taken away after a failure: what bears its final name is whole.
     ///
     /// \a drive is the one that the platform named when the work began; when it names another or none now,
-    /// nothing is written, as the same folder may lie on the internal drive by then. So it is while the drive
-    /// is ejected, and afterwards until the platform has noticed.
-    void SaveFile(QString const& drive, QString const& folder, QString const& name,
-                  QByteArray const& content);
+    /// nothing is written, as the same folder may lie on the internal drive by then. A failure is written to
+    /// the operator's log and emitted.
+    EDriveResult SaveFile(QString const& drive, QString const& folder, QString const& name,
+                          QByteArray const& content);
 
     /// Starts to take the drive off: what the system holds back is written out (sync), then the drive is
-    /// unmounted (umount). EjectFinished() tells the end, which is a failure where it takes more than two
-    /// minutes. False when there is no drive. While an eject is under way there is no second one.
+    /// unmounted (umount). The screen goes on meanwhile, however long that takes; EjectFinished() tells the
+    /// end. False when there is no drive. While an eject is under way there is no second one.
     bool Eject();
     bool IsEjecting() const;
 
@@ -62,8 +60,6 @@ public:
     static TEject SetHostEject(TEject eject);
 
 Q_SIGNALS:
-    /// The file is on the drive, whole.
-    void Saved(QString const& name);
     void SaveFailed(EDriveResult result);
     /// True: the drive may be pulled. The platform may name it still until it has noticed.
     void EjectFinished(bool ejected);
@@ -77,21 +73,11 @@ protected:
     /// @}
 
 private:
-    class TProcess;
-    using TWork = std::function<int()>;
-    using TEnd = std::function<void(int)>;
+    class TEjectProcess;
 
-    void Run(TWork work, TEnd const& onEnd);
-    static void LetGo(QProcess* process);
-    void OnSaved(QString const& drive, QString const& name, int answer);
-    void FailToSave(QString const& name, EDriveResult result);
     void StartEject(QString const& path);
     void EndEject(bool ejected);
-    void Forsake(QString const& path);
-    bool IsForsaken(QString const& path) const;
-    void OnNoticeTime();
 
+    QPointer<QProcess> m_Process;
     bool m_IsEjecting = false;
-    QString m_Forsaken; // taken off, and named by the platform still
-    QTimer m_NoticeTimer;
 };
