@@ -302,6 +302,76 @@ void TUnitsTest::factorsAreTheKnownOnes()
              qPrintable(QString::number(converted, 'g', 9)));
 }
 
+// What the operator reads of a type in a context, in each of the three systems.
+static void AddRow(char const* tag, EUnitsType type, EUnitsContext context, QString const& metric,
+                   QString const& imperial, QString const& us)
+{
+    QTest::newRow(tag) << int(type) << int(context) << metric << imperial << us;
+}
+
+static void AddPlainRows()
+{
+    AddRow("length", UNIT_TYPE_LENGTH, UNITS_CONTEXT_GENERAL, "m", "ft", "ft");
+    AddRow("field length", UNIT_TYPE_LENGTH, UNITS_CONTEXT_FIELD, "m", "yd", "ft");
+    AddRow("implement width", UNIT_TYPE_LENGTH, UNITS_CONTEXT_IMPLEMENT, "m", "in", "in");
+    AddRow("off the line", UNIT_TYPE_LENGTH, UNITS_CONTEXT_GUIDANCE, "cm", "in", "in");
+    AddRow("seed depth", UNIT_TYPE_LENGTH, UNITS_CONTEXT_PLANTING, "mm", "in", "in");
+    AddRow("way", UNIT_TYPE_LENGTH, UNITS_CONTEXT_ROAD, "km", "mi", "mi");
+    AddRow("area", UNIT_TYPE_AREA, UNITS_CONTEXT_FIELD, "ha", "ac", "ac");
+    AddRow("small area", UNIT_TYPE_AREA, UNITS_CONTEXT_IMPLEMENT, "m²", "ft²", "ft²");
+    AddRow("tank", UNIT_TYPE_VOLUME, UNITS_CONTEXT_GENERAL, "L", "UK gal", "gal");
+    AddRow("dose", UNIT_TYPE_VOLUME, UNITS_CONTEXT_CHEMICAL, "mL", "UK fl oz", "fl oz");
+    AddRow("slurry", UNIT_TYPE_VOLUME, UNITS_CONTEXT_SLURRY, "m³", "UK gal", "gal");
+    AddRow("grain tank", UNIT_TYPE_VOLUME, UNITS_CONTEXT_GRAIN, "hL", "bu", "bu");
+    AddRow("weighed", UNIT_TYPE_VOLUME, UNITS_CONTEXT_WEIGHED, "kg", "lb", "lb");
+    AddRow("mass", UNIT_TYPE_MASS, UNITS_CONTEXT_GENERAL, "kg", "lb", "lb");
+    AddRow("dry dose", UNIT_TYPE_MASS, UNITS_CONTEXT_CHEMICAL, "g", "oz", "oz");
+    AddRow("grain", UNIT_TYPE_MASS, UNITS_CONTEXT_GRAIN, "t", "UK ton", "bu");
+    AddRow("count", UNIT_TYPE_COUNT, UNITS_CONTEXT_GENERAL, "", "", "");
+    AddRow("seeds", UNIT_TYPE_COUNT, UNITS_CONTEXT_PLANTING, "kseeds", "kseeds", "kseeds");
+    AddRow("speed", UNIT_TYPE_SPEED, UNITS_CONTEXT_GENERAL, "km/h", "mph", "mph");
+    AddRow("belt", UNIT_TYPE_SPEED, UNITS_CONTEXT_IMPLEMENT, "m/min", "ft/min", "ft/min");
+    AddRow("wind", UNIT_TYPE_SPEED, UNITS_CONTEXT_WIND, "m/s", "mph", "mph");
+    AddRow("acceleration", UNIT_TYPE_ACCELERATION, UNITS_CONTEXT_GENERAL, "m/s²", "ft/s²", "ft/s²");
+    AddRow("duration", UNIT_TYPE_DURATION, UNITS_CONTEXT_GENERAL, "s", "s", "s");
+    AddRow("work", UNIT_TYPE_DURATION, UNITS_CONTEXT_FIELD, "h", "h", "h");
+    AddRow("drive", UNIT_TYPE_DURATION, UNITS_CONTEXT_ROAD, "min", "min", "min");
+    AddRow("time of day", UNIT_TIME_OF_DAY, UNITS_CONTEXT_GENERAL, "", "", "");
+    AddRow("angle", UNIT_TYPE_ANGLE, UNITS_CONTEXT_GENERAL, "°", "°", "°");
+    AddRow("turn rate", UNIT_TYPE_TURN_RATE, UNITS_CONTEXT_GENERAL, "°/s", "°/s", "°/s");
+    AddRow("shaft", UNIT_TYPE_ROTATION, UNITS_CONTEXT_GENERAL, "rpm", "rpm", "rpm");
+    AddRow("volt", UNIT_VOLT, UNITS_CONTEXT_GENERAL, "V", "V", "V");
+}
+
+static void AddRateRows()
+{
+    AddRow("spray rate", UNIT_TYPE_VOLUME_RATE, UNITS_CONTEXT_GENERAL, "L/ha", "UK gal/ac", "gal/ac");
+    AddRow("small rate", UNIT_TYPE_VOLUME_RATE, UNITS_CONTEXT_CHEMICAL, "mL/ha", "UK fl oz/ac", "fl oz/ac");
+    AddRow("slurry rate", UNIT_TYPE_VOLUME_RATE, UNITS_CONTEXT_SLURRY, "m³/ha", "UK gal/ac", "gal/ac");
+    AddRow("weighed rate", UNIT_TYPE_VOLUME_RATE, UNITS_CONTEXT_WEIGHED, "kg/ha", "lb/ac", "lb/ac");
+    AddRow("dry rate", UNIT_TYPE_MASS_RATE, UNITS_CONTEXT_GENERAL, "kg/ha", "lb/ac", "lb/ac");
+    AddRow("small dry rate", UNIT_TYPE_MASS_RATE, UNITS_CONTEXT_CHEMICAL, "g/ha", "oz/ac", "oz/ac");
+    AddRow("yield", UNIT_TYPE_MASS_RATE, UNITS_CONTEXT_GRAIN, "t/ha", "UK ton/ac", "bu/ac");
+    AddRow("drilled", UNIT_TYPE_SEED_RATE, UNITS_CONTEXT_GENERAL, "seeds/m²", "seeds/ft²", "seeds/ft²");
+    AddRow("planted", UNIT_TYPE_SEED_RATE, UNITS_CONTEXT_PLANTING, "kseeds/ha", "kseeds/ac", "kseeds/ac");
+    AddRow("row", UNIT_TYPE_SEEDS_PER_LENGTH, UNITS_CONTEXT_PLANTING, "seeds/m", "seeds/ft", "seeds/ft");
+    AddRow("flow", UNIT_TYPE_VOLUME_FLOW, UNITS_CONTEXT_GENERAL, "L/min", "UK gal/min", "gal/min");
+    AddRow("nozzle", UNIT_TYPE_VOLUME_FLOW, UNITS_CONTEXT_NOZZLE, "mL/min", "UK fl oz/min", "fl oz/min");
+    AddRow("slurry flow", UNIT_TYPE_VOLUME_FLOW, UNITS_CONTEXT_SLURRY, "m³/h", "UK gal/min", "gal/min");
+    AddRow("fuel", UNIT_TYPE_VOLUME_FLOW, UNITS_CONTEXT_FUEL, "L/h", "UK gal/h", "gal/h");
+    AddRow("weighed flow", UNIT_TYPE_VOLUME_FLOW, UNITS_CONTEXT_WEIGHED, "kg/min", "lb/min", "lb/min");
+    AddRow("mass flow", UNIT_TYPE_MASS_FLOW, UNITS_CONTEXT_GENERAL, "kg/min", "lb/min", "lb/min");
+    AddRow("grain flow", UNIT_TYPE_MASS_FLOW, UNITS_CONTEXT_GRAIN, "t/h", "t/h", "ton/h");
+    AddRow("work rate", UNIT_TYPE_WORK_RATE, UNITS_CONTEXT_GENERAL, "ha/h", "ac/h", "ac/h");
+    AddRow("pressure", UNIT_TYPE_PRESSURE, UNITS_CONTEXT_GENERAL, "bar", "psi", "psi");
+    AddRow("temperature", UNIT_TYPE_TEMPERATURE, UNITS_CONTEXT_GENERAL, "°C", "°C", "°F");
+    AddRow("force", UNIT_TYPE_FORCE, UNITS_CONTEXT_GENERAL, "kN", "lbf", "lbf");
+    AddRow("power", UNIT_TYPE_POWER, UNITS_CONTEXT_GENERAL, "kW", "hp", "hp");
+    AddRow("percent", UNIT_PERCENT, UNITS_CONTEXT_GENERAL, "%", "%", "%");
+    AddRow("density", UNIT_TYPE_DENSITY, UNITS_CONTEXT_GENERAL, "kg/L", "kg/L", "lb/gal");
+    AddRow("grain density", UNIT_TYPE_DENSITY, UNITS_CONTEXT_GRAIN, "kg/L", "lb/bu", "lb/bu");
+}
+
 void TUnitsTest::systemAndContextChooseTheUnit_data()
 {
     QTest::addColumn<int>("type");
@@ -309,64 +379,8 @@ void TUnitsTest::systemAndContextChooseTheUnit_data()
     QTest::addColumn<QString>("metric");
     QTest::addColumn<QString>("imperial");
     QTest::addColumn<QString>("us");
-    auto const row = [](char const* tag, EUnitsType type, EUnitsContext context, QString const& metric,
-                        QString const& imperial, QString const& us)
-    { QTest::newRow(tag) << int(type) << int(context) << metric << imperial << us; };
-    row("length", UNIT_TYPE_LENGTH, UNITS_CONTEXT_GENERAL, "m", "ft", "ft");
-    row("field length", UNIT_TYPE_LENGTH, UNITS_CONTEXT_FIELD, "m", "yd", "ft");
-    row("implement width", UNIT_TYPE_LENGTH, UNITS_CONTEXT_IMPLEMENT, "m", "in", "in");
-    row("off the line", UNIT_TYPE_LENGTH, UNITS_CONTEXT_GUIDANCE, "cm", "in", "in");
-    row("seed depth", UNIT_TYPE_LENGTH, UNITS_CONTEXT_PLANTING, "mm", "in", "in");
-    row("way", UNIT_TYPE_LENGTH, UNITS_CONTEXT_ROAD, "km", "mi", "mi");
-    row("area", UNIT_TYPE_AREA, UNITS_CONTEXT_FIELD, "ha", "ac", "ac");
-    row("small area", UNIT_TYPE_AREA, UNITS_CONTEXT_IMPLEMENT, "m²", "ft²", "ft²");
-    row("tank", UNIT_TYPE_VOLUME, UNITS_CONTEXT_GENERAL, "L", "UK gal", "gal");
-    row("dose", UNIT_TYPE_VOLUME, UNITS_CONTEXT_CHEMICAL, "mL", "UK fl oz", "fl oz");
-    row("slurry", UNIT_TYPE_VOLUME, UNITS_CONTEXT_SLURRY, "m³", "UK gal", "gal");
-    row("grain tank", UNIT_TYPE_VOLUME, UNITS_CONTEXT_GRAIN, "hL", "bu", "bu");
-    row("weighed", UNIT_TYPE_VOLUME, UNITS_CONTEXT_WEIGHED, "kg", "lb", "lb");
-    row("mass", UNIT_TYPE_MASS, UNITS_CONTEXT_GENERAL, "kg", "lb", "lb");
-    row("dry dose", UNIT_TYPE_MASS, UNITS_CONTEXT_CHEMICAL, "g", "oz", "oz");
-    row("grain", UNIT_TYPE_MASS, UNITS_CONTEXT_GRAIN, "t", "UK ton", "bu");
-    row("count", UNIT_TYPE_COUNT, UNITS_CONTEXT_GENERAL, "", "", "");
-    row("seeds", UNIT_TYPE_COUNT, UNITS_CONTEXT_PLANTING, "kseeds", "kseeds", "kseeds");
-    row("speed", UNIT_TYPE_SPEED, UNITS_CONTEXT_GENERAL, "km/h", "mph", "mph");
-    row("belt", UNIT_TYPE_SPEED, UNITS_CONTEXT_IMPLEMENT, "m/min", "ft/min", "ft/min");
-    row("wind", UNIT_TYPE_SPEED, UNITS_CONTEXT_WIND, "m/s", "mph", "mph");
-    row("acceleration", UNIT_TYPE_ACCELERATION, UNITS_CONTEXT_GENERAL, "m/s²", "ft/s²", "ft/s²");
-    row("duration", UNIT_TYPE_DURATION, UNITS_CONTEXT_GENERAL, "s", "s", "s");
-    row("work", UNIT_TYPE_DURATION, UNITS_CONTEXT_FIELD, "h", "h", "h");
-    row("drive", UNIT_TYPE_DURATION, UNITS_CONTEXT_ROAD, "min", "min", "min");
-    row("time of day", UNIT_TIME_OF_DAY, UNITS_CONTEXT_GENERAL, "", "", "");
-    row("angle", UNIT_TYPE_ANGLE, UNITS_CONTEXT_GENERAL, "°", "°", "°");
-    row("turn rate", UNIT_TYPE_TURN_RATE, UNITS_CONTEXT_GENERAL, "°/s", "°/s", "°/s");
-    row("shaft", UNIT_TYPE_ROTATION, UNITS_CONTEXT_GENERAL, "rpm", "rpm", "rpm");
-    row("volt", UNIT_VOLT, UNITS_CONTEXT_GENERAL, "V", "V", "V");
-    row("spray rate", UNIT_TYPE_VOLUME_RATE, UNITS_CONTEXT_GENERAL, "L/ha", "UK gal/ac", "gal/ac");
-    row("small rate", UNIT_TYPE_VOLUME_RATE, UNITS_CONTEXT_CHEMICAL, "mL/ha", "UK fl oz/ac", "fl oz/ac");
-    row("slurry rate", UNIT_TYPE_VOLUME_RATE, UNITS_CONTEXT_SLURRY, "m³/ha", "UK gal/ac", "gal/ac");
-    row("weighed rate", UNIT_TYPE_VOLUME_RATE, UNITS_CONTEXT_WEIGHED, "kg/ha", "lb/ac", "lb/ac");
-    row("dry rate", UNIT_TYPE_MASS_RATE, UNITS_CONTEXT_GENERAL, "kg/ha", "lb/ac", "lb/ac");
-    row("small dry rate", UNIT_TYPE_MASS_RATE, UNITS_CONTEXT_CHEMICAL, "g/ha", "oz/ac", "oz/ac");
-    row("yield", UNIT_TYPE_MASS_RATE, UNITS_CONTEXT_GRAIN, "t/ha", "UK ton/ac", "bu/ac");
-    row("drilled", UNIT_TYPE_SEED_RATE, UNITS_CONTEXT_GENERAL, "seeds/m²", "seeds/ft²", "seeds/ft²");
-    row("planted", UNIT_TYPE_SEED_RATE, UNITS_CONTEXT_PLANTING, "kseeds/ha", "kseeds/ac", "kseeds/ac");
-    row("row", UNIT_TYPE_SEEDS_PER_LENGTH, UNITS_CONTEXT_PLANTING, "seeds/m", "seeds/ft", "seeds/ft");
-    row("flow", UNIT_TYPE_VOLUME_FLOW, UNITS_CONTEXT_GENERAL, "L/min", "UK gal/min", "gal/min");
-    row("nozzle", UNIT_TYPE_VOLUME_FLOW, UNITS_CONTEXT_NOZZLE, "mL/min", "UK fl oz/min", "fl oz/min");
-    row("slurry flow", UNIT_TYPE_VOLUME_FLOW, UNITS_CONTEXT_SLURRY, "m³/h", "UK gal/min", "gal/min");
-    row("fuel", UNIT_TYPE_VOLUME_FLOW, UNITS_CONTEXT_FUEL, "L/h", "UK gal/h", "gal/h");
-    row("weighed flow", UNIT_TYPE_VOLUME_FLOW, UNITS_CONTEXT_WEIGHED, "kg/min", "lb/min", "lb/min");
-    row("mass flow", UNIT_TYPE_MASS_FLOW, UNITS_CONTEXT_GENERAL, "kg/min", "lb/min", "lb/min");
-    row("grain flow", UNIT_TYPE_MASS_FLOW, UNITS_CONTEXT_GRAIN, "t/h", "t/h", "ton/h");
-    row("work rate", UNIT_TYPE_WORK_RATE, UNITS_CONTEXT_GENERAL, "ha/h", "ac/h", "ac/h");
-    row("pressure", UNIT_TYPE_PRESSURE, UNITS_CONTEXT_GENERAL, "bar", "psi", "psi");
-    row("temperature", UNIT_TYPE_TEMPERATURE, UNITS_CONTEXT_GENERAL, "°C", "°C", "°F");
-    row("force", UNIT_TYPE_FORCE, UNITS_CONTEXT_GENERAL, "kN", "lbf", "lbf");
-    row("power", UNIT_TYPE_POWER, UNITS_CONTEXT_GENERAL, "kW", "hp", "hp");
-    row("percent", UNIT_PERCENT, UNITS_CONTEXT_GENERAL, "%", "%", "%");
-    row("density", UNIT_TYPE_DENSITY, UNITS_CONTEXT_GENERAL, "kg/L", "kg/L", "lb/gal");
-    row("grain density", UNIT_TYPE_DENSITY, UNITS_CONTEXT_GRAIN, "kg/L", "lb/bu", "lb/bu");
+    AddPlainRows();
+    AddRateRows();
 }
 
 void TUnitsTest::systemAndContextChooseTheUnit()

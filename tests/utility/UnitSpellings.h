@@ -19,9 +19,9 @@ struct TUnitGroup
     std::vector<TUnitSpelling> units;
 };
 
-inline std::vector<TUnitGroup> const& UnitGroups()
+inline std::vector<TUnitGroup> FirstUnitGroups()
 {
-    static std::vector<TUnitGroup> const groups = {
+    return {
         {UNIT_TYPE_LENGTH,
          {{UNIT_METRE, "m"},
           {UNIT_MILLIMETRE, "mm"},
@@ -69,6 +69,12 @@ inline std::vector<TUnitGroup> const& UnitGroups()
           {UNIT_SEEDS, "seed"},
           {UNIT_THOUSAND_SEEDS, "1000 seed"},
           {UNIT_MILLION_SEEDS, "1000000 seed"}}},
+    };
+}
+
+inline std::vector<TUnitGroup> SecondUnitGroups()
+{
+    return {
         {UNIT_TYPE_SPEED,
          {{UNIT_METRES_PER_SECOND, "m/s"},
           {UNIT_METRES_PER_MINUTE, "m/min"},
@@ -112,6 +118,12 @@ inline std::vector<TUnitGroup> const& UnitGroups()
           {UNIT_UK_GALLONS_PER_ACRE, "UK_liquid_gallon acre-1"},
           {UNIT_UK_FLUID_OUNCES_PER_ACRE, "UK_liquid_gallon/160/acre"},
           {UNIT_UK_PINTS_PER_ACRE, "UK_liquid_gallon/8/acre"}}},
+    };
+}
+
+inline std::vector<TUnitGroup> ThirdUnitGroups()
+{
+    return {
         {UNIT_TYPE_MASS_RATE,
          {{UNIT_KILOGRAMS_PER_HECTARE, "0.1 g/m2"},
           {UNIT_GRAMS_PER_HECTARE, "0.1 mg/m2"},
@@ -159,10 +171,30 @@ inline std::vector<TUnitGroup> const& UnitGroups()
         {UNIT_TYPE_FORCE, {{UNIT_NEWTON, "N"}, {UNIT_KILONEWTON, "kN"}, {UNIT_POUND_FORCE, "lbf"}}},
         {UNIT_TYPE_POWER, {{UNIT_KILOWATT, "kW"}, {UNIT_HORSEPOWER, "horsepower"}}},
         {UNIT_PERCENT, {{UNIT_PERCENT, "0.01"}, {UNIT_PARTS_PER_MILLION, "1e-6"}}},
+    };
+}
+
+inline std::vector<TUnitGroup> FourthUnitGroups()
+{
+    return {
         {UNIT_TYPE_DENSITY,
          {{UNIT_KILOGRAMS_PER_LITRE, "g/cm3"},
           {UNIT_POUNDS_PER_GALLON, "lb/gallon"},
           {UNIT_POUNDS_PER_BUSHEL, "lb/bu"}}},
     };
+}
+
+inline std::vector<TUnitGroup> const& UnitGroups()
+{
+    static std::vector<TUnitGroup> const groups = []
+    {
+        std::vector<TUnitGroup> all;
+        for (auto const part : {FirstUnitGroups, SecondUnitGroups, ThirdUnitGroups, FourthUnitGroups})
+        {
+            std::vector<TUnitGroup> const some = part();
+            all.insert(all.end(), some.begin(), some.end());
+        }
+        return all;
+    }();
     return groups;
 }

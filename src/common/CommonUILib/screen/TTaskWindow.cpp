@@ -513,9 +513,9 @@ int TTaskWindow::GetNumberOfVisibleButtons()
 {
     QVector<TPushButton*> const buttons =
         GetControlButtons() + QVector<TPushButton*>{GetOkButton(), GetCancelButton()};
-    return static_cast<int>(std::count_if(buttons.cbegin(), buttons.cend(), [this](TPushButton* button) {
-        return button && button->isVisibleTo(this);
-    }));
+    return static_cast<int>(std::count_if(buttons.cbegin(), buttons.cend(),
+                                          [this](TPushButton* button)
+                                          { return button && button->isVisibleTo(this); }));
 }
 
 bool TTaskWindow::OnMMIBack()
