@@ -30,7 +30,7 @@ QStringList const UsualRows = {QStringLiteral("1234567890"),
 
 QString const Grave = QString(QChar(0x60));
 
-QVector<TOwnRow> OwnRows()
+QVector<TOwnRow> FirstOwnRows()
 {
     return {
         {0, 4, QStringLiteral("-=[]\\:,./")},
@@ -83,7 +83,12 @@ QVector<TOwnRow> OwnRows()
         {12, HomeLetters, QStringLiteral("ASDFGHJKLˇ")},
         {12, LowLetters, QStringLiteral("ZXCVBNMĖŪ˛")},
         {12, 8, QStringLiteral("ˇCSZ˛AEIU")},
+    };
+}
 
+QVector<TOwnRow> LastOwnRows()
+{
+    return {
         {13, TopLetters, QStringLiteral("ςΕΡΤΥΘΙΟΠ")},
         {13, HomeLetters, QStringLiteral("ΑΣΔΦΓΗΞΚΛ")},
         {13, LowLetters, QStringLiteral("ΖΧΨΩΒΝΜ")},
@@ -131,6 +136,11 @@ QVector<TOwnRow> OwnRows()
         {23, 4, QString()},
         {23, 5, QString()},
     };
+}
+
+QVector<TOwnRow> OwnRows()
+{
+    return FirstOwnRows() + LastOwnRows();
 }
 
 /// An accent by its dead key, with the accented forms of those letters alone that have one.
