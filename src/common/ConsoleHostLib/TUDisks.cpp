@@ -107,6 +107,8 @@ void TUDisks::OpenBus(QString const& address)
 
 TUDisks::~TUDisks()
 {
+    // The connection gives up its open calls on a thread of its own: none may be let go here meanwhile.
+    delete m_Question;
     // Before, it would wait for the bus to answer.
     if (m_Service)
         QDBusConnection::disconnectFromBus(m_ConnectionName);
@@ -146,21 +148,20 @@ void TUDisks::OnDisconnected()
 // One question at a time: whatever happens meanwhile is a reason for one more.
 void TUDisks::Ask()
 {
-    m_AskAgain = m_IsAsking;
-    if (m_IsAsking)
+    m_AskAgain = m_Question != nullptr;
+    if (m_Question)
         return;
-    m_IsAsking = true;
     QDBusMessage const question = QDBusMessage::createMethodCall(ServiceName, ManagerPath, ObjectManager,
                                                                  QStringLiteral("GetManagedObjects"));
-    auto* const call =
+    m_Question =
         new QDBusPendingCallWatcher(QDBusConnection(m_ConnectionName).asyncCall(question, AnswerTime), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, &TUDisks::OnAnswer);
+    connect(m_Question, &QDBusPendingCallWatcher::finished, this, &TUDisks::OnAnswer);
 }
 
 void TUDisks::OnAnswer(QDBusPendingCallWatcher* call)
 {
     call->deleteLater();
-    m_IsAsking = false;
+    m_Question = nullptr;
     QDBusMessage const answer = call->reply();
     bool const isGood = !call->isError() && answer.signature() == AnswerSignature;
     QPointer<TUDisks> const self(this);

@@ -40,7 +40,7 @@ private:
 
     QString const m_ConnectionName;
     QDBusServiceWatcher* m_Service = nullptr;
-    bool m_IsAsking = false;
+    QDBusPendingCallWatcher* m_Question = nullptr; ///< none while nothing is asked
     bool m_AskAgain = false;
     bool m_IsAnswering = false;
     QStringList m_Sticks;
