@@ -81,6 +81,14 @@ class TOffScreenButtonsTest : public QObject
 private Q_SLOTS:
     // Where it is
 
+    void madeBeforeTheScreenIsShownItStaysHidden()
+    {
+        TTestScreen screen(false);
+        TOffScreenButtons const strip(screen.get());
+        screen->show();
+        QVERIFY(strip.isHidden());
+    }
+
     void aNewStripIsBelowTheScreen()
     {
         TLooseStrip stage;
@@ -209,6 +217,8 @@ private Q_SLOTS:
         QCOMPARE(stage.strip->geometry(), QRect((1024 - 116) / 2, RestLine, 116, 116));
         delete stage.buttons[1];
         QVERIFY(!stage.strip->HasButtons());
+        QCoreApplication::processEvents();
+        QVERIFY(stage.strip->isHidden());
     }
 
     void aRemovedButtonIsItsOwners()
@@ -219,7 +229,10 @@ private Q_SLOTS:
         TRequests requests(stage.strip);
         stage.screen->RemoveOffscreenButton(closing);
         QVERIFY(!closing->parentWidget() && closing->isHidden());
+        auto* const quiet = stage.strip->findChild<QTimer*>(QString(), Qt::FindDirectChildrenOnly);
+        quiet->stop();
         closing->click();
+        QVERIFY(!quiet->isActive());
         QVERIFY(requests.Take().isEmpty());
         stage.screen->RemoveOffscreenButton(closing);
         stage.screen->RemoveOffscreenButton(nullptr);

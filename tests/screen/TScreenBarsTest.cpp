@@ -106,6 +106,17 @@ private Q_SLOTS:
         QCOMPARE(other->geometry(), QRect(952, 684, 72, 84));
     }
 
+    void aBarThatIsLetGoByItsOwnNewsStaysAway()
+    {
+        TBarsStage stage;
+        stage.screen->ShowSystemToolbar(true);
+        connect(stage.screen.get(), &TScreen::SystemToolbarGeometryChanged, stage.screen.get(),
+                [&] { stage.screen->SetSystemToolBar(nullptr); });
+        stage.bar->AssignButton(2, QStringLiteral("icon-usb"), QString(), QString());
+        QVERIFY(!stage.screen->GetSystemToolBar());
+        QVERIFY(stage.bar->isHidden());
+    }
+
     void theBarBeforeIsLetGo()
     {
         TBarsStage stage;

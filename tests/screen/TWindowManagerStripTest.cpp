@@ -233,8 +233,12 @@ private Q_SLOTS:
     {
         TStripStage stage(1);
         QSignalSpy const shown(stage.screen.get(), &TScreen::OffscreenButtonsShown);
+        bool wasThere = false;
+        connect(stage.screen.get(), &TScreen::OffscreenButtonsShown, this,
+                [&] { wasThere = stage.strip->isVisible(); });
         stage.Swipe(QPoint(EmptyX, 766), QPoint(EmptyX, 740));
         QCOMPARE(shown.count(), 1);
+        QVERIFY(wasThere);
         stage.screen.FinishSlides();
         QCOMPARE(stage.strip->y(), RestLine);
         stage.screen.m_Clock.Advance(1000);
@@ -270,6 +274,12 @@ private Q_SLOTS:
         stage.screen.m_Clock.Advance(1000);
         stage.finger.Touch(QPoint(EmptyX, 100));
         QCOMPARE(stage.manager->GetOffScreenState(), OFF_SCREEN_UP);
+        {
+            QWidget other(stage.screen.get());
+            other.show();
+            stage.screen->RaiseOffScreenButtons();
+            QCOMPARE(TScreenLayers(*stage.screen.get()).Top(), &other);
+        }
         options.offScreenButtonsEnabled = true;
         CommonUI::SetCommonUIOptions(options);
         stage.finger.Touch(QPoint(EmptyX, 100));

@@ -7,6 +7,7 @@
 #include "TLocalTime.h"
 #include "TPushButton.h"
 
+#include <QChildEvent>
 #include <QHBoxLayout>
 #include <QMouseEvent>
 #include <QPainter>
@@ -46,7 +47,7 @@ void TOffScreenButtons::AddOffScreenButton(TPushButton* button, bool closeOnClic
         m_Layout->setContentsMargins(0, 0, 0, 0);
         m_Layout->setSizeConstraint(QLayout::SetFixedSize);
     }
-    disconnect(button, nullptr, this, nullptr);
+    Forget(button);
     m_Layout->removeWidget(button);
     if (button->parentWidget() != this)
         button->setParent(this);
@@ -69,12 +70,32 @@ void TOffScreenButtons::RemoveOffScreenButton(TPushButton* button)
 {
     if (!button || !m_Layout || m_Layout->indexOf(button) < 0)
         return;
-    disconnect(button, nullptr, this, nullptr);
-    disconnect(button, nullptr, m_HideTimer, nullptr);
     button->hide();
-    button->setParent(nullptr); // and so out of the layout
+    button->setParent(nullptr); // and so out of the layout, see childEvent()
     if (!HasButtons())
         Q_EMIT QuickHideButtons();
+}
+
+void TOffScreenButtons::Forget(QObject* button)
+{
+    disconnect(button, nullptr, this, nullptr);
+    disconnect(button, nullptr, m_HideTimer, nullptr);
+}
+
+// A button may also die, or be taken by another parent.
+void TOffScreenButtons::childEvent(QChildEvent* event)
+{
+    QWidget::childEvent(event);
+    if (!event->removed() || !m_Layout)
+        return;
+    Forget(event->child());
+    // Not at once: the child, or this strip, is in the middle of something.
+    QTimer::singleShot(0, this,
+                       [this]
+                       {
+                           if (!HasButtons() && !isHidden())
+                               Q_EMIT QuickHideButtons();
+                       });
 }
 
 bool TOffScreenButtons::HasButtons() const

@@ -58,6 +58,7 @@ public Q_SLOTS:
     void ShowOffScreenButtons();
 
 protected:
+    void childEvent(QChildEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -65,6 +66,7 @@ private:
     QPoint OnTheScreen(QMouseEvent const& event) const;
     bool IsArmed() const;
     void Dismiss();
+    void Forget(QObject* button);
 
     QHBoxLayout* m_Layout = nullptr;
     QPoint m_DragStart; // null while no swipe is armed

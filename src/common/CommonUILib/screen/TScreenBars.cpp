@@ -27,7 +27,11 @@ void TScreen::SetSystemToolBar(TSystemToolBar* bar)
         return;
     if (bar->parentWidget() != this)
         bar->setParent(this);
+    bool const wasWanted = m_SystemToolBarWanted;
     bar->move(width() - bar->width(), height() - bar->height());
+    // Who heard of its place may have sent it away, or put another in.
+    if (bar != m_SystemToolBar || m_SystemToolBarWanted != wasWanted)
+        return;
     bar->show();
     CheckToolbarsForLocking();
 }

@@ -76,17 +76,20 @@ bool TSystemToolBar::AddButton(TPushButton* button)
     return true;
 }
 
+// Without the focus a held button is let go, and whoever hears of it may take the button, or the bar.
+bool TSystemToolBar::LetGo(TPushButton* button)
+{
+    QPointer<TSystemToolBar> const self(this);
+    QPointer<TPushButton> const kept(button);
+    if (button->hasFocus())
+        window()->setFocus(Qt::OtherFocusReason);
+    return self && kept && kept->parentWidget() == this;
+}
+
 void TSystemToolBar::RemoveButton(TPushButton* button)
 {
     int id = 0;
-    if (!FindButtonId(button, id))
-        return;
-    QPointer<TSystemToolBar> const self(this);
-    QPointer<TPushButton> const removed(button);
-    // Without the focus a held button is let go, and whoever hears of it may take the button, or the bar.
-    if (button->hasFocus())
-        window()->setFocus(Qt::OtherFocusReason);
-    if (!self || !removed || removed->parentWidget() != this)
+    if (!FindButtonId(button, id) || !LetGo(button))
         return;
     button->hide();
     button->setParent(nullptr); // and so off the list, see childEvent()
@@ -95,7 +98,7 @@ void TSystemToolBar::RemoveButton(TPushButton* button)
 void TSystemToolBar::SetButtonVisible(TPushButton* button, bool visible)
 {
     int id = 0;
-    if (FindButtonId(button, id))
+    if (FindButtonId(button, id) && (visible || LetGo(button)))
         SetButtonVisibility(id, visible);
 }
 

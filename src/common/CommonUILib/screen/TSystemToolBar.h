@@ -58,6 +58,7 @@ protected:
     void childEvent(QChildEvent* event) override;
 
 private:
+    bool LetGo(TPushButton* button);
     int ShownButtons();
     QSize SizeFor(int count) const;
     QSharedPointer<QPixmap> BackgroundFor(int count, QSize const& size) const;
