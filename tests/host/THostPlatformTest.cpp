@@ -214,7 +214,9 @@ private Q_SLOTS:
         QVERIFY(message && message->isVisible());
         QVERIFY(!covered->isVisible());
         bool isWhole = true;
-        covered->m_OnShow = [&] { isWhole = screen->GetObstructionManager(); };
+        // By the time of the call it is a TScreen no more than that.
+        TScreen* const dying = screen.get();
+        covered->m_OnShow = [&] { isWhole = dying->GetObstructionManager(); };
         delete screen.get();
         QVERIFY(!message);
         QVERIFY(!covered);
