@@ -139,6 +139,19 @@ private Q_SLOTS:
         QVERIFY(other->isHidden());
     }
 
+    void nobodyMeetsABarThatDies()
+    {
+        TBarsStage stage;
+        QVector<TSystemToolBar*> met;
+        connect(stage.screen->GetObstructionManager(), &TObstructionManager::ObstructionLimitChanged,
+                stage.screen.get(), [&] { met.append(stage.screen->GetSystemToolBar()); });
+        delete stage.bar.data();
+        QVERIFY(!met.isEmpty());
+        QCOMPARE(met.count(nullptr), met.size());
+        QCOMPARE(stage.BottomObstructions(), 0);
+        QCOMPARE(stage.screen->GetUsableRect(), QRect(0, 0, 1024, 768));
+    }
+
     void aHiddenBarTakesNoRoom()
     {
         TBarsStage stage;

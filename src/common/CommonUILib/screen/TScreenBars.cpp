@@ -38,12 +38,15 @@ void TScreen::SetSystemToolBar(TSystemToolBar* bar)
 
 void TScreen::ReleaseSystemToolBar()
 {
-    if (!m_SystemToolBar)
+    QPointer<TSystemToolBar> const before = m_SystemToolBar;
+    if (!before)
         return;
-    disconnect(m_SystemToolBar, &TSystemToolBar::GeometryChanged, this,
-               &TScreen::OnSystemToolBarGeometryChanged);
-    m_ObstructionManager->RemoveObstruction(m_SystemToolBar);
-    m_SystemToolBar->hide();
+    disconnect(before, &TSystemToolBar::GeometryChanged, this, &TScreen::OnSystemToolBarGeometryChanged);
+    // Whoever hears of the room asks the screen for its bar.
+    m_SystemToolBar = nullptr;
+    m_ObstructionManager->RemoveObstruction(before);
+    if (before)
+        before->hide();
 }
 
 TSystemToolBar* TScreen::GetSystemToolBar() const

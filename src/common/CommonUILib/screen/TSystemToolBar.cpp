@@ -2,6 +2,7 @@
 
 #include "Metrics.h"
 #include "RenderUtils.h"
+#include "TScreen.h"
 #include "TSystemToolBarButton.h"
 
 #include <QChildEvent>
@@ -39,6 +40,14 @@ TSystemToolBar::TSystemToolBar(QWidget* parent)
     for (char const* const file : BackgroundFiles)
         m_Backgrounds.append(QSharedPointer<QPixmap>::create(QLatin1String(file)));
     SetHorizontal(false);
+}
+
+// A screen that dies itself is no screen any more when it comes to its children.
+TSystemToolBar::~TSystemToolBar()
+{
+    auto* const screen = qobject_cast<TScreen*>(parentWidget());
+    if (screen && screen->GetSystemToolBar() == this)
+        screen->SetSystemToolBar(nullptr);
 }
 
 void TSystemToolBar::AssignButton(int id, QString const& icon, QString const& text, QString const& toolTip)

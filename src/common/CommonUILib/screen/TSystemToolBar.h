@@ -20,6 +20,8 @@ public:
 
     /// Upright at first.
     explicit TSystemToolBar(QWidget* parent);
+    /// Its screen lets go of it first, so that nobody meets half a bar.
+    ~TSystemToolBar() override;
 
     /// As the base; the button carries \a id in its signals.
     void AssignButton(int id, QString const& icon, QString const& text, QString const& toolTip) override;
