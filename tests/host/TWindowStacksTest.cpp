@@ -1052,6 +1052,35 @@ private Q_SLOTS:
         VERIFY_LAYERS(*stage.Screen());
     }
 
+    void aWindowOnItsWayOutIsNotBroughtBack_data()
+    {
+        QTest::addColumn<bool>("again");
+        QTest::newRow("hidden") << false;
+        QTest::newRow("hidden again") << true;
+    }
+    void aWindowOnItsWayOutIsNotBroughtBack()
+    {
+        QFETCH(bool, again);
+        TStackStage stage;
+        TPopupWindow* const popup = stage.Popup();
+        TTaskWindow* const next = stage.Task();
+        bool isBack = false;
+        connect(popup, &TWindow::WindowShown, popup, &TWindow::HideWindow);
+        connect(popup, &TWindow::WindowHidden, next,
+                [&]
+                {
+                    if (again)
+                        popup->HideWindow();
+                    next->ShowWindow(false);
+                    isBack = popup->isVisible();
+                });
+        popup->ShowWindow(false);
+        QVERIFY(!isBack);
+        QVERIFY(!popup->isVisible());
+        QVERIFY(next->isVisible());
+        QVERIFY(stage.Stacks()->GetWindows(STACK_POPUPS, KVN::MorvaneID()).isEmpty());
+    }
+
     void aWindowMayOpenTheNextWhileItIsHidden()
     {
         TStackStage stage;

@@ -55,6 +55,8 @@ struct TWindowStacks::TEntry
 {
     // Null as soon as its end has begun: others may hear of that before the stacks do, and act.
     TWindow* Window() const { return qobject_cast<TWindow*>(widget.data()); }
+    // Others may hear before the stacks do that it is hidden, too.
+    bool IsStaying() const { return Window() && !isTakenDown && !Window()->IsDismissed(); }
 
     QPointer<QWidget> widget;
     QObject const* address = nullptr;
@@ -241,13 +243,12 @@ void TWindowStacks::GiveBack(TEntry& entry)
 
 bool TWindowStacks::IsOf(TEntry const& entry, EWindowStack stack, KVN::MorvaneID const& id)
 {
-    return entry.Window() && !entry.isTakenDown && entry.stack == stack && entry.id == id;
+    return entry.IsStaying() && entry.stack == stack && entry.id == id;
 }
 
 bool TWindowStacks::IsIn(TEntryPtr const& entry) const
 {
-    return entry->Window() && !entry->isTakenDown &&
-           std::find(m_Entries.begin(), m_Entries.end(), entry) != m_Entries.end();
+    return entry->IsStaying() && std::find(m_Entries.begin(), m_Entries.end(), entry) != m_Entries.end();
 }
 
 bool TWindowStacks::IsTop(TEntry const& entry) const
@@ -516,7 +517,7 @@ void TWindowStacks::TellOverlayManager()
     std::set<TStackKey> filled;
     for (TEntryPtr const& entry : m_Entries)
     {
-        if (entry->Window() && !entry->isTakenDown)
+        if (entry->IsStaying())
             filled.emplace(entry->stack, entry->id);
     }
     std::set<TStackKey> const before = std::move(m_Filled);

@@ -259,6 +259,11 @@ bool TWindow::IsVisible()
     return isVisible();
 }
 
+bool TWindow::IsDismissed() const
+{
+    return m_WindowHidden;
+}
+
 bool TWindow::OnMMIBack()
 {
     if (m_CancelButton->isVisible())

@@ -106,6 +106,8 @@ public Q_SLOTS:
     virtual void OnCancel();
 
 public:
+    /// From HideWindow() to the next ShowWindow(), also while those who hear of it are still being told.
+    bool IsDismissed() const;
     /// Asked at each showing: is ReCentre() to be called whenever the parent changes its size. The base
     /// answers false.
     virtual bool ShouldAutoReCentre() const;
