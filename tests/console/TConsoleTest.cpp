@@ -7,6 +7,8 @@
 #include "TConsoleOptions.h"
 #include "TDiagnosticsModule.h"
 #include "TestCase.h"
+#include "TestSupport.h"
+#include "TExternalDrive.h"
 #include "TGnssModule.h"
 #include "TGuidanceModule.h"
 #include "THostPlatform.h"
@@ -352,6 +354,47 @@ private Q_SLOTS:
         QImage const picture(pictures.filePath(files().constFirst()));
         QCOMPARE(picture.size(), QSize(1024, 768));
         QVERIFY(picture.copy(place).convertToFormat(withTheStrip.format()) != withTheStrip);
+    }
+
+    void aPictureThatCannotBeSavedIsTold()
+    {
+        QTemporaryDir folder;
+        QTemporaryDir stick;
+        QFile inTheWay(stick.filePath(QStringLiteral("Screenshots")));
+        QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        TStage stage(folder.path());
+        stage.console.WatchUsb(stick.path());
+        for (int i = 0; i < 2; ++i)
+        {
+            RaiseStrip(stage);
+            QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-screenshot"))));
+            QTRY_COMPARE(Message(stage), QStringLiteral("USB Operation Error"));
+            QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-tick-larger"))));
+            QCOMPARE(Message(stage), QString());
+        }
+    }
+
+    void whyAPictureWasNotSavedIsLogged_data()
+    {
+        QTest::addColumn<int>("result");
+        QTest::addColumn<QString>("entry");
+        QTest::newRow("full") << int(DRIVE_FULL) << "E USB Operation Error: No space";
+        QTest::newRow("pulled") << int(DRIVE_GONE) << "E USB Operation Error: Write error";
+        QTest::newRow("read-only") << int(DRIVE_READ_ONLY) << "E USB Operation Error: Write error";
+        QTest::newRow("taken") << int(DRIVE_REFUSED) << "E USB Operation Error: Write error";
+        QTest::newRow("broken") << int(DRIVE_ERROR) << "E USB Operation Error: Write error";
+    }
+
+    void whyAPictureWasNotSavedIsLogged()
+    {
+        QFETCH(int, result);
+        QFETCH(QString, entry);
+        QTemporaryDir folder;
+        TStage const stage(folder.path());
+        TTestUserLog const log; // in the place of the console's own
+        Q_EMIT stage.console.Screen()->GetExternalDrive()->SaveFailed(static_cast<EDriveResult>(result));
+        QCOMPARE(Message(stage), QStringLiteral("USB Operation Error"));
+        QVERIFY(log.Entries().contains(entry));
     }
 
     void withoutAStickTheOperatorIsAskedForOne_data()

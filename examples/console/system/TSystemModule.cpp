@@ -3,11 +3,13 @@
 #include "Palette.h"
 #include "PixmapNames.h"
 #include "SoundVolume.h"
+#include "TExternalDrive.h"
 #include "TOffScreenButtons.h"
 #include "TScreen.h"
 #include "TSystemToolBar.h"
 #include "TSystemToolBarButton.h"
 #include "TToolTipMode.h"
+#include "TUSBErrorMessage.h"
 #include "TUsbWatch.h"
 #include "TWindowManager.h"
 
@@ -83,12 +85,14 @@ TSystemModule::~TSystemModule()
     for (QPointer<TPushButton> const& button : qAsConst(m_StripButtons))
         delete button;
     delete m_Bar;
+    delete m_ErrorMessage;
 }
 
 void TSystemModule::RegisterViews(TScreen* screen)
 {
     m_Screen = screen;
     screen->SetupUSBButton();
+    connect(screen->GetExternalDrive(), &TExternalDrive::SaveFailed, this, &TSystemModule::OnSaveFailed);
     MakeBar();
     MakeStrip();
 }
@@ -181,4 +185,14 @@ void TSystemModule::ShowStick(bool present)
 {
     if (m_StickButton)
         SetName(m_StickButton, present ? tr("Pull") : tr("Insert"));
+}
+
+// The screen says nothing of it, and an operator who asked for a picture would believe to have it.
+void TSystemModule::OnSaveFailed(EDriveResult result)
+{
+    if (!m_Screen)
+        return;
+    if (!m_ErrorMessage)
+        m_ErrorMessage = new TUSBErrorMessage(m_Screen);
+    m_ErrorMessage->OnUSBError(result == DRIVE_FULL ? USB_ERROR_NO_SPACE : USB_ERROR_WRITE);
 }

@@ -6,10 +6,12 @@
 #include <QPointer>
 #include <QVector>
 
+enum EDriveResult : int;
 class TPushButton;
 class TScreen;
 class TSystemToolBar;
 class TToolTipMode;
+class TUSBErrorMessage;
 class TUsbWatch;
 
 /// What the operator has at hand whatever the view: the system tool bar in the corner of the screen, with the
@@ -41,8 +43,10 @@ private:
     TPushButton* AddToStrip(QString const& icon, QString const& toolTip);
     void ShowToolTipMode(bool on);
     void ShowStick(bool present);
+    void OnSaveFailed(EDriveResult result);
 
     QPointer<TScreen> m_Screen;
+    QPointer<TUSBErrorMessage> m_ErrorMessage; // made at the first failure
     QPointer<TToolTipMode> m_ToolTips;
     QPointer<TSystemToolBar> m_Bar;
     QPointer<TPushButton> m_ToolTipButton;

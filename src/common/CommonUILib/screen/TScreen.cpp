@@ -22,7 +22,6 @@
 #include "TSystemSettings.h"
 #include "TSystemSettingsProxy.h"
 #include "TSystemToolBar.h"
-#include "TUSBErrorMessage.h"
 #include "TWindowManager.h"
 
 #include <QBuffer>
@@ -190,7 +189,6 @@ TScreen::~TScreen()
     m_EjectedMessage.reset();
     m_EjectFailedMessage.reset();
     m_InsertUSBMessage.reset();
-    m_USBErrorMessage.reset();
     for (TLockingWidget const& lock : qAsConst(m_LockingWidgets))
         disconnect(lock.widget, nullptr, this, nullptr);
     m_LockingWidgets.clear();

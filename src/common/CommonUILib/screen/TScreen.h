@@ -35,7 +35,6 @@ class TPushButton;
 class TSoundServer;
 class TSystemToolBar;
 class TSystemToolBarButton;
-class TUSBErrorMessage;
 class TWindow;
 class TWindowManager;
 
@@ -260,7 +259,8 @@ public Q_SLOTS:
     /// TakeScreenShot() after the press that asked for it has had time to be drawn.
     void DelayedScreenShot();
     /// Saves a picture of the screen in "Screenshots" on the USB stick, with a flash and a sound, or asks for
-    /// a stick. A failure is TExternalDrive::SaveFailed().
+    /// a stick. A picture that could not be saved is no matter of the screen's: it goes into the operator's
+    /// log, and whoever offers pictures tells the operator by TExternalDrive::SaveFailed().
     void TakeScreenShot();
     void OnNavigationWindow();
     /// For automation tools: emits RequestShutdown().
@@ -294,7 +294,6 @@ private:
     QWidget* LockAnchor() const;
     void ShowFlash();
     void SaveScreenShot(QString const& drive);
-    void OnSaveFailed(EDriveResult result);
     int AssignSpecialBarButton(KVN::MorvaneID const& id, QString const& icon, TCanvas* canvas,
                                TFullWindow* fullWindow, QString const& toolTip);
 
@@ -312,7 +311,6 @@ private:
     std::unique_ptr<TMessageDialog> m_EjectedMessage;
     std::unique_ptr<TMessageDialog> m_EjectFailedMessage;
     std::unique_ptr<TMessageDialog> m_InsertUSBMessage;
-    std::unique_ptr<TUSBErrorMessage> m_USBErrorMessage; // made at the first failure
     QWidget* m_ScreenShotFlash = nullptr;
     TModalWidget* m_ModalWidget = nullptr;
     QVector<TLockingWidget> m_LockingWidgets;

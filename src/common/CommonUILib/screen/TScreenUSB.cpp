@@ -1,7 +1,6 @@
 #include "TExternalDrive.h"
 #include "TInsertUSBMessage.h"
 #include "TScreen.h"
-#include "TUSBErrorMessage.h"
 
 void TScreen::SetupUSBButton()
 {
@@ -15,14 +14,6 @@ void TScreen::SetupUSBButton()
     m_InsertUSBMessage = std::make_unique<TInsertUSBMessage>(this);
     connect(m_ExternalDrive.get(), &TExternalDrive::EjectFinished, this,
             [this](bool ejected) { (ejected ? m_EjectedMessage : m_EjectFailedMessage)->ShowWindow(false); });
-    connect(m_ExternalDrive.get(), &TExternalDrive::SaveFailed, this, &TScreen::OnSaveFailed);
-}
-
-void TScreen::OnSaveFailed(EDriveResult result)
-{
-    if (!m_USBErrorMessage)
-        m_USBErrorMessage = std::make_unique<TUSBErrorMessage>(this);
-    m_USBErrorMessage->OnUSBError(result == DRIVE_FULL ? USB_ERROR_NO_SPACE : USB_ERROR_WRITE);
 }
 
 void TScreen::OnUSBButtonClick()
