@@ -5,7 +5,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
-// How the units database is read, each time in a process that has not read it yet.
+// What the environment does to units, each time in a process that has not read their database yet.
 class TUnitsDatabaseTest : public QObject
 {
     Q_OBJECT
@@ -13,6 +13,8 @@ class TUnitsDatabaseTest : public QObject
 private Q_SLOTS:
     void databaseOfTheSystemIsRead();
     void decimalCommaOfTheLocaleDoesNotReachTheDatabase();
+    void datesHaveTheDigitsOfNumbersInEveryLanguage_data();
+    void datesHaveTheDigitsOfNumbersInEveryLanguage();
     void unreadableDatabaseShowsWhatIsStored_data();
     void unreadableDatabaseShowsWhatIsStored();
     void unitsThatTheDatabaseLacksAreShownAsStored();
@@ -25,7 +27,7 @@ private:
         int exitCode;
     };
 
-    static TRun Probe(QProcessEnvironment const& environment);
+    static TRun Probe(QString const& task, QProcessEnvironment const& environment);
     QString Write(QByteArray const& content);
 
     QTemporaryDir m_Folder;
@@ -37,11 +39,12 @@ QStringList const US_VALUES{"41.010 ft 12.5", "68.000 °F 20", "0.186 seeds/ft²
 QStringList const STORED_VALUES{"12.500 m 12.5", "20.000 °C 20", "2.000 seeds/m² 2", "12.5"};
 } // namespace
 
-TUnitsDatabaseTest::TRun TUnitsDatabaseTest::Probe(QProcessEnvironment const& environment)
+TUnitsDatabaseTest::TRun TUnitsDatabaseTest::Probe(QString const& task,
+                                                   QProcessEnvironment const& environment)
 {
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(UNITS_PROBE), QStringList());
+    process.start(QStringLiteral(UNITS_PROBE), {task});
     bool const isDone = process.waitForFinished() && process.exitStatus() == QProcess::NormalExit;
     QString const output = QString::fromUtf8(process.readAllStandardOutput());
     return {output.split('\n', Qt::SkipEmptyParts), process.readAllStandardError(),
@@ -58,7 +61,7 @@ QString TUnitsDatabaseTest::Write(QByteArray const& content)
 
 void TUnitsDatabaseTest::databaseOfTheSystemIsRead()
 {
-    TRun const run = Probe(QProcessEnvironment::systemEnvironment());
+    TRun const run = Probe("values", QProcessEnvironment::systemEnvironment());
     QCOMPARE(run.lines, US_VALUES);
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
@@ -75,8 +78,26 @@ void TUnitsDatabaseTest::decimalCommaOfTheLocaleDoesNotReachTheDatabase()
     environment.insert("LOCPATH", m_Folder.path());
     environment.insert("LC_ALL", "de_DE.UTF-8");
     // The commas are the C library's own, which shows that the locale is in force.
-    QCOMPARE(Probe(environment).lines,
+    QCOMPARE(Probe("values", environment).lines,
              (QStringList{"41.010 ft 12,5", "68.000 °F 20", "0.186 seeds/ft² 2", "41,0104986877"}));
+}
+
+// The toolkit takes the language from the name alone, so that it need not be installed.
+void TUnitsDatabaseTest::datesHaveTheDigitsOfNumbersInEveryLanguage_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::newRow("none") << "C";
+    QTest::newRow("Persian") << "fa_IR.UTF-8";
+    QTest::newRow("Arabic") << "ar_EG.UTF-8";
+    QTest::newRow("Marathi") << "mr_IN.UTF-8";
+}
+
+void TUnitsDatabaseTest::datesHaveTheDigitsOfNumbersInEveryLanguage()
+{
+    QFETCH(QString, locale);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LC_ALL", locale);
+    QCOMPARE(Probe("date", environment).lines, (QStringList{"01/01/2024", "13:30"}));
 }
 
 void TUnitsDatabaseTest::unreadableDatabaseShowsWhatIsStored_data()
@@ -93,7 +114,7 @@ void TUnitsDatabaseTest::unreadableDatabaseShowsWhatIsStored()
     QFETCH(QString, path);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("UDUNITS2_XML_PATH", path);
-    TRun const run = Probe(environment);
+    TRun const run = Probe("values", environment);
     QVERIFY(!run.lines.isEmpty());
     QVERIFY2(
         run.lines.constFirst().startsWith(
@@ -112,7 +133,7 @@ void TUnitsDatabaseTest::unitsThatTheDatabaseLacksAreShownAsStored()
         "UDUNITS2_XML_PATH",
         Write("<unit-system><unit><base/><name><singular>metre</singular></name><symbol>m</symbol></unit>"
               "<unit><def>0.5 metre</def><name><singular>foot</singular></name></unit></unit-system>"));
-    TRun const run = Probe(environment);
+    TRun const run = Probe("values", environment);
     QVERIFY(!run.lines.isEmpty());
     QVERIFY2(run.lines.constFirst().startsWith("log: The units database does not know: millimetre, "),
              qPrintable(run.lines.constFirst()));

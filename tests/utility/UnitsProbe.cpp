@@ -1,7 +1,8 @@
-// Usage: units-probe
+// Usage: units-probe values|date
 // A process of its own for what a test cannot do to itself: to read the units database, or none, under
-// another environment. Prints what is shown of a few values to an operator who has chosen US units; the
-// operator's log goes to the standard output too.
+// another environment. The operator has chosen US units; the operator's log goes to the standard output.
+//  values  prints what is shown of a few values
+//  date    prints a date and a time of day
 
 #include "TUnits.h"
 #include "TUnitSettings.h"
@@ -26,6 +27,31 @@ void PrintShown(double value, EUnitsType type)
     double const stored = TUnits::GetValueInDefaultUnit(shown, type, UNITS_CONTEXT_GENERAL, 1.0);
     std::printf("%s %.12g\n", qPrintable(text), stored);
 }
+
+void PrintValues()
+{
+    PrintShown(12.5, UNIT_TYPE_LENGTH);
+    PrintShown(20.0, UNIT_TYPE_TEMPERATURE);
+    PrintShown(2.0, UNIT_TYPE_SEED_RATE);
+    std::printf("%.12g\n", TUnits::ConvertUnit(12.5, UNIT_METRE, UNIT_FOOT, 1.0));
+}
+
+void PrintDate()
+{
+    constexpr double DAY = 2460311.0;
+    constexpr double HOURS = 13.5;
+    QString const date = TUnits::GetValueString(DAY, UNIT_DATE, 0, nullptr, 1.0);
+    QString const time = TUnits::GetValueString(HOURS, UNIT_TIME_OF_DAY, 0, nullptr, 1.0);
+    std::printf("%s\n%s\n", date.toUtf8().constData(), time.toUtf8().constData());
+}
+
+struct TTask
+{
+    char const* name;
+    void (*run)();
+};
+
+constexpr TTask TASKS[] = {{"values", PrintValues}, {"date", PrintDate}};
 } // namespace
 
 // QCoreApplication takes over the locale of the environment, as the console's application does.
@@ -35,9 +61,13 @@ int main(int argc, char** argv)
     SetUserLog(std::make_shared<TPrintedLog>());
     TUnitSettings::Instance()->SetChoices(
         TUnitChoices::FromNumbers(QLatin1Char('.'), UNIT_SYSTEM_US, 0, true));
-    PrintShown(12.5, UNIT_TYPE_LENGTH);
-    PrintShown(20.0, UNIT_TYPE_TEMPERATURE);
-    PrintShown(2.0, UNIT_TYPE_SEED_RATE);
-    std::printf("%.12g\n", TUnits::ConvertUnit(12.5, UNIT_METRE, UNIT_FOOT, 1.0));
-    return 0;
+    for (TTask const& task : TASKS)
+    {
+        if (argc == 2 && QByteArray(argv[1]) == task.name)
+        {
+            task.run();
+            return 0;
+        }
+    }
+    return 2;
 }

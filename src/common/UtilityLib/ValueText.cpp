@@ -1,6 +1,7 @@
 #include "ValueText.h"
 
 #include <QDate>
+#include <QLocale>
 
 #include <algorithm>
 #include <charconv>
@@ -95,7 +96,8 @@ QString DateText(double julianDay, EDateFormat format)
     QDate const date = QDate::fromJulianDay(static_cast<qint64>(julianDay));
     if (date.year() < FIRST_YEAR || date.year() > LAST_YEAR)
         return NoValue();
-    static constexpr char const* FORMATS[] = {"dd/MM/yyyy", "dd/yyyy/MM", "MM/yyyy/dd",
-                                              "MM/dd/yyyy", "yyyy/MM/dd", "yyyy/dd/MM"};
-    return date.toString(QLatin1String(FORMATS[format]));
+    static constexpr QStringView FORMATS[] = {u"dd/MM/yyyy", u"dd/yyyy/MM", u"MM/yyyy/dd",
+                                              u"MM/dd/yyyy", u"yyyy/MM/dd", u"yyyy/dd/MM"};
+    // QDate alone would take the digits of the system's language, which no number pad reads back.
+    return QLocale::c().toString(date, FORMATS[format]);
 }
