@@ -126,6 +126,7 @@ private Q_SLOTS:
     void densityDoesNotCountWithinAQuantity();
     void uselessDensityIsThatOfWater_data();
     void uselessDensityIsThatOfWater();
+    void densitiesOfAllMatterAreTaken();
     void unconvertibleUnitsLeaveTheValueAndOneLine();
     void sameDimensionIsNotTheSameQuantity();
     void unknownUnitLeavesTheValueInSilence_data();
@@ -479,6 +480,12 @@ void TUnitsTest::uselessDensityIsThatOfWater_data()
     QTest::newRow("negative") << -0.8 << int(UNIT_HECTOLITRE);
     QTest::newRow("not a number") << NOT_A_NUMBER << int(UNIT_CUBIC_METRE);
     QTest::newRow("infinite") << ENDLESS << int(UNIT_BUSHEL);
+    QTest::newRow("smallest") << std::numeric_limits<double>::denorm_min() << int(UNIT_MILLILITRE);
+    QTest::newRow("tiny") << 1e-310 << int(UNIT_CUBIC_INCH);
+    QTest::newRow("just too small") << 0.99e-6 << int(UNIT_CUBIC_FOOT);
+    QTest::newRow("just too large") << 1.01e6 << int(UNIT_FLUID_OUNCE);
+    QTest::newRow("huge") << 1e300 << int(UNIT_PINT);
+    QTest::newRow("largest") << std::numeric_limits<double>::max() << int(UNIT_QUART);
 }
 
 void TUnitsTest::uselessDensityIsThatOfWater()
@@ -489,12 +496,26 @@ void TUnitsTest::uselessDensityIsThatOfWater()
     TTestUserLog const log;
     double const ofWater = TUnits::ConvertUnit(3.0, unit, UNIT_MILLIGRAM, 1.0);
     QCOMPARE(log.Entries(), QStringList());
+    QCOMPARE(TUnits::ConvertUnit(0.0, unit, UNIT_MILLIGRAM, density), 0.0);
     QCOMPARE(TUnits::ConvertUnit(3.0, unit, UNIT_MILLIGRAM, density), ofWater);
     QCOMPARE(TUnits::ConvertUnit(3.0, unit, UNIT_MILLIGRAM, density), ofWater);
     QCOMPARE(log.Entries().size(), 1);
     QVERIFY2(log.Entries().constFirst().startsWith(QStringLiteral("The density ")),
              qPrintable(log.Entries().constFirst()));
     QVERIFY(log.Entries().constFirst().contains(TUnitAbbreviations::UnitAbbreviations[unit]));
+    QCOMPARE(TUnits::ConvertUnit(ofWater, UNIT_MILLIGRAM, unit, density), 3.0);
+}
+
+void TUnitsTest::densitiesOfAllMatterAreTaken()
+{
+    TTestUserLog const log;
+    for (double const density : {1e-6, 0.00009, 0.0012, 22.6, 1e6})
+    {
+        double const mass = TUnits::ConvertUnit(10.0, UNIT_LITRE, UNIT_KILOGRAM, density);
+        QVERIFY(IsSame(mass, 10.0 * density, 0.0));
+        QVERIFY(IsSame(TUnits::ConvertUnit(mass, UNIT_KILOGRAM, UNIT_LITRE, density), 10.0, 0.0));
+    }
+    QCOMPARE(log.Entries(), QStringList());
 }
 
 void TUnitsTest::unconvertibleUnitsLeaveTheValueAndOneLine()

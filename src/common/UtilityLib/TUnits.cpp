@@ -16,6 +16,10 @@ namespace
 {
 constexpr int MAX_DECIMALS = 15;
 constexpr double WATER = 1.0;
+// Every gas, liquid and solid lies far inside. Far outside, the factor or its reciprocal leaves what a double
+// holds, and zero becomes not a number.
+constexpr double LOWEST_DENSITY = 1e-6;
+constexpr double HIGHEST_DENSITY = 1e6;
 // Room for a usual number, so that a text is allocated once.
 constexpr int NUMBER_LENGTH = 16;
 
@@ -68,7 +72,8 @@ void ReportUnconvertible(EUnitsType from, EUnitsType to)
 
 double UsableDensity(double density, EUnitsType from, EUnitsType to)
 {
-    if (std::isfinite(density) && density > 0.0)
+    // Compared so that it is false for what is not a number.
+    if (density >= LOWEST_DENSITY && density <= HIGHEST_DENSITY)
         return density;
     static auto* const reported = new TReportedPairs;
     if (reported->IsFirst(from, to))
