@@ -18,6 +18,8 @@ private Q_SLOTS:
     void unreadableDatabaseShowsWhatIsStored_data();
     void unreadableDatabaseShowsWhatIsStored();
     void unitsThatTheDatabaseLacksAreShownAsStored();
+    void weightOfAnUnknownVolumeIsShownAsStored_data();
+    void weightOfAnUnknownVolumeIsShownAsStored();
 
 private:
     struct TRun
@@ -28,15 +30,26 @@ private:
     };
 
     static TRun Probe(QString const& task, QProcessEnvironment const& environment);
-    QString Write(QByteArray const& content);
+    QString WriteDatabase(QByteArray const& units);
 
     QTemporaryDir m_Folder;
 };
 
 namespace
 {
-QStringList const US_VALUES{"41.010 ft 12.5", "68.000 °F 20", "0.186 seeds/ft² 2", "41.0104986877"};
-QStringList const STORED_VALUES{"12.500 m 12.5", "20.000 °C 20", "2.000 seeds/m² 2", "12.5"};
+QStringList const US_VALUES{"41.010 ft 12.5", "68.000 °F 20", "0.186 seeds/ft² 2", "41.0104986877", "1 1"};
+QStringList const STORED_VALUES{"12.500 m 12.5", "20.000 °C 20", "2.000 seeds/m² 2", "12.5", "0 0"};
+
+QByteArray BaseUnit(QByteArray const& name, QByteArray const& symbol)
+{
+    return "<unit><base/><name><singular>" + name + "</singular></name><symbol>" + symbol +
+           "</symbol></unit>";
+}
+
+QByteArray DefinedUnit(QByteArray const& name, QByteArray const& definition)
+{
+    return "<unit><def>" + definition + "</def><name><singular>" + name + "</singular></name></unit>";
+}
 } // namespace
 
 TUnitsDatabaseTest::TRun TUnitsDatabaseTest::Probe(QString const& task,
@@ -51,8 +64,9 @@ TUnitsDatabaseTest::TRun TUnitsDatabaseTest::Probe(QString const& task,
             isDone ? process.exitCode() : -1};
 }
 
-QString TUnitsDatabaseTest::Write(QByteArray const& content)
+QString TUnitsDatabaseTest::WriteDatabase(QByteArray const& units)
 {
+    QByteArray const content = "<unit-system>" + units + "</unit-system>";
     QFile file(m_Folder.filePath("units.xml"));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         return QString();
@@ -79,7 +93,7 @@ void TUnitsDatabaseTest::decimalCommaOfTheLocaleDoesNotReachTheDatabase()
     environment.insert("LC_ALL", "de_DE.UTF-8");
     // The commas are the C library's own, which shows that the locale is in force.
     QCOMPARE(Probe("values", environment).lines,
-             (QStringList{"41.010 ft 12,5", "68.000 °F 20", "0.186 seeds/ft² 2", "41,0104986877"}));
+             (QStringList{"41.010 ft 12,5", "68.000 °F 20", "0.186 seeds/ft² 2", "41,0104986877", "1 1"}));
 }
 
 // The toolkit takes the language from the name alone, so that it need not be installed.
@@ -129,17 +143,42 @@ void TUnitsDatabaseTest::unreadableDatabaseShowsWhatIsStored()
 void TUnitsDatabaseTest::unitsThatTheDatabaseLacksAreShownAsStored()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(
-        "UDUNITS2_XML_PATH",
-        Write("<unit-system><unit><base/><name><singular>metre</singular></name><symbol>m</symbol></unit>"
-              "<unit><def>0.5 metre</def><name><singular>foot</singular></name></unit></unit-system>"));
+    environment.insert("UDUNITS2_XML_PATH",
+                       WriteDatabase(BaseUnit("metre", "m") + DefinedUnit("foot", "0.5 metre")));
     TRun const run = Probe("values", environment);
     QVERIFY(!run.lines.isEmpty());
     QVERIFY2(run.lines.constFirst().startsWith("log: The units database does not know: millimetre, "),
              qPrintable(run.lines.constFirst()));
     QCOMPARE(run.lines.mid(1), (QStringList{"25.000 ft 12.5"} + STORED_VALUES.mid(1, 1) +
-                                QStringList{"0.500 seeds/ft² 2", "25"}));
+                                QStringList{"0.500 seeds/ft² 2", "25", "1 0"}));
     QCOMPARE(run.errors, QByteArray());
+}
+
+void TUnitsDatabaseTest::weightOfAnUnknownVolumeIsShownAsStored_data()
+{
+    QTest::addColumn<QByteArray>("known");
+    QTest::addColumn<QStringList>("shown");
+    QByteArray const masses = BaseUnit("kilogram", "kg") + DefinedUnit("pound", "0.5 kilogram");
+    QByteArray const volumes =
+        BaseUnit("metre", "m") + DefinedUnit("litre", "0.001 metre3") + DefinedUnit("bushel", "40 litre");
+    QStringList const stored{"100.0 L", "100.0 kg"};
+    QTest::newRow("masses alone") << masses << stored;
+    QTest::newRow("volumes alone") << volumes << stored;
+    QTest::newRow("both") << masses + volumes << QStringList{"256.0 lb", "2.0 bu"};
+}
+
+// A weight has to do with a volume only where the database knows both.
+void TUnitsDatabaseTest::weightOfAnUnknownVolumeIsShownAsStored()
+{
+    QFETCH(QByteArray, known);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("UDUNITS2_XML_PATH", WriteDatabase(known));
+    TRun const run = Probe("weight", environment);
+    QVERIFY(!run.lines.isEmpty());
+    QVERIFY2(run.lines.constFirst().startsWith("log: The units database does not know: "),
+             qPrintable(run.lines.constFirst()));
+    QTEST(QStringList(run.lines.mid(1)), "shown");
+    QCOMPARE(run.exitCode, 0);
 }
 
 COMMONUI_TEST(TUnitsDatabaseTest)

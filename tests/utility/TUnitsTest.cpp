@@ -128,6 +128,8 @@ private Q_SLOTS:
     void uselessDensityIsThatOfWater();
     void densitiesOfAllMatterAreTaken();
     void unconvertibleUnitsLeaveTheValueAndOneLine();
+    void everyPairOfOneQuantityCanConvert();
+    void unitsOfDifferentQuantitiesCannotConvert();
     void sameDimensionIsNotTheSameQuantity();
     void unknownUnitLeavesTheValueInSilence_data();
     void unknownUnitLeavesTheValueInSilence();
@@ -527,6 +529,48 @@ void TUnitsTest::unconvertibleUnitsLeaveTheValueAndOneLine()
              QStringList{"No conversion leads from unit m (4) to kg (36); values stay as they are"});
     QCOMPARE(TUnits::ConvertUnit(12.5, UNIT_KILOGRAM, UNIT_METRE, 1.0), 12.5);
     QCOMPARE(log.Entries().size(), 2);
+}
+
+void TUnitsTest::everyPairOfOneQuantityCanConvert()
+{
+    auto const count = [](TUnitGroup const& some, TUnitGroup const& others)
+    {
+        int convertible = TUnits::CanConvert(some.type, others.type) ? 1 : 0;
+        for (TUnitSpelling const& from : some.units)
+        {
+            for (TUnitSpelling const& to : others.units)
+                convertible += TUnits::CanConvert(from.unit, to.unit) ? 1 : 0;
+        }
+        return convertible;
+    };
+    TTestUserLog const log;
+    for (TUnitGroup const& some : UnitGroups())
+    {
+        for (TUnitGroup const& others : UnitGroups())
+        {
+            bool isLinked = some.type == others.type;
+            for (auto const& bridge : BRIDGES)
+                isLinked |= (bridge[0] == some.type && bridge[1] == others.type) ||
+                            (bridge[1] == some.type && bridge[0] == others.type);
+            int const pairs = static_cast<int>(some.units.size() * others.units.size()) + 1;
+            QCOMPARE(count(some, others), isLinked ? pairs : 0);
+        }
+    }
+    QCOMPARE(log.Entries(), QStringList());
+}
+
+void TUnitsTest::unitsOfDifferentQuantitiesCannotConvert()
+{
+    TTestUserLog const log;
+    QVERIFY(!TUnits::CanConvert(UNIT_METRE, UNIT_KILOGRAM));
+    QVERIFY(!TUnits::CanConvert(UNIT_LITRE, UNIT_KILOGRAMS_PER_HECTARE));
+    QVERIFY(!TUnits::CanConvert(UNIT_NONE, UNIT_METRE));
+    QVERIFY(!TUnits::CanConvert(UNIT_METRE, UNIT_NONE));
+    QVERIFY(!TUnits::CanConvert(UNIT_TYPE_LENGTH, EUnitsType(161)));
+    QVERIFY(TUnits::CanConvert(UNIT_NONE, UNIT_NONE));
+    QVERIFY(TUnits::CanConvert(EUnitsType(-1), EUnitsType(std::numeric_limits<int>::max())));
+    QVERIFY(TUnits::CanConvert(UNIT_TYPE_LENGTH, UNIT_FOOT));
+    QCOMPARE(log.Entries(), QStringList());
 }
 
 void TUnitsTest::sameDimensionIsNotTheSameQuantity()

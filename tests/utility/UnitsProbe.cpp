@@ -1,8 +1,9 @@
-// Usage: units-probe values|date
+// Usage: units-probe values|date|weight
 // A process of its own for what a test cannot do to itself: to read the units database, or none, under
 // another environment. The operator has chosen US units; the operator's log goes to the standard output.
-//  values  prints what is shown of a few values
+//  values  prints what is shown of a few values, and which of their units can be converted
 //  date    prints a date and a time of day
+//  weight  prints what is shown of a volume that is bought by weight, and of a mass that is read as volume
 
 #include "TUnits.h"
 #include "TUnitSettings.h"
@@ -34,6 +35,19 @@ void PrintValues()
     PrintShown(20.0, UNIT_TYPE_TEMPERATURE);
     PrintShown(2.0, UNIT_TYPE_SEED_RATE);
     std::printf("%.12g\n", TUnits::ConvertUnit(12.5, UNIT_METRE, UNIT_FOOT, 1.0));
+    std::printf("%d %d\n", TUnits::CanConvert(UNIT_METRE, UNIT_FOOT),
+                TUnits::CanConvert(UNIT_DEGREE_CELSIUS, UNIT_KELVIN));
+}
+
+void PrintWeight()
+{
+    constexpr double DENSITY = 1.28;
+    for (EUnitsType const type : {UNIT_TYPE_VOLUME, UNIT_TYPE_MASS})
+    {
+        EUnitsContext const context = type == UNIT_TYPE_VOLUME ? UNITS_CONTEXT_WEIGHED : UNITS_CONTEXT_GRAIN;
+        QString const text = TUnits::GetValueStringInContext(100.0, type, context, 1, nullptr, DENSITY);
+        std::printf("%s\n", qPrintable(text));
+    }
 }
 
 void PrintDate()
@@ -51,7 +65,7 @@ struct TTask
     void (*run)();
 };
 
-constexpr TTask TASKS[] = {{"values", PrintValues}, {"date", PrintDate}};
+constexpr TTask TASKS[] = {{"values", PrintValues}, {"date", PrintDate}, {"weight", PrintWeight}};
 } // namespace
 
 // QCoreApplication takes over the locale of the environment, as the console's application does.

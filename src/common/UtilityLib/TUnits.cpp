@@ -89,24 +89,38 @@ EUnitsType DefaultUnit(EUnitsType type)
     return UnitRow(type).defaultUnit;
 }
 
-// By what default units of the quantity of from are multiplied to be default units of that of to; 0 if they
-// have nothing to do with each other.
-double QuantityFactor(EUnitsType from, EUnitsType to, double density)
+// What leads from the default unit of one quantity to that of another.
+enum EBridge
+{
+    BRIDGE_NONE,
+    BRIDGE_SAME_QUANTITY,
+    BRIDGE_TIMES_DENSITY,
+    BRIDGE_OVER_DENSITY
+};
+
+EBridge BridgeOf(EUnitsType from, EUnitsType to)
 {
     EUnitsType const fromQuantity = UnitRow(from).quantity;
     EUnitsType const toQuantity = UnitRow(to).quantity;
     if (fromQuantity == toQuantity)
-        return 1.0;
+        return BRIDGE_SAME_QUANTITY;
     if (MassTypeOf(fromQuantity) == toQuantity)
-        return UsableDensity(density, from, to);
-    if (MassTypeOf(toQuantity) == fromQuantity)
-        return 1.0 / UsableDensity(density, from, to);
-    return 0.0;
+        return BRIDGE_TIMES_DENSITY;
+    return MassTypeOf(toQuantity) == fromQuantity ? BRIDGE_OVER_DENSITY : BRIDGE_NONE;
 }
 
-bool IsKnownToFactors(EUnitsType unit)
+double BridgeFactor(EBridge bridge, EUnitsType from, EUnitsType to, double density)
 {
-    return TUnitFactors::Instance().Of(unit).slope > 0.0;
+    if (bridge == BRIDGE_SAME_QUANTITY)
+        return 1.0;
+    double const usable = UsableDensity(density, from, to);
+    return bridge == BRIDGE_TIMES_DENSITY ? usable : 1.0 / usable;
+}
+
+bool AreKnownToFactors(EUnitsType one, EUnitsType other)
+{
+    TUnitFactors const& factors = TUnitFactors::Instance();
+    return factors.Of(one).slope > 0.0 && factors.Of(other).slope > 0.0;
 }
 
 int Decimals(double value, EUnitsType unit, int decimals, TUnits::ThresholdSpec const* thresholds)
@@ -149,7 +163,7 @@ EUnitsType TUnits::DetermineActualUnitFromUnitsType(EUnitsType type, EUnitsConte
 {
     EUnitsType const stored = DefaultUnit(type);
     EUnitsType const chosen = ChosenUnit(type, context, TUnitSettings::Instance()->Choices().system);
-    return chosen == stored || IsKnownToFactors(chosen) ? chosen : stored;
+    return CanConvert(stored, chosen) ? chosen : stored;
 }
 
 EUnitsType TUnits::DetermineDefaultUnitFromUnitsType(EUnitsType type, EUnitsContext context)
@@ -168,24 +182,36 @@ double TUnits::GetValueInDefaultUnit(double value, EUnitsType type, EUnitsContex
     return ConvertUnit(value, DetermineActualUnitFromUnitsType(type, context), DefaultUnit(type), density);
 }
 
+bool TUnits::CanConvert(EUnitsType from, EUnitsType to)
+{
+    EUnitsType const source = DefaultUnit(from);
+    EUnitsType const target = DefaultUnit(to);
+    if (source == target)
+        return true;
+    // Units that need no type are quantities of their own, but no unit at all is none.
+    bool const areUnits = source != UNIT_NONE && target != UNIT_NONE;
+    return areUnits && BridgeOf(source, target) != BRIDGE_NONE && AreKnownToFactors(source, target);
+}
+
 double TUnits::ConvertUnit(double value, EUnitsType from, EUnitsType to, double density)
 {
     EUnitsType const source = DefaultUnit(from);
     EUnitsType const target = DefaultUnit(to);
     if (source == target || source == UNIT_NONE || target == UNIT_NONE)
         return value;
-    double const quantityFactor = QuantityFactor(source, target, density);
-    if (quantityFactor == 0.0)
+    EBridge const bridge = BridgeOf(source, target);
+    if (bridge == BRIDGE_NONE)
     {
         ReportUnconvertible(source, target);
         return value;
     }
-    if (!IsKnownToFactors(source) || !IsKnownToFactors(target))
+    if (!AreKnownToFactors(source, target))
         return value;
+    double const bridgeFactor = BridgeFactor(bridge, source, target, density);
     TUnitFactors::TFactor const& sourceFactor = TUnitFactors::Instance().Of(source);
     TUnitFactors::TFactor const& targetFactor = TUnitFactors::Instance().Of(target);
     // The factors come together first, so that no value overflows on its way.
-    double const slope = sourceFactor.slope / targetFactor.slope * quantityFactor;
+    double const slope = sourceFactor.slope / targetFactor.slope * bridgeFactor;
     return value * slope + (sourceFactor.offset - targetFactor.offset) / targetFactor.slope;
 }
 

@@ -16,8 +16,10 @@
 /// by a density in kilograms for each litre; one that is not a number from 0.000001 to 1000000 counts as 1,
 /// that of water, and is reported once for each pair.
 ///
-/// The factors are those of UDUNITS-2. Without its database, which the log then tells, every value is shown
-/// in the unit that it is stored in, and no conversion changes any value.
+/// The factors are those of UDUNITS-2. Without its database, or for units that it does not know, which the
+/// log then tells, the display unit is the one in which a value is stored, and ConvertUnit() changes no
+/// value. So whoever offers the operator other units asks CanConvert() first: else the same number would
+/// stand there with another unit behind it.
 class UTILITYLIB_EXPORT TUnits
 {
 public:
@@ -57,6 +59,11 @@ public:
 
     /// A value of the display unit as it is stored.
     static double GetValueInDefaultUnit(double value, EUnitsType type, EUnitsContext context, double density);
+
+    /// True if ConvertUnit() leads from one unit to the other: they are the same, or both measure the same
+    /// quantity or are bridged by density, and the database knows both. A type means its default unit. False
+    /// if one of them alone is no unit: a bare number is neither metres nor feet. Nothing is reported.
+    static bool CanConvert(EUnitsType from, EUnitsType to);
 
     /// A value of the unit \a from in the unit \a to; a type among them means its default unit. Converted
     /// back, a value has changed by no more than the last bits of a double, and of the temperature of 0
