@@ -5,6 +5,7 @@
 #include "TestScreen.h"
 #include "TFinger.h"
 
+#include <QLineEdit>
 #include <QPointer>
 #include <QSignalSpy>
 
@@ -40,6 +41,7 @@ private Q_SLOTS:
     void standsInTheGrid();
     void takesSeveralColumns();
     void clicksWithItsId();
+    void leavesTheFocusWithTheText();
     void aPreparedFaceIsTheOneThatIsPainted_data();
     void aPreparedFaceIsTheOneThatIsPainted();
     void aPreparedFaceIsForgottenWithItsSizeAndLook();
@@ -146,6 +148,19 @@ void TKeyTest::clicksWithItsId()
     QCOMPARE(clicks.count(), 1);
     QCOMPARE(clicks.first().first().toInt(), 7);
     delete key;
+}
+
+void TKeyTest::leavesTheFocusWithTheText()
+{
+    TTestScreen const screen;
+    TFinger finger(screen.get());
+    auto* const text = new QLineEdit(screen.get());
+    text->show();
+    text->setFocus();
+    TKey* const key = MakeKey(screen.get(), QLatin1Char('a'));
+    key->move(300, 300);
+    finger.Touch(key);
+    QCOMPARE(screen->focusWidget(), text);
 }
 
 void TKeyTest::aPreparedFaceIsTheOneThatIsPainted_data()

@@ -34,6 +34,8 @@ TKey::TKey(QWidget* parent, QChar const& character, QString const& iconName, boo
     : TPushButton(parent, id, QString())
     , m_LargeFont(large)
 {
+    // What is typed goes to where the focus is.
+    setFocusPolicy(Qt::NoFocus);
     SetRowsAndColumns(rows, columns);
     SetFontProperties(regularButtonTextColor, large ? LargeFontSize : SmallFontSize, true, false, false,
                       Qt::AlignCenter, false);

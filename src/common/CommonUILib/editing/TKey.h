@@ -12,7 +12,8 @@
 ///
 /// A key that was given the ground it lies on is opaque, and shows the characters that were prepared for it
 /// from pictures made beforehand: so that a whole keyboard changes its letters without laying out, scaling or
-/// blending anything. It works without as well, as a plain button.
+/// blending anything. It works without as well, as a plain button. A press leaves the focus with the text
+/// that is being typed.
 class COMMONUILIB_EXPORT TKey : public TPushButton
 {
     Q_OBJECT
