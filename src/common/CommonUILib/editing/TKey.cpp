@@ -205,10 +205,13 @@ void TKey::SetText(QString text, QString objectName, bool enable, QString second
     bool const isLaidOut = text.size() == 1 && GetText().size() == 1 && !enable && objectName.isEmpty() &&
                            !useSecondLine && !m_HasSecondLine;
     m_HasSecondLine = useSecondLine;
-    if (isLaidOut && GetFirstLineRect().isValid())
-        QAbstractButton::setText(text);
-    else
+    if (!isLaidOut || !GetFirstLineRect().isValid())
+    {
         TPushButton::SetText(text, objectName, enable, secondLine, useSecondLine);
+        return;
+    }
+    QAbstractButton& withoutLayout = *this;
+    withoutLayout.setText(text);
 }
 
 void TKey::SetCharacter(QChar character)
