@@ -240,6 +240,42 @@ private Q_SLOTS:
             QVERIFY2(!Ink(drawn.copy(0, top, 100, line)).isEmpty(), qPrintable(QString::number(top)));
     }
 
+    void textOfTheMeasuredWidthIsNotElided()
+    {
+        QRandomGenerator random(17);
+        TOptions elide;
+        elide.wrap = elide.shrink = false;
+        for (int i = 0; i < 40; ++i)
+        {
+            QString const text = RandomText(random);
+            int const width = RenderUtils::GetTextWidth(text, FontOfSize(FontSize));
+            int const height = LineHeight(FontSize);
+            QImage const fitted = Inside(text, {width, height}, Qt::AlignLeft, elide);
+            QImage const roomy = Inside(text, {2 * width, height}, Qt::AlignLeft, elide);
+            QVERIFY2(fitted == roomy.copy(0, 0, width, height), qPrintable(text));
+            QImage const tight = Inside(text, {width - 1, height}, Qt::AlignLeft, elide);
+            QVERIFY2(tight != roomy.copy(0, 0, width - 1, height), qPrintable(text));
+        }
+    }
+
+    void measuredWidthIsThatOfWhatIsDrawn()
+    {
+        QFont const font = FontOfSize(FontSize);
+        QCOMPARE(RenderUtils::GetTextWidth(QString(), font), 0);
+        int const two = RenderUtils::GetTextWidth(QStringLiteral("ab"), font);
+        QVERIFY(qAbs(two - Width(QStringLiteral("ab"), FontSize)) <= 1);
+        QCOMPARE(RenderUtils::GetTextWidth(QStringLiteral("a\x01\x1f"
+                                                          "b"),
+                                           font),
+                 two);
+        QCOMPARE(RenderUtils::GetTextWidth(QStringLiteral("a\nb\tc"), font),
+                 RenderUtils::GetTextWidth(QStringLiteral("a b c"), font));
+        // Beyond any screen it is measured no more.
+        QVERIFY(RenderUtils::GetTextWidth(QString(100000, QLatin1Char('i')), font) > 4096);
+        QCOMPARE(RenderUtils::GetTextWidth(QString(100000, QLatin1Char('i')), font),
+                 RenderUtils::GetTextWidth(QString(200000, QLatin1Char('i')), font));
+    }
+
     void textThatIsTooHighShrinksByOneUntilItFits()
     {
         QRandomGenerator random(5);

@@ -6,9 +6,11 @@
 #include "TTextPicture.h"
 
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QPainter>
 
 #include <climits>
+#include <cmath>
 #include <memory>
 
 namespace KVN
@@ -238,6 +240,13 @@ int RenderUtils::GetTextHeight(QString const& text, QFont const& font, int width
     int const height = qMax(1, lines->Count()) * lines->LineHeight();
     heights.Insert(key, height, TextBytes(text));
     return height;
+}
+
+int RenderUtils::GetTextWidth(QString const& text, QFont const& font)
+{
+    QString const cut = TTextLines::Cut(text, TTextLines::LongestVisible(TTextPicture::LargestSide));
+    QString const drawable = TTextLines::Drawable(cut, TTextLines::SINGLE_LINE);
+    return int(std::ceil(QFontMetricsF(font).horizontalAdvance(drawable)));
 }
 
 void RenderUtils::RenderText(QPainter* painter, QRect const& rect, int flags, QTextOption::WrapMode wrap,

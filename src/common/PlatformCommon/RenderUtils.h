@@ -30,6 +30,10 @@ public:
     /// As above; with \a wrap false the lines are those that the text itself ends.
     static int GetTextHeight(QString const& text, QFont const& font, int width, bool wrap);
 
+    /// Width in pixels of \a text in a single line of \a font, rounded up: a rectangle of that width holds it
+    /// without an ellipsis. Of a text that is longer than any screen is wide, that of its beginning.
+    static int GetTextWidth(QString const& text, QFont const& font);
+
     /// Draws \a text inside \a rect in \a font at pixel size \a size, aligned by \a flags (Qt::Alignment).
     /// It neither shrinks nor ends in an ellipsis: what does not fit is cut at the rectangle, from its first
     /// line on. \a wrap breaks it as GetTextHeight() counts the lines, in whatever mode but
