@@ -386,6 +386,7 @@ void TArtTest::statesDifferInAGreyCopy_data()
         {QStringLiteral("miniWindow-tab-on"), QStringLiteral("miniWindow-tab-off-selected")},
         {QStringLiteral("WindowToolbarButtonSelected"),
          QStringLiteral("WindowToolbarButtonHighlightSelected")},
+        {QStringLiteral("ListItem"), QStringLiteral("list-interactive-entry-selected")},
     };
     for (TImageRow const& row : qAsConst(m_Catalogue.m_Images))
     {
