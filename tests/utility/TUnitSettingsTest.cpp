@@ -5,6 +5,8 @@
 #include <QLocale>
 #include <QSignalSpy>
 
+#include <limits>
+
 class TUnitSettingsTest : public QObject
 {
     Q_OBJECT
@@ -19,6 +21,7 @@ private Q_SLOTS:
     void eachChoiceMakesADifference();
     void numbersThatDoNotExistCountAsZero_data();
     void numbersThatDoNotExistCountAsZero();
+    void choicesThatDoNotExistCountAsZeroToo();
 };
 
 void TUnitSettingsTest::operatorStartsMetric()
@@ -95,6 +98,22 @@ void TUnitSettingsTest::numbersThatDoNotExistCountAsZero()
     TUnitChoices const choices = TUnitChoices::FromNumbers('.', system, dateFormat, true);
     QCOMPARE(choices.system, UNIT_SYSTEM_METRIC);
     QCOMPARE(choices.dateFormat, DATE_FORMAT_DAY_MONTH_YEAR);
+}
+
+void TUnitSettingsTest::choicesThatDoNotExistCountAsZeroToo()
+{
+    TUnitChoices odd;
+    odd.decimalPoint = QLatin1Char(',');
+    odd.system = EUnitSystem(7);
+    odd.dateFormat = EDateFormat(200);
+    TUnitSettings::Instance()->SetChoices(odd);
+    QVERIFY(TUnitSettings::Instance()->Choices() == TUnitChoices::FromNumbers(',', 0, 0, true));
+    QCOMPARE(TUnits::GetValueStringInContext(10.0, UNIT_TYPE_SPEED, UNITS_CONTEXT_GENERAL, 1, nullptr, 1.0),
+             QString("36,0 km/h"));
+    QCOMPARE(TUnits::GetValueString(2460311.0, UNIT_DATE, 0, nullptr, 1.0), QString("01/01/2024"));
+    QSignalSpy const told(TUnitSettings::Instance(), &TUnitSettings::Changed);
+    TUnitSettings::Instance()->SetChoices(odd);
+    QCOMPARE(told.count(), 0);
 }
 
 COMMONUI_TEST(TUnitSettingsTest)

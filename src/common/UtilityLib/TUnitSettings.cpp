@@ -29,8 +29,11 @@ TUnitChoices TUnitSettings::Choices() const
 
 void TUnitSettings::SetChoices(TUnitChoices const& choices)
 {
-    if (choices == Choices())
+    // Tables are read by these, and whoever fills the record in by hand may write any number.
+    TUnitChoices const usable = TUnitChoices::FromNumbers(choices.decimalPoint, choices.system,
+                                                          choices.dateFormat, choices.is24HourClock);
+    if (usable == Choices())
         return;
-    ChoicesInForce().store(choices);
+    ChoicesInForce().store(usable);
     Q_EMIT Changed();
 }

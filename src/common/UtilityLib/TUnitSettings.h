@@ -67,7 +67,7 @@ public:
     /// The choices in force. Callable from any thread.
     TUnitChoices Choices() const;
 
-    /// Puts \a choices in force. GUI thread only.
+    /// Puts \a choices in force, those that do not exist as 0. GUI thread only.
     void SetChoices(TUnitChoices const& choices);
 
 Q_SIGNALS:
