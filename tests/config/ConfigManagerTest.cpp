@@ -5,6 +5,8 @@
 #include "TUnits.h"
 #include "TUnitSettings.h"
 
+#include <QLocale>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -26,6 +28,7 @@ private Q_SLOTS:
     void storeInTheBackgroundChangesNoUnits();
     void otherSettingsLeaveTheUnitsInPeace();
     void forgottenUnitSettingIsTheDefaultAgain();
+    void emptyLocaleIsThatOfTheSystem();
 };
 
 void ConfigManagerTest::thereIsAlwaysAStore()
@@ -192,6 +195,19 @@ void ConfigManagerTest::forgottenUnitSettingIsTheDefaultAgain()
     settings.Write(CONFIG_UNIT_SYSTEM, 77, true);
     QCOMPARE(Speed(), QString("36.0 km/h"));
     settings.Write(CONFIG_LOCALE, QStringLiteral("nonsense"), true);
+    QCOMPARE(Speed(), QString("36.0 km/h"));
+}
+
+void ConfigManagerTest::emptyLocaleIsThatOfTheSystem()
+{
+    QLocale const before;
+    QLocale::setDefault(QLocale(QLocale::German));
+    auto const restore = qScopeGuard([&before] { QLocale::setDefault(before); });
+    TTestConfig settings;
+    QCOMPARE(Speed(), QString("36.0 km/h"));
+    settings.Write(CONFIG_LOCALE, QStringLiteral("de_DE"), true);
+    QCOMPARE(Speed(), QString("36,0 km/h"));
+    settings.Write(CONFIG_LOCALE, QString(), true);
     QCOMPARE(Speed(), QString("36.0 km/h"));
 }
 

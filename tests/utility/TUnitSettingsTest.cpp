@@ -30,7 +30,7 @@ void TUnitSettingsTest::operatorStartsMetric()
     QCOMPARE(choices.system, UNIT_SYSTEM_METRIC);
     QCOMPARE(choices.dateFormat, DATE_FORMAT_DAY_MONTH_YEAR);
     QVERIFY(choices.is24HourClock);
-    QCOMPARE(choices.decimalPoint, QLocale().decimalPoint());
+    QCOMPARE(choices.decimalPoint, QLocale::system().decimalPoint());
 }
 
 void TUnitSettingsTest::newChoiceIsToldOnceAndAlreadyInForce()

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void decimalCommaOfTheLocaleDoesNotReachTheDatabase();
     void datesHaveTheDigitsOfNumbersInEveryLanguage_data();
     void datesHaveTheDigitsOfNumbersInEveryLanguage();
+    void separatorIsThatOfTheSystem_data();
+    void separatorIsThatOfTheSystem();
     void unreadableDatabaseShowsWhatIsStored_data();
     void unreadableDatabaseShowsWhatIsStored();
     void unitsThatTheDatabaseLacksAreShownAsStored();
@@ -112,6 +114,27 @@ void TUnitsDatabaseTest::datesHaveTheDigitsOfNumbersInEveryLanguage()
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("LC_ALL", locale);
     QCOMPARE(Probe("date", environment).lines, (QStringList{"01/01/2024", "13:30"}));
+}
+
+void TUnitsDatabaseTest::separatorIsThatOfTheSystem_data()
+{
+    QTest::addColumn<QString>("locale");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("none") << "C"
+                          << "12.5";
+    QTest::newRow("English") << "en_US.UTF-8"
+                             << "12.5";
+    QTest::newRow("French") << "fr_FR.UTF-8"
+                            << "12,5";
+}
+
+void TUnitsDatabaseTest::separatorIsThatOfTheSystem()
+{
+    QFETCH(QString, locale);
+    QFETCH(QString, text);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LC_ALL", locale);
+    QCOMPARE(Probe("separator", environment).lines, QStringList{text});
 }
 
 void TUnitsDatabaseTest::unreadableDatabaseShowsWhatIsStored_data()

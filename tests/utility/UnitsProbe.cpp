@@ -1,15 +1,17 @@
-// Usage: units-probe values|date|weight
+// Usage: units-probe values|date|weight|separator
 // A process of its own for what a test cannot do to itself: to read the units database, or none, under
-// another environment. The operator has chosen US units; the operator's log goes to the standard output.
-//  values  prints what is shown of a few values, and which of their units can be converted
-//  date    prints a date and a time of day
-//  weight  prints what is shown of a volume that is bought by weight, and of a mass that is read as volume
+// another environment. The operator's log goes to the standard output.
+//  values     prints what is shown of a few values in US units, and which of their units can be converted
+//  date       prints a date and a time of day
+//  weight     prints what US units show of a volume that is bought by weight and of a mass read as volume
+//  separator  prints a number before the operator has chosen anything, in a program that is otherwise German
 
 #include "TUnits.h"
 #include "TUnitSettings.h"
 #include "UserLog.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 #include <cstdio>
 
@@ -29,8 +31,15 @@ void PrintShown(double value, EUnitsType type)
     std::printf("%s %.12g\n", qPrintable(text), stored);
 }
 
+void ChooseUsUnits()
+{
+    TUnitSettings::Instance()->SetChoices(
+        TUnitChoices::FromNumbers(QLatin1Char('.'), UNIT_SYSTEM_US, 0, true));
+}
+
 void PrintValues()
 {
+    ChooseUsUnits();
     PrintShown(12.5, UNIT_TYPE_LENGTH);
     PrintShown(20.0, UNIT_TYPE_TEMPERATURE);
     PrintShown(2.0, UNIT_TYPE_SEED_RATE);
@@ -42,6 +51,7 @@ void PrintValues()
 void PrintWeight()
 {
     constexpr double DENSITY = 1.28;
+    ChooseUsUnits();
     for (EUnitsType const type : {UNIT_TYPE_VOLUME, UNIT_TYPE_MASS})
     {
         EUnitsContext const context = type == UNIT_TYPE_VOLUME ? UNITS_CONTEXT_WEIGHED : UNITS_CONTEXT_GRAIN;
@@ -59,13 +69,20 @@ void PrintDate()
     std::printf("%s\n%s\n", date.toUtf8().constData(), time.toUtf8().constData());
 }
 
+void PrintSeparator()
+{
+    QLocale::setDefault(QLocale(QLocale::German));
+    std::printf("%s\n", qPrintable(TUnits::GetValueString(12.5, QString(), 1, nullptr)));
+}
+
 struct TTask
 {
     char const* name;
     void (*run)();
 };
 
-constexpr TTask TASKS[] = {{"values", PrintValues}, {"date", PrintDate}, {"weight", PrintWeight}};
+constexpr TTask TASKS[] = {
+    {"values", PrintValues}, {"date", PrintDate}, {"weight", PrintWeight}, {"separator", PrintSeparator}};
 } // namespace
 
 // QCoreApplication takes over the locale of the environment, as the console's application does.
@@ -73,8 +90,6 @@ int main(int argc, char** argv)
 {
     QCoreApplication const application(argc, argv);
     SetUserLog(std::make_shared<TPrintedLog>());
-    TUnitSettings::Instance()->SetChoices(
-        TUnitChoices::FromNumbers(QLatin1Char('.'), UNIT_SYSTEM_US, 0, true));
     for (TTask const& task : TASKS)
     {
         if (argc == 2 && QByteArray(argv[1]) == task.name)

@@ -38,9 +38,10 @@ bool IsOfUnits(int id)
 void HandOverUnitChoices(ConfigManager const& store)
 {
     QString const locale = store.Read(CONFIG_LOCALE).toString();
-    QChar const decimalPoint = (locale.isEmpty() ? QLocale() : QLocale(locale)).decimalPoint();
+    // Not the default locale, which a host may change behind the store's back.
+    QLocale const chosen = locale.isEmpty() ? QLocale::system() : QLocale(locale);
     TUnitSettings::Instance()->SetChoices(TUnitChoices::FromNumbers(
-        decimalPoint, store.Read(CONFIG_UNIT_SYSTEM).toInt(), store.Read(CONFIG_DATE_FORMAT).toInt(),
+        chosen.decimalPoint(), store.Read(CONFIG_UNIT_SYSTEM).toInt(), store.Read(CONFIG_DATE_FORMAT).toInt(),
         store.Read(CONFIG_24_HOUR_CLOCK).toBool()));
 }
 } // namespace

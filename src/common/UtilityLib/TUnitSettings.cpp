@@ -11,7 +11,7 @@ static_assert(std::atomic<TUnitChoices>::is_always_lock_free);
 std::atomic<TUnitChoices>& ChoicesInForce()
 {
     static std::atomic<TUnitChoices> choices(TUnitChoices::FromNumbers(
-        QLocale().decimalPoint(), UNIT_SYSTEM_METRIC, DATE_FORMAT_DAY_MONTH_YEAR, true));
+        QLocale::system().decimalPoint(), UNIT_SYSTEM_METRIC, DATE_FORMAT_DAY_MONTH_YEAR, true));
     return choices;
 }
 } // namespace

@@ -53,7 +53,7 @@ struct alignas(8) TUnitChoices
 
 /// The operator's choices that TUnits goes by. The store of settings hands them over whenever one of them is
 /// written or the store is replaced; nobody else needs to. Until then they are the metric ones, with the
-/// decimal separator of the default locale.
+/// decimal separator of the system's locale.
 ///
 /// Whatever shows a value connects Changed() to its refresh.
 class UTILITYLIB_EXPORT TUnitSettings : public QObject
