@@ -17,6 +17,7 @@ private Q_SLOTS:
     void datesHaveTheDigitsOfNumbersInEveryLanguage();
     void separatorIsThatOfTheSystem_data();
     void separatorIsThatOfTheSystem();
+    void severalThreadsMayBeTheFirst();
     void unreadableDatabaseShowsWhatIsStored_data();
     void unreadableDatabaseShowsWhatIsStored();
     void unitsThatTheDatabaseLacksAreShownAsStored();
@@ -135,6 +136,20 @@ void TUnitsDatabaseTest::separatorIsThatOfTheSystem()
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("LC_ALL", locale);
     QCOMPARE(Probe("separator", environment).lines, QStringList{text});
+}
+
+void TUnitsDatabaseTest::severalThreadsMayBeTheFirst()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    TRun const run = Probe("threads", environment);
+    QCOMPARE(run.lines.filter("41.0 ft").size(), 8);
+    QCOMPARE(run.lines.mid(8), QStringList{"1"});
+    QCOMPARE(run.errors, QByteArray());
+    environment.insert("UDUNITS2_XML_PATH", m_Folder.filePath("missing.xml"));
+    TRun const without = Probe("threads", environment);
+    QCOMPARE(without.lines.filter("log: ").size(), 1);
+    QCOMPARE(without.lines.filter("12.5 ft").size(), 8);
+    QCOMPARE(without.lines.size(), 10);
 }
 
 void TUnitsDatabaseTest::unreadableDatabaseShowsWhatIsStored_data()

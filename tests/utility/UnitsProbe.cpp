@@ -1,10 +1,12 @@
-// Usage: units-probe values|date|weight|separator
+// Usage: units-probe values|date|weight|separator|threads
 // A process of its own for what a test cannot do to itself: to read the units database, or none, under
 // another environment. The operator's log goes to the standard output.
 //  values     prints what is shown of a few values in US units, and which of their units can be converted
 //  date       prints a date and a time of day
 //  weight     prints what US units show of a volume that is bought by weight and of a mass read as volume
 //  separator  prints a number before the operator has chosen anything, in a program that is otherwise German
+//  threads    lets several threads be the first at once to convert a value, prints what each has got and
+//             whether the settings live in the main thread
 
 #include "TUnits.h"
 #include "TUnitSettings.h"
@@ -12,8 +14,12 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <QThread>
 
+#include <atomic>
 #include <cstdio>
+#include <memory>
+#include <vector>
 
 namespace
 {
@@ -75,14 +81,43 @@ void PrintSeparator()
     std::printf("%s\n", qPrintable(TUnits::GetValueString(12.5, QString(), 1, nullptr)));
 }
 
+void PrintFromThreads()
+{
+    constexpr int THREADS = 8;
+    std::atomic<int> waiting{THREADS};
+    std::vector<QString> texts(THREADS);
+    std::vector<std::unique_ptr<QThread>> threads;
+    for (QString& text : texts)
+    {
+        threads.emplace_back(QThread::create(
+            [&waiting, &text]
+            {
+                --waiting;
+                while (waiting > 0)
+                    QThread::yieldCurrentThread();
+                double const feet = TUnits::ConvertUnit(12.5, UNIT_METRE, UNIT_FOOT, 1.0);
+                text = TUnits::GetValueString(feet, UNIT_FOOT, 1, nullptr, 1.0);
+            }));
+        threads.back()->start();
+    }
+    for (auto const& thread : threads)
+        thread->wait();
+    for (QString const& text : texts)
+        std::printf("%s\n", qPrintable(text));
+    std::printf("%d\n", TUnitSettings::Instance()->thread() == QThread::currentThread());
+}
+
 struct TTask
 {
     char const* name;
     void (*run)();
 };
 
-constexpr TTask TASKS[] = {
-    {"values", PrintValues}, {"date", PrintDate}, {"weight", PrintWeight}, {"separator", PrintSeparator}};
+constexpr TTask TASKS[] = {{"values", PrintValues},
+                           {"date", PrintDate},
+                           {"weight", PrintWeight},
+                           {"separator", PrintSeparator},
+                           {"threads", PrintFromThreads}};
 } // namespace
 
 // QCoreApplication takes over the locale of the environment, as the console's application does.

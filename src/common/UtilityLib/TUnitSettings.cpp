@@ -1,5 +1,6 @@
 #include "TUnitSettings.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 
 #include <atomic>
@@ -18,7 +19,14 @@ std::atomic<TUnitChoices>& ChoicesInForce()
 
 TUnitSettings* TUnitSettings::Instance()
 {
-    static auto* const instance = new TUnitSettings;
+    static auto* const instance = []
+    {
+        auto* const made = new TUnitSettings;
+        // The first value may be written by a thread that ends before the object is needed again.
+        if (QCoreApplication::instance() != nullptr)
+            made->moveToThread(QCoreApplication::instance()->thread());
+        return made;
+    }();
     return instance;
 }
 

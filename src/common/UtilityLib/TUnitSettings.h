@@ -61,7 +61,8 @@ class UTILITYLIB_EXPORT TUnitSettings : public QObject
     Q_OBJECT
 
 public:
-    /// The one object of the process; never null, never deleted.
+    /// The one object of the process; never null, never deleted. It lives in the GUI thread, whoever asks
+    /// first.
     static TUnitSettings* Instance();
 
     /// The choices in force. Callable from any thread.
