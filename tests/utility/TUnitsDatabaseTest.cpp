@@ -20,6 +20,7 @@ private Q_SLOTS:
     void severalThreadsMayBeTheFirst();
     void unreadableDatabaseShowsWhatIsStored_data();
     void unreadableDatabaseShowsWhatIsStored();
+    void faultsOfOthersAreNoneOfTheDatabase();
     void unitsThatTheDatabaseLacksAreShownAsStored();
     void weightOfAnUnknownVolumeIsShownAsStored_data();
     void weightOfAnUnknownVolumeIsShownAsStored();
@@ -173,9 +174,24 @@ void TUnitsDatabaseTest::unreadableDatabaseShowsWhatIsStored()
             "log: The units database cannot be read, so values stay in the units that they are stored in: "),
         qPrintable(run.lines.constFirst()));
     QVERIFY2(run.lines.constFirst().contains(path), qPrintable(run.lines.constFirst()));
+    QVERIFY2(run.lines.constFirst().endsWith(", 1.0 m"), qPrintable(run.lines.constFirst()));
     QCOMPARE(run.lines.mid(1), STORED_VALUES);
     QCOMPARE(run.errors, QByteArray());
     QCOMPARE(run.exitCode, 0);
+}
+
+void TUnitsDatabaseTest::faultsOfOthersAreNoneOfTheDatabase()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    TRun const run = Probe("shared", environment);
+    QCOMPARE(run.lines, US_VALUES);
+    QCOMPARE(run.errors, QByteArray());
+    QCOMPARE(run.exitCode, 0);
+    environment.insert("UDUNITS2_XML_PATH", m_Folder.filePath("missing.xml"));
+    TRun const without = Probe("shared", environment);
+    QCOMPARE(without.lines.mid(1), STORED_VALUES);
+    QVERIFY(without.lines.filter("elsewhere").isEmpty());
+    QCOMPARE(without.exitCode, 0);
 }
 
 void TUnitsDatabaseTest::unitsThatTheDatabaseLacksAreShownAsStored()

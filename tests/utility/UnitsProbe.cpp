@@ -1,10 +1,11 @@
-// Usage: units-probe values|date|weight|separator|threads
+// Usage: units-probe values|date|weight|separator|shared|threads
 // A process of its own for what a test cannot do to itself: to read the units database, or none, under
-// another environment. The operator's log goes to the standard output.
+// another environment. The operator's log goes to the standard output and has a value in each line.
 //  values     prints what is shown of a few values in US units, and which of their units can be converted
 //  date       prints a date and a time of day
 //  weight     prints what US units show of a volume that is bought by weight and of a mass read as volume
 //  separator  prints a number before the operator has chosen anything, in a program that is otherwise German
+//  shared     as values, in a program that uses UDUNITS-2 too and fails while the database is read, and later
 //  threads    lets several threads be the first at once to convert a value, prints what each has got and
 //             whether the settings live in the main thread
 
@@ -17,8 +18,11 @@
 #include <QThread>
 
 #include <atomic>
+#include <cstdarg>
 #include <cstdio>
+#include <dlfcn.h>
 #include <memory>
+#include <udunits2.h>
 #include <vector>
 
 namespace
@@ -26,7 +30,12 @@ namespace
 class TPrintedLog : public IUserLogAccessor
 {
 public:
-    void AddEntry(QString const& text) override { std::printf("log: %s\n", qPrintable(text)); }
+    void AddEntry(QString const& text) override
+    {
+        QString const way =
+            TUnits::GetValueStringInContext(1.0, UNIT_TYPE_LENGTH, UNITS_CONTEXT_GENERAL, 1, nullptr, 1.0);
+        std::printf("log: %s, %s\n", qPrintable(text), qPrintable(way));
+    }
 };
 
 void PrintShown(double value, EUnitsType type)
@@ -81,6 +90,24 @@ void PrintSeparator()
     std::printf("%s\n", qPrintable(TUnits::GetValueString(12.5, QString(), 1, nullptr)));
 }
 
+bool isSharing = false;
+ut_error_message_handler handlerOfTheDatabase = nullptr;
+
+void Fail(ut_error_message_handler handler, char const* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    handler(format, arguments);
+    va_end(arguments);
+}
+
+void PrintWhileOthersFail()
+{
+    isSharing = true;
+    PrintValues();
+    Fail(handlerOfTheDatabase, "failed %s", "later");
+}
+
 void PrintFromThreads()
 {
     constexpr int THREADS = 8;
@@ -113,12 +140,27 @@ struct TTask
     void (*run)();
 };
 
-constexpr TTask TASKS[] = {{"values", PrintValues},
-                           {"date", PrintDate},
-                           {"weight", PrintWeight},
-                           {"separator", PrintSeparator},
-                           {"threads", PrintFromThreads}};
+constexpr TTask TASKS[] = {{"values", PrintValues},          {"date", PrintDate},
+                           {"weight", PrintWeight},          {"separator", PrintSeparator},
+                           {"shared", PrintWhileOthersFail}, {"threads", PrintFromThreads}};
 } // namespace
+
+// Comes before that of the library.
+extern "C" Q_DECL_EXPORT ut_system* ut_read_xml(char const* path)
+{
+    if (isSharing)
+    {
+        handlerOfTheDatabase = ut_set_error_message_handler(ut_ignore);
+        ut_set_error_message_handler(handlerOfTheDatabase);
+        std::unique_ptr<QThread> const other(
+            QThread::create([] { Fail(handlerOfTheDatabase, "failed %s", "elsewhere"); }));
+        other->start();
+        other->wait();
+    }
+    using TRead = ut_system* (*)(char const*);
+    static auto const read = reinterpret_cast<TRead>(dlsym(RTLD_NEXT, "ut_read_xml"));
+    return read(path);
+}
 
 // QCoreApplication takes over the locale of the environment, as the console's application does.
 int main(int argc, char** argv)

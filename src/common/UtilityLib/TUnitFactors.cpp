@@ -9,6 +9,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <locale.h>
+#include <memory>
 #include <udunits2.h>
 
 namespace
@@ -78,18 +79,20 @@ private:
     {
         char text[MAX_MESSAGE_BYTES] = "";
         int const length = std::vsnprintf(text, sizeof text, format, arguments);
-        *s_Messages += QString::fromLocal8Bit(text).trimmed();
+        if (s_Messages != nullptr)
+            *s_Messages += QString::fromLocal8Bit(text).trimmed();
         return length;
     }
 
-    // The handler gets no argument of its own; the one reader of the database is the one writer here.
-    static QStringList* s_Messages;
+    // The handler gets no argument of its own, and is that of all threads: others that use the library may
+    // fail while it is in force, or keep it for longer.
+    static thread_local QStringList* s_Messages;
 
     QStringList m_Messages;
     ut_error_message_handler m_Before;
 };
 
-QStringList* TMessages::s_Messages = nullptr;
+thread_local QStringList* TMessages::s_Messages = nullptr;
 
 TUnitPtr Parse(ut_system* system, EUnitsType unit)
 {
@@ -122,8 +125,17 @@ void AddItem(ut_system* system)
 
 TUnitFactors const& TUnitFactors::Instance()
 {
-    static TUnitFactors const factors;
-    return factors;
+    // Never destroyed: threads may convert values while the program ends.
+    static auto* const factors = new TUnitFactors;
+    factors->ReportFaults();
+    return *factors;
+}
+
+// The log may itself show values, so nothing goes there while the factors are still in the making.
+void TUnitFactors::ReportFaults()
+{
+    if (!m_Faults.isEmpty() && !m_AreFaultsReported.exchange(true))
+        GetUserLog()->AddEntry(m_Faults);
 }
 
 TUnitFactors::TUnitFactors()
@@ -133,10 +145,9 @@ TUnitFactors::TUnitFactors()
     TSystemPtr const system(ut_read_xml(nullptr));
     if (!system)
     {
-        GetUserLog()->AddEntry(
-            QStringLiteral("The units database cannot be read, so values stay in the units "
-                           "that they are stored in: %1")
-                .arg(messages.Text()));
+        m_Faults = QStringLiteral("The units database cannot be read, so values stay in the units "
+                                  "that they are stored in: %1")
+                       .arg(messages.Text());
         return;
     }
     AddItem(system.get());
@@ -151,6 +162,6 @@ TUnitFactors::TUnitFactors()
             missing += QString::fromUtf8(UnitRow(unit).expression);
     }
     if (!missing.isEmpty())
-        GetUserLog()->AddEntry(QStringLiteral("The units database does not know: %1 (%2)")
-                                   .arg(missing.join(QStringLiteral(", ")), messages.Text()));
+        m_Faults = QStringLiteral("The units database does not know: %1 (%2)")
+                       .arg(missing.join(QStringLiteral(", ")), messages.Text());
 }
