@@ -63,6 +63,7 @@ private Q_SLOTS:
     void defaultPrecisionIsThatOfTheShownUnit();
     void dynamicPrecisionFollowsTheRoundedValue_data();
     void dynamicPrecisionFollowsTheRoundedValue();
+    void dynamicPrecisionChangesWhereTheRoundedTextDoes();
     void smallValuesHaveTheDecimalsOfTheThreshold();
     void dateStandsInTheOperatorsFormat_data();
     void dateStandsInTheOperatorsFormat();
@@ -324,6 +325,22 @@ void TUnitsTextTest::dynamicPrecisionFollowsTheRoundedValue()
     QCOMPARE(Bare(value, TUnits::DYNAMIC_PRECISION), text);
     int const decimals = text.contains('.') ? text.size() - text.indexOf('.') - 1 : 0;
     QCOMPARE(TUnits::GetDynamicPrecision(value), decimals);
+}
+
+void TUnitsTextTest::dynamicPrecisionChangesWhereTheRoundedTextDoes()
+{
+    double limit = 1.0;
+    for (int decimals = 3; decimals > 0; --decimals, limit *= 10.0)
+    {
+        double value = limit - 0.5 * std::pow(10.0, -decimals);
+        for (int i = 0; i < 4; ++i)
+            value = std::nextafter(value, 0.0);
+        for (int i = 0; i < 9; ++i, value = std::nextafter(value, limit))
+        {
+            bool const isBelow = QString::number(value, 'f', decimals).toDouble() < limit;
+            QCOMPARE(TUnits::GetDynamicPrecision(value), isBelow ? decimals : decimals - 1);
+        }
+    }
 }
 
 void TUnitsTextTest::smallValuesHaveTheDecimalsOfTheThreshold()

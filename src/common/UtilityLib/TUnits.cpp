@@ -29,8 +29,9 @@ struct TDynamicPrecision
     int decimals;
 };
 
-// Half of a last digit less than 1, 10 and 100: what rounds to these has one decimal less.
-constexpr TDynamicPrecision DYNAMIC_PRECISIONS[] = {{0.9995, 3}, {9.995, 2}, {99.95, 1}};
+// Half of a last digit less than 1, 10 and 100: what rounds to these has one decimal less. The double that is
+// called 9.995 lies a little below and still rounds down, so its neighbour stands here.
+constexpr TDynamicPrecision DYNAMIC_PRECISIONS[] = {{0.9995, 3}, {9.995000000000001, 2}, {99.95, 1}};
 
 QLatin1String DateSuffix()
 {
