@@ -57,6 +57,8 @@ private Q_SLOTS:
     void valueIsShownInTheOperatorsUnit_data();
     void valueIsShownInTheOperatorsUnit();
     void valueAndUnitComeApart();
+    void partsAreThoseOfTheWholeText_data();
+    void partsAreThoseOfTheWholeText();
     void suffixStandsBehindTheValue_data();
     void suffixStandsBehindTheValue();
     void decimalsOutsideOfTheirRangeAreTheNearest();
@@ -65,6 +67,8 @@ private Q_SLOTS:
     void dynamicPrecisionFollowsTheRoundedValue();
     void dynamicPrecisionChangesWhereTheRoundedTextDoes();
     void smallValuesHaveTheDecimalsOfTheThreshold();
+    void decimalsOfTheThresholdGoBeforeAllOthers_data();
+    void decimalsOfTheThresholdGoBeforeAllOthers();
     void dateStandsInTheOperatorsFormat_data();
     void dateStandsInTheOperatorsFormat();
     void impossibleDateIsNoValue_data();
@@ -235,6 +239,49 @@ void TUnitsTextTest::valueAndUnitComeApart()
     QCOMPARE(bare.unit, QString(""));
 }
 
+void TUnitsTextTest::partsAreThoseOfTheWholeText_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<int>("context");
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("unit");
+    auto const row = [](char const* tag, double value, EUnitsType type, EUnitsContext context, int decimals,
+                        QString const& shown, QString const& unit)
+    { QTest::newRow(tag) << value << int(type) << int(context) << decimals << shown << unit; };
+    row("default decimals", 150.0, UNIT_TYPE_VOLUME_RATE, UNITS_CONTEXT_GENERAL, -1, "16.0", "gal/ac");
+    row("decimals of feet, not metres", 31.0, UNIT_TYPE_LENGTH, UNITS_CONTEXT_GENERAL, 100, "102", "ft");
+    row("less than of metres", 5.0, UNIT_TYPE_LENGTH, UNITS_CONTEXT_GENERAL, 100, "16.4", "ft");
+    row("more than of metres", 12.0, UNIT_TYPE_SPEED, UNITS_CONTEXT_WIND, 100, "26.8", "mph");
+    row("below the threshold", 0.1, UNIT_TYPE_LENGTH, UNITS_CONTEXT_GENERAL, 1, "0.3281", "ft");
+    row("below it in metres alone", 0.4, UNIT_TYPE_LENGTH, UNITS_CONTEXT_GENERAL, 1, "1.3", "ft");
+    row("density", 100.0, UNIT_TYPE_VOLUME_RATE, UNITS_CONTEXT_WEIGHED, 1, "55.1", "lb/ac");
+    row("date", 2460311.0, UNIT_DATE, UNITS_CONTEXT_GENERAL, 1, "01/01/2024", "");
+    row("time of day", 13.5, UNIT_TIME_OF_DAY, UNITS_CONTEXT_GENERAL, 1, "13:30", "");
+    row("not a number", NOT_A_NUMBER, UNIT_TYPE_SPEED, UNITS_CONTEXT_GENERAL, 1, "---", "mph");
+}
+
+void TUnitsTextTest::partsAreThoseOfTheWholeText()
+{
+    constexpr double AMMONIA = 0.618;
+    QFETCH(double, value);
+    QFETCH(int, type);
+    QFETCH(int, context);
+    QFETCH(int, decimals);
+    QFETCH(QString, shown);
+    QFETCH(QString, unit);
+    Choose('.', UNIT_SYSTEM_US);
+    TUnits::ThresholdSpec const spec{1.0, 4};
+    TUnits::TValueAndUnit const parts = TUnits::GetValueAndUnitStringInContext(
+        value, EUnitsType(type), EUnitsContext(context), decimals, &spec, AMMONIA);
+    QCOMPARE(parts.value, shown);
+    QCOMPARE(parts.unit, unit);
+    QCOMPARE(TUnits::GetValueStringInContext(value, EUnitsType(type), EUnitsContext(context), decimals, &spec,
+                                             AMMONIA),
+             (shown + ' ' + unit).trimmed());
+}
+
 void TUnitsTextTest::suffixStandsBehindTheValue_data()
 {
     QTest::addColumn<QString>("suffix");
@@ -357,6 +404,31 @@ void TUnitsTextTest::smallValuesHaveTheDecimalsOfTheThreshold()
     QCOMPARE(TUnits::GetValueString(1.5, QStringLiteral("x"), 0, &spec), QString("1.500 x"));
     TUnits::ThresholdSpec const never{NOT_A_NUMBER, 3};
     QCOMPARE(TUnits::GetValueString(1.5, QStringLiteral("x"), 1, &never), QString("1.5 x"));
+}
+
+void TUnitsTextTest::decimalsOfTheThresholdGoBeforeAllOthers_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("decimals");
+    QTest::addColumn<int>("small");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("below") << 1.5 << 1 << 3 << "1.500 m";
+    QTest::newRow("above") << 2.0 << 1 << 3 << "2.0 m";
+    QTest::newRow("below, else default") << 1.5 << -1 << 3 << "1.500 m";
+    QTest::newRow("above, default") << 2.5 << -1 << 3 << "2.50 m";
+    QTest::newRow("below, else dynamic") << 1.5 << 100 << 3 << "1.500 m";
+    QTest::newRow("above, dynamic") << 25.0 << 100 << 3 << "25.0 m";
+    QTest::newRow("below, default") << 1.5 << 0 << -1 << "1.50 m";
+    QTest::newRow("below, dynamic") << 0.25 << 0 << 100 << "0.250 m";
+}
+
+void TUnitsTextTest::decimalsOfTheThresholdGoBeforeAllOthers()
+{
+    QFETCH(double, value);
+    QFETCH(int, decimals);
+    QFETCH(int, small);
+    TUnits::ThresholdSpec const spec{2.0, small};
+    QTEST(TUnits::GetValueString(value, UNIT_METRE, decimals, &spec, 1.0), "text");
 }
 
 void TUnitsTextTest::dateStandsInTheOperatorsFormat_data()
