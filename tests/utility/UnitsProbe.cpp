@@ -21,7 +21,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <dlfcn.h>
-#include <memory>
+#include <thread>
 #include <udunits2.h>
 #include <vector>
 
@@ -113,22 +113,21 @@ void PrintFromThreads()
     constexpr int THREADS = 8;
     std::atomic<int> waiting{THREADS};
     std::vector<QString> texts(THREADS);
-    std::vector<std::unique_ptr<QThread>> threads;
+    std::vector<std::thread> threads;
     for (QString& text : texts)
     {
-        threads.emplace_back(QThread::create(
+        threads.emplace_back(
             [&waiting, &text]
             {
                 --waiting;
                 while (waiting > 0)
-                    QThread::yieldCurrentThread();
+                    std::this_thread::yield();
                 double const feet = TUnits::ConvertUnit(12.5, UNIT_METRE, UNIT_FOOT, 1.0);
                 text = TUnits::GetValueString(feet, UNIT_FOOT, 1, nullptr, 1.0);
-            }));
-        threads.back()->start();
+            });
     }
-    for (auto const& thread : threads)
-        thread->wait();
+    for (std::thread& thread : threads)
+        thread.join();
     for (QString const& text : texts)
         std::printf("%s\n", qPrintable(text));
     std::printf("%d\n", TUnitSettings::Instance()->thread() == QThread::currentThread());
@@ -152,10 +151,7 @@ extern "C" Q_DECL_EXPORT ut_system* ut_read_xml(char const* path)
     {
         handlerOfTheDatabase = ut_set_error_message_handler(ut_ignore);
         ut_set_error_message_handler(handlerOfTheDatabase);
-        std::unique_ptr<QThread> const other(
-            QThread::create([] { Fail(handlerOfTheDatabase, "failed %s", "elsewhere"); }));
-        other->start();
-        other->wait();
+        std::thread([] { Fail(handlerOfTheDatabase, "failed %s", "elsewhere"); }).join();
     }
     using TRead = ut_system* (*)(char const*);
     static auto const read = reinterpret_cast<TRead>(dlsym(RTLD_NEXT, "ut_read_xml"));
