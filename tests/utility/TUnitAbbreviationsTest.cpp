@@ -11,6 +11,7 @@ class TUnitAbbreviationsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void everyUnitIsWrittenAsTheOperatorKnowsIt();
     void everyUnitIsFoundByItsAbbreviation();
     void noTwoUnitsAreWrittenAlike();
     void typeIsWrittenAsItsDefaultUnit();
@@ -24,6 +25,16 @@ private Q_SLOTS:
     void onlySignsStandTight();
     void abbreviationsNeedNoEscape();
 };
+
+void TUnitAbbreviationsTest::everyUnitIsWrittenAsTheOperatorKnowsIt()
+{
+    for (TUnitGroup const& group : UnitGroups())
+    {
+        for (TUnitSpelling const& unit : group.units)
+            QCOMPARE(QString(TUnitAbbreviations::UnitAbbreviations[unit.unit]),
+                     QString::fromUtf8(unit.abbreviation));
+    }
+}
 
 void TUnitAbbreviationsTest::everyUnitIsFoundByItsAbbreviation()
 {

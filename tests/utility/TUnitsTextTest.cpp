@@ -3,6 +3,7 @@
 #include "TestSupport.h"
 #include "TUnits.h"
 #include "TUnitSettings.h"
+#include "UnitSpellings.h"
 
 #include <QDate>
 #include <QRandomGenerator>
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void suffixStandsBehindTheValue();
     void decimalsOutsideOfTheirRangeAreTheNearest();
     void defaultPrecisionIsThatOfTheShownUnit();
+    void everyUnitHasItsDefaultPrecision();
     void dynamicPrecisionFollowsTheRoundedValue_data();
     void dynamicPrecisionFollowsTheRoundedValue();
     void dynamicPrecisionChangesWhereTheRoundedTextDoes();
@@ -335,12 +337,18 @@ void TUnitsTextTest::defaultPrecisionIsThatOfTheShownUnit()
     Choose('.', UNIT_SYSTEM_US);
     QCOMPARE(shown(150.0), QString("16.0 gal/ac"));
     QCOMPARE(Bare(1.25, TUnits::DEFAULT_PRECISION), QString("1"));
-    QCOMPARE(TUnits::GetDefaultPrecision(UNIT_HECTARE), 2);
-    QCOMPARE(TUnits::GetDefaultPrecision(UNIT_TYPE_LENGTH), TUnits::GetDefaultPrecision(UNIT_METRE));
-    for (int number = -1; number <= 161; ++number)
+    QCOMPARE(TUnits::GetDefaultPrecision(UNIT_NONE), 0);
+    QCOMPARE(TUnits::GetDefaultPrecision(EUnitsType(-1)), 0);
+    QCOMPARE(TUnits::GetDefaultPrecision(EUnitsType(161)), 0);
+}
+
+void TUnitsTextTest::everyUnitHasItsDefaultPrecision()
+{
+    for (TUnitGroup const& group : UnitGroups())
     {
-        int const precision = TUnits::GetDefaultPrecision(EUnitsType(number));
-        QVERIFY(precision >= 0 && precision <= 3);
+        QCOMPARE(TUnits::GetDefaultPrecision(group.type), group.units.front().decimals);
+        for (TUnitSpelling const& unit : group.units)
+            QVERIFY2(TUnits::GetDefaultPrecision(unit.unit) == unit.decimals, unit.spelling);
     }
 }
 
