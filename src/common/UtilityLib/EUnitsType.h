@@ -45,7 +45,7 @@ enum EUnitsType : int
     UNIT_UK_PINT,
     UNIT_UK_GALLON,
 
-    UNIT_TYPE_MASS = 33,
+    UNIT_TYPE_MASS = 33, ///< density leads to UNIT_TYPE_VOLUME
     UNIT_MILLIGRAM,
     UNIT_GRAM,
     UNIT_KILOGRAM,
@@ -118,7 +118,7 @@ enum EUnitsType : int
     UNIT_UK_FLUID_OUNCES_PER_ACRE,
     UNIT_UK_PINTS_PER_ACRE,
 
-    UNIT_TYPE_MASS_RATE = 95, ///< mass per area
+    UNIT_TYPE_MASS_RATE = 95, ///< mass per area; density leads to UNIT_TYPE_VOLUME_RATE
     UNIT_GRAMS_PER_HECTARE,
     UNIT_KILOGRAMS_PER_HECTARE,
     UNIT_TONNES_PER_HECTARE,
@@ -154,7 +154,7 @@ enum EUnitsType : int
     UNIT_UK_GALLONS_PER_MINUTE,
     UNIT_UK_GALLONS_PER_HOUR,
 
-    UNIT_TYPE_MASS_FLOW = 127, ///< mass per time
+    UNIT_TYPE_MASS_FLOW = 127, ///< mass per time; density leads to UNIT_TYPE_VOLUME_FLOW
     UNIT_KILOGRAMS_PER_SECOND,
     UNIT_KILOGRAMS_PER_MINUTE,
     UNIT_KILOGRAMS_PER_HOUR,
@@ -216,6 +216,8 @@ enum EUnitsContext : int
     UNITS_CONTEXT_NOZZLE,    ///< flow of a single nozzle
     UNITS_CONTEXT_SLURRY,    ///< large volumes
     UNITS_CONTEXT_FUEL,      ///< consumption of the engine
-    UNITS_CONTEXT_GRAIN,     ///< harvested crops
-    UNITS_CONTEXT_WEIGHED    ///< stored as volume, but bought and metered by weight
+    /// Harvested crops. Their masses and mass rates are read in bushels in the US and so need the density of
+    /// the crop: with 1.0, where every item starts, the bushels are those of water.
+    UNITS_CONTEXT_GRAIN,
+    UNITS_CONTEXT_WEIGHED ///< stored as volume, but bought and metered by weight
 };

@@ -12,9 +12,9 @@
 ///
 /// What cannot be converted comes back as it is: a unit number outside of EUnitsType means UNIT_NONE, and
 /// UNIT_NONE fits every value. Two units of different quantities, such as metres and kilograms, are besides
-/// reported in the operator's log, once for each pair. Volumes, volume rates and volume flows become masses
-/// by a density in kilograms for each litre; one that is not a number from 0.000001 to 1000000 counts as 1,
-/// that of water, and is reported once for each pair.
+/// reported in the operator's log, once for each pair. Volumes, volume rates and volume flows become masses,
+/// and masses volumes, by a density in kilograms for each litre; one that is not a number from 0.000001 to
+/// 1000000 counts as 1, that of water, and is reported once for each pair.
 ///
 /// The factors are those of UDUNITS-2. Without its database, or for units that it does not know, which the
 /// log then tells, the display unit is the one in which a value is stored, and ConvertUnit() changes no

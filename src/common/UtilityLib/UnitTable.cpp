@@ -331,6 +331,8 @@ constexpr TUnitChoice CHOICES[] = {
     {UNIT_TYPE_MASS_FLOW,
      UNITS_CONTEXT_GENERAL,
      {UNIT_KILOGRAMS_PER_MINUTE, UNIT_POUNDS_PER_MINUTE, UNIT_POUNDS_PER_MINUTE}},
+    // The numbers of EUnitsType hold no long ton per hour and are all given away. The tonne is as good as
+    // one, to less than two parts in a hundred; the short ton is not.
     {UNIT_TYPE_MASS_FLOW,
      UNITS_CONTEXT_GRAIN,
      {UNIT_TONNES_PER_HOUR, UNIT_TONNES_PER_HOUR, UNIT_TONS_PER_HOUR}},

@@ -33,7 +33,7 @@ public:
     }
 
     /// Sets an element. What lies between the end and \a index is filled with defaults, all of which take
-    /// memory.
+    /// memory: it is meant for the rows of a list, and an index near the largest integer ends the program.
     void setAt(int index, T const& value)
     {
         EditContainerAssertion::RequireIndex(index, EditContainerAssertion::LINE_OF_SET_AT);
@@ -75,6 +75,7 @@ private:
 class COMMONUILIB_EXPORT TEditContainerBool : public EditContainer<bool>
 {
 public:
+    /// \a defaultElement is what stands where nothing was set; an assigned container brings its own.
     explicit TEditContainerBool(bool defaultElement)
         : m_Default(defaultElement)
     {

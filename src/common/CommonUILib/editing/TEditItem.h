@@ -45,14 +45,16 @@ struct COMMONUILIB_EXPORT TEditItem
     int decimalPlaces = 0;                  ///< decimals shown, or a TUnits::EPrecision
     QString name;                           ///< label of the property
     QString suffix;                         ///< behind the value while unitType is UNIT_NONE
-    EUnitsType unitType = UNIT_NONE;
+    EUnitsType unitType = UNIT_NONE;        ///< what the value measures; UNIT_NONE for a bare number
+    /// What the value is about, which decides its display unit.
     EUnitsContext unitsContext = UNITS_CONTEXT_GENERAL;
-    double density = 1.0;                    ///< kilograms for each litre, for TUnits
+    double density = 1.0;                    ///< kilograms for each litre; see UNITS_CONTEXT_GRAIN
     TEditContainerQString textItems;         ///< texts of a list by value
     QString ipAddress;                       ///< value of an item entered as an IP address
     TEditContainerBool itemVisibility{true}; ///< false hides a row of the list
     bool useNumberPad = false;               ///< edited on a TUnitsNumberPad
     bool inlineNumberPad = false;            ///< the pad always has its centred form
+    /// What is entered. A pad keeps the one that it is made for.
     ENumberPadType numberPadType = NUMBER_PAD_DECIMAL;
     bool floatingButtons = false;                      ///< plus and minus beside the value button
     bool liveUpdates = false;                          ///< every keystroke on the pad is told
@@ -75,6 +77,10 @@ struct COMMONUILIB_EXPORT TEditItem
     /// True for the two kinds that are edited in a list.
     bool IsList() const;
 
+    /// The bounds in the default unit and the step in display units, all taken as they are.
     void SetMinMaxInc(double min, double max, double inc);
+
+    /// What the value measures and the decimals shown, a number or a TUnits::EPrecision. The pad's own
+    /// decimals stay.
     void SetUnitAndDecimalPlaces(EUnitsType unit, int places);
 };

@@ -27,11 +27,13 @@ enum EUnitSelectorFlags : int
 /// The units among which the operator may choose while entering a value.
 struct COMMONUILIB_EXPORT TUnitsSelector
 {
-    QVector<TUnitsSelectorProps> units;
-    int buttonWidth = 70; ///< pixels
-    int flags = 0;        ///< EUnitSelectorFlags
+    QVector<TUnitsSelectorProps> units; ///< in the order in which they are offered
+    int buttonWidth = 70;               ///< pixels; used with UNIT_SELECTOR_FIXED_WIDTH alone
+    int flags = 0;                      ///< EUnitSelectorFlags
 
+    /// Sets the bits of \a added beside those that are set.
     void AddFlags(int added) { flags |= added; }
+    /// Clears the bits of \a removed; those that are not set do no harm.
     void RemoveFlags(int removed) { flags &= ~removed; }
 
     /// True with more than one unit: a single one offers no choice.
