@@ -764,21 +764,25 @@ void TListWidgetTest::pressSelectsTheRowAndReleaseClicks()
 
 void TListWidgetTest::releaseBesideTheRowsIsSilent_data()
 {
+    QTest::addColumn<int>("rows");
     QTest::addColumn<QPoint>("from");
     QTest::addColumn<QPoint>("to");
-    // The two rows end at 100.
-    QTest::newRow("on the ground") << QPoint(20, 150) << QPoint(20, 150);
-    QTest::newRow("dragged to the ground") << QPoint(20, 20) << QPoint(20, 150);
-    QTest::newRow("left of the list") << QPoint(20, 20) << QPoint(-5, 20);
-    QTest::newRow("right of the list") << QPoint(20, 20) << QPoint(ListSize.width(), 20);
-    QTest::newRow("above the list") << QPoint(20, 20) << QPoint(20, -1);
+    // Two rows end at 100.
+    QTest::newRow("on the ground") << 2 << QPoint(20, 150) << QPoint(20, 150);
+    QTest::newRow("dragged to the ground") << 2 << QPoint(20, 20) << QPoint(20, 150);
+    QTest::newRow("left of the list") << 2 << QPoint(20, 20) << QPoint(-5, 20);
+    QTest::newRow("right of the list") << 2 << QPoint(20, 20) << QPoint(ListSize.width(), 20);
+    QTest::newRow("above the list") << 2 << QPoint(20, 20) << QPoint(20, -1);
+    // A row would stand there.
+    QTest::newRow("below the list") << 10 << QPoint(20, 20) << QPoint(20, ListSize.height());
 }
 
 void TListWidgetTest::releaseBesideTheRowsIsSilent()
 {
+    QFETCH(int, rows);
     QFETCH(QPoint, from);
     QFETCH(QPoint, to);
-    Fill(2);
+    Fill(rows);
     QSignalSpy const released(&List(), &TListWidget::MouseReleased);
     m_Stage->finger.Press(List().pos() + from);
     m_Stage->finger.Move(List().pos() + to);
