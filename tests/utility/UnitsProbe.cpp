@@ -114,6 +114,7 @@ void PrintFromThreads()
     std::atomic<int> waiting{THREADS};
     std::vector<QString> texts(THREADS);
     std::vector<std::thread> threads;
+    threads.reserve(THREADS);
     for (QString& text : texts)
     {
         threads.emplace_back(
