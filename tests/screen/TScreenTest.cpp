@@ -7,6 +7,7 @@
 #include "TExternalDrive.h"
 #include "TFileHash.h"
 #include "TFullWindow.h"
+#include "TKeyboard.h"
 #include "TMMICapableWidgetNavigator.h"
 #include "TObstructionManager.h"
 #include "TScreenStage.h"
@@ -172,6 +173,48 @@ private Q_SLOTS:
         QVERIFY(special->isHidden());
         QCOMPARE(special->GetButtonOffset(), 7);
         QVERIFY(!screen->GetNavigationWindow());
+    }
+
+    void theKeyboardWaitsHiddenFromSetupOn()
+    {
+        {
+            TSilentScreen unfinished;
+            QVERIFY(!unfinished.GetKeyboard());
+        }
+        TTestScreen screen;
+        TKeyboard* const keyboard = screen->GetKeyboard();
+        QVERIFY(keyboard);
+        QVERIFY(keyboard->isHidden());
+        QVERIFY(!keyboard->parentWidget());
+        keyboard->ShowWindow(false);
+        QVERIFY(keyboard->isVisible());
+        QCOMPARE(keyboard->window(), screen.get());
+        QVERIFY(screen->GetLockingWidgets().isEmpty());
+    }
+
+    void theKeyboardGoesWithTheScreen()
+    {
+        for (bool const shown : {false, true})
+        {
+            QPointer<QWidget> keyboard;
+            {
+                TTestScreen screen;
+                keyboard = screen->GetKeyboard();
+                if (shown)
+                    screen->GetKeyboard()->ShowWindow(false);
+            }
+            QVERIFY(!keyboard);
+        }
+    }
+
+    void aBorrowerMayTakeTheKeyboardAlong()
+    {
+        TTestScreen screen;
+        {
+            QWidget borrower(screen.get());
+            screen->GetKeyboard()->setParent(&borrower);
+        }
+        QVERIFY(!screen->GetKeyboard());
     }
 
     void onlyTheMainBarTakesRoom()

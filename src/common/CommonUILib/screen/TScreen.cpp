@@ -10,6 +10,7 @@
 #include "TCanvas.h"
 #include "TExternalDrive.h"
 #include "TFileHash.h"
+#include "TKeyboard.h"
 #include "TLocalTime.h"
 #include "TMessageDialog.h"
 #include "TMiniWindow.h"
@@ -197,6 +198,7 @@ TScreen::~TScreen()
     m_PixmapManager.reset();
     m_SoundServer->deleteLater();
     m_ObstructionManager.reset();
+    delete m_Keyboard;
     m_SoundThread->quit();
     // A thread must not be deleted while it runs; it has nothing left to do but to end.
     m_SoundThread->wait();
@@ -251,8 +253,14 @@ void TScreen::StartSound()
 
 void TScreen::Setup()
 {
-    if (USE_NAVIGATION_BAR)
-        return;
+    if (!USE_NAVIGATION_BAR)
+        SetupNavigationWindow();
+    m_Keyboard = new TKeyboard(nullptr);
+    m_Keyboard->HideWindow();
+}
+
+void TScreen::SetupNavigationWindow()
+{
     m_NavigationWindow = new TNavigationWindow(this);
     int const bleed = INPUT_WINDOW_SHADOW_SIZE - 2 * NavigationWindowMargin;
     m_NavigationWindow->setFixedSize(SCREEN_WIDTH + bleed, SCREEN_HEIGHT + bleed);
@@ -372,7 +380,7 @@ QRect TScreen::GetUsableRect()
 
 TKeyboard* TScreen::GetKeyboard()
 {
-    return nullptr;
+    return m_Keyboard;
 }
 
 QWidget* TScreen::GetTopLevelWidgetFor(QWidget* widget)

@@ -222,6 +222,7 @@ public:
     /// MainScreen.
     virtual void Setup();
     QRect GetUsableRect() override;
+    /// Built by Setup() and hidden; null before. It stays the screen's whoever borrows it as a child.
     TKeyboard* GetKeyboard() override;
     QWidget* GetTopLevelWidgetFor(QWidget* widget) override;
     bool IsExternal() override;
@@ -280,6 +281,7 @@ protected:
 
 private:
     void BuildNavigationBars();
+    void SetupNavigationWindow();
     void StartSound();
     void ReleaseSystemToolBar();
     void MakeOffScreenButtons();
@@ -314,6 +316,7 @@ private:
     QWidget* m_ScreenShotFlash = nullptr;
     TModalWidget* m_ModalWidget = nullptr;
     QVector<TLockingWidget> m_LockingWidgets;
+    QPointer<TKeyboard> m_Keyboard; // whoever has borrowed it may take it along to its end
     TSoundServer* m_SoundServer = nullptr;
     QPointer<TMMICapableWidgetNavigator> m_Navigator;
     int m_ShortcutView = -1;
