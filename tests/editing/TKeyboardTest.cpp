@@ -101,6 +101,7 @@ private Q_SLOTS:
     void hexModeOutlivesAnotherShowing();
     void hexModeTwiceIsOnce();
     void anAlternativeLayoutReplacesShiftByTheLayoutKey();
+    void theLayoutKeyTakesThePlaceOfShiftAndGivesItBack();
     void theLayoutKeyGoesThereAndBack();
     void theNextShowingBeginsWithTheOwnLayout();
     void aLayoutForAHiddenKeyboardShowsWithIt();
@@ -329,6 +330,18 @@ void TKeyboardTest::anAlternativeLayoutReplacesShiftByTheLayoutKey()
     QVERIFY(!stage.Shift());
     QVERIFY(stage.LayoutKey());
     QCOMPARE(stage.LayoutKey()->geometry(), place);
+}
+
+void TKeyboardTest::theLayoutKeyTakesThePlaceOfShiftAndGivesItBack()
+{
+    TKeyboardStage stage(5);
+    QRect const place = stage.Shift()->geometry();
+    QImage const withShift = stage.Picture();
+    stage.keyboard->SetLayout(EKeyboardLayout(5), EKeyboardLayout(0));
+    QCOMPARE(stage.LayoutKey()->geometry(), place);
+    QVERIFY(stage.LayoutKey()->testAttribute(Qt::WA_OpaquePaintEvent));
+    stage.keyboard->SetLayout(EKeyboardLayout(5), KEYBOARD_LAYOUT_NONE);
+    QCOMPARE(stage.Picture(), withShift);
 }
 
 void TKeyboardTest::theLayoutKeyGoesThereAndBack()

@@ -266,6 +266,7 @@ private:
     int m_SpecialRow = 0;
     int m_RowCount = 0;
     TGrid m_Grid;
+    QVector<TKey*> m_LaidOutKeys;
     QVector<TPlace> m_LaidOutPlaces;
     QVector<TKey*> m_CharacterKeys; // all that were ever needed; those beyond the layout's are hidden
     std::array<TKey*, SPECIAL_KEY_COUNT> m_SpecialKeys = {};

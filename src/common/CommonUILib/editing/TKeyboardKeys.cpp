@@ -497,15 +497,16 @@ TKeyboard::TGrid TKeyboard::FullWidthGrid(QRect const& usable) const
     return grid;
 }
 
-// True if the keys have other places or another size than before.
+// True if there are other keys than before, or in other places, or of another size.
 bool TKeyboard::LayoutKeys()
 {
     TGrid const grid = m_FullWidthMode ? FullWidthGrid(UsableRect()) : NormalGrid(UsableRect());
-    bool const same = grid == m_Grid && m_Places == m_LaidOutPlaces;
+    bool const same = grid == m_Grid && m_Keys == m_LaidOutKeys && m_Places == m_LaidOutPlaces;
     m_Grid = grid;
     PlaceWindow();
     if (same)
         return false;
+    m_LaidOutKeys = m_Keys;
     m_LaidOutPlaces = m_Places;
     PlaceKeys();
     GroundKeys();
