@@ -192,7 +192,7 @@ void TKeyboardChecksTest::aCharsetShowsItsFirstLayout()
     QCOMPARE(stage.Rows(), expected);
     QVERIFY(stage.Special(QStringLiteral("CapsLock")));
     stage.finger.Touch(stage.Special(QStringLiteral("CapsLock")));
-    QCOMPARE(stage.Rows().first(), georgian.GetRowText(0, 0, false));
+    QCOMPARE(stage.Rows().constFirst(), georgian.GetRowText(0, 0, false));
     QVERIFY(stage.Type(QStringLiteral("ქწ ")));
     QCOMPARE(stage.typed, QStringLiteral("ქწ "));
 }
@@ -243,7 +243,7 @@ void TKeyboardChecksTest::aRowOfTheChoiceIsShown()
     stage.keyboard->OnLayoutSelected(0);
     QCOMPARE(stage.Rows().at(1), QStringLiteral("ЙЦУКЕНГШЩЗХЪ"));
     stage.keyboard->OnLayoutSelected(2);
-    QCOMPARE(stage.Rows().first(), QStringLiteral("+-*/"));
+    QCOMPARE(stage.Rows().constFirst(), QStringLiteral("+-*/"));
     stage.keyboard->OnLayoutSelected(1);
     QCOMPARE(stage.Rows().at(1), QStringLiteral("აშდფგჰჟკლ"));
     QCOMPARE(down.count(), 3);

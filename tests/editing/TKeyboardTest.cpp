@@ -200,10 +200,10 @@ void TKeyboardTest::capsAndShiftGiveASmallLetterAndSymbolsForOneKeyPress()
 {
     TKeyboardStage stage;
     stage.finger.Touch(stage.Shift());
-    QCOMPARE(stage.Rows().first(), QStringLiteral("!@#$%\"&*()"));
+    QCOMPARE(stage.Rows().constFirst(), QStringLiteral("!@#$%\"&*()"));
     QVERIFY(stage.Type(QStringLiteral("k")));
     QCOMPARE(stage.typed, QStringLiteral("k"));
-    QCOMPARE(stage.Rows().first(), QStringLiteral("1234567890"));
+    QCOMPARE(stage.Rows().constFirst(), QStringLiteral("1234567890"));
 
     stage.finger.Touch(stage.Shift());
     QVERIFY(stage.Type(QStringLiteral("\"6")));

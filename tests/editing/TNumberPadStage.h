@@ -135,7 +135,8 @@ public:
     /// With the pad that \a make makes on the screen.
     template<typename TMake>
     TNumberPadStage(bool is24HourClock, TMake make)
-        : navigator(screen.get())
+        : screen() // else clang takes it for uninitialized in a template
+        , navigator(screen.get())
         , finger(screen.get())
     {
         screen->SetMMINavigator(&navigator);
