@@ -620,8 +620,14 @@ void TNumberPad::UpdateDecimalDotButton()
 {
     if (m_PadType != NUMBER_PAD_DECIMAL)
         return;
+    SetDecimalPointEnabled(MayTypeDecimalPoint());
+}
+
+// A point that is only shown goes with the first key.
+bool TNumberPad::MayTypeDecimalPoint() const
+{
     bool const hasPoint = m_Text.contains(TUnits::DisplayableDecimalPointChar());
-    SetDecimalPointEnabled(m_DecimalPlaces > 0 && !(IsBeingTyped() && hasPoint));
+    return m_DecimalPlaces > 0 && !(IsBeingTyped() && hasPoint);
 }
 
 void TNumberPad::SetDecimalPointEnabled(bool enabled)
@@ -639,18 +645,22 @@ void TNumberPad::UpdateHalfDayButton()
     m_Keys[PAD_KEY_EXTRA]->setVisible(!Is24HourClock());
 }
 
+void TNumberPad::UpdateKeysAfterTyping()
+{
+    if (m_PadType == NUMBER_PAD_DECIMAL)
+        ResetDigitsAndDecimalButtons();
+    else if (m_PadType == NUMBER_PAD_TIME)
+        UpdateColonButton();
+}
+
 void TNumberPad::OnDigit(int id)
 {
     if (id < 0 || id >= DigitCount)
         return;
     QPointer<TNumberPad> const self(this);
     AddCharacter(m_Keys[std::size_t(id)]->GetCharacter(), true);
-    if (!self)
-        return;
-    if (m_PadType == NUMBER_PAD_DECIMAL)
-        ResetDigitsAndDecimalButtons();
-    else if (m_PadType == NUMBER_PAD_TIME)
-        UpdateColonButton();
+    if (self)
+        UpdateKeysAfterTyping();
 }
 
 void TNumberPad::OnBackspace()
@@ -661,10 +671,7 @@ void TNumberPad::OnBackspace()
         m_Text.chop(1);
         ProcessTextChange();
     }
-    if (m_PadType == NUMBER_PAD_DECIMAL)
-        ResetDigitsAndDecimalButtons();
-    else if (m_PadType == NUMBER_PAD_TIME)
-        UpdateColonButton();
+    UpdateKeysAfterTyping();
     ShowEntry();
 }
 

@@ -126,6 +126,13 @@ Q_SIGNALS:
     void DecrementPressed();
 
 protected:
+    /// Both ends belong to it.
+    struct TRange
+    {
+        double low;
+        double high;
+    };
+
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -157,6 +164,10 @@ protected:
     /// The entry as a number; 0 if it is none.
     double GetNumericValueFromText() const;
     bool IsEmptyAllowed() const;
+    /// From GetMinimum() to GetMaximum(), the right way round.
+    TRange Bounds() const;
+    /// Whether the entry has room for a decimal point: it takes decimals, and has none that was typed.
+    bool MayTypeDecimalPoint() const;
     void SetDecimalPointEnabled(bool enabled);
     /// Types \a character at the end, with \a clearFirst in place of a value that is only shown. A minus
     /// turns the sign, the character 7 empties the entry, and the null character types nothing.
@@ -176,11 +187,6 @@ private:
         PAD_KEY_CANCEL = 15,
         PAD_KEY_OK = 16,
         PAD_KEY_COUNT = 17
-    };
-    struct TRange
-    {
-        double low;
-        double high;
     };
     struct TKeysOfType;
     struct TCell;
@@ -206,12 +212,12 @@ private:
     void SetStringValue();
     void ClearTextIfFirstEntry();
     void InvertSign();
+    void UpdateKeysAfterTyping();
     void ResetDigitsAndDecimalButtons();
     void UpdateDigitButtons();
     void UpdateColonButton();
     void UpdateHalfDayButton();
 
-    TRange Bounds() const;
     QString Printed(double value) const;
     bool PrintsLikeABound(TRange const& bounds) const;
     bool IsWithinBounds() const;
@@ -225,6 +231,7 @@ private:
     void ReadDate();
     static int FaultOfDate(int year, int month, int day);
     bool ValidateIPAddress();
+    void RefuseFormOfAddress();
     void ShowMessage(TMessage const& message);
     void ShowBounds(QString const& low, QString const& high);
 

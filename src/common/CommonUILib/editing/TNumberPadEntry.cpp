@@ -397,9 +397,14 @@ int TNumberPad::FaultOfDate(int year, int month, int day)
 void TNumberPad::AcceptIPAddress()
 {
     if (m_Text.count(QLatin1Char('.')) != AddressDots)
-        OnOutOfRangeTimeBased(tr("Address must be four numbers separated by dots."));
+        RefuseFormOfAddress();
     else if (ValidateIPAddress())
         SetNewIPAddressValue(GetEntry());
+}
+
+void TNumberPad::RefuseFormOfAddress()
+{
+    OnOutOfRangeTimeBased(tr("Address must be four numbers separated by dots."));
 }
 
 bool TNumberPad::ValidateIPAddress()
@@ -407,7 +412,7 @@ bool TNumberPad::ValidateIPAddress()
     QStringList numbers = m_Text.split(QLatin1Char('.'));
     if (numbers.size() > AddressDots + 1)
     {
-        OnOutOfRangeTimeBased(tr("Address must be four numbers separated by dots."));
+        RefuseFormOfAddress();
         return false;
     }
     for (QString& number : numbers)
@@ -433,7 +438,7 @@ void TNumberPad::OnIPAddressDot()
         return;
     if (m_Text.count(QLatin1Char('.')) >= AddressDots)
     {
-        OnOutOfRangeTimeBased(tr("Address must be four numbers separated by dots."));
+        RefuseFormOfAddress();
         return;
     }
     m_Text += QLatin1Char('.');

@@ -79,9 +79,8 @@ double TUnitsNumberPad::GetValueDbl()
     double const value = GetValueInDefaultNumPadUnit(shown);
     double const low = std::min(TNumberPad::GetMinimum(), TNumberPad::GetMaximum());
     double const high = std::max(TNumberPad::GetMinimum(), TNumberPad::GetMaximum());
-    double const shownLow = std::min(GetMinimum(), GetMaximum());
-    double const shownHigh = std::max(GetMinimum(), GetMaximum());
-    return shown >= shownLow && shown <= shownHigh ? qBound(low, value, high) : value;
+    TRange const bounds = Bounds();
+    return shown >= bounds.low && shown <= bounds.high ? qBound(low, value, high) : value;
 }
 
 double TUnitsNumberPad::GetMinimum() const
@@ -171,16 +170,12 @@ EUnitsType TUnitsNumberPad::DetermineActualUnit() const
 
 double TUnitsNumberPad::GetValueInCurrentNumPadUnit(double value) const
 {
-    auto const density = double(m_Density);
-    return m_Selector.IsValid() ? TUnits::ConvertUnit(value, DefaultUnit(), SelectedEntry().unit, density)
-                                : TUnits::GetValueInCurrentUnit(value, m_UnitType, m_UnitsContext, density);
+    return TUnits::ConvertUnit(value, DefaultUnit(), DetermineActualUnit(), double(m_Density));
 }
 
 double TUnitsNumberPad::GetValueInDefaultNumPadUnit(double value) const
 {
-    auto const density = double(m_Density);
-    return m_Selector.IsValid() ? TUnits::ConvertUnit(value, SelectedEntry().unit, DefaultUnit(), density)
-                                : TUnits::GetValueInDefaultUnit(value, m_UnitType, m_UnitsContext, density);
+    return TUnits::ConvertUnit(value, DetermineActualUnit(), DefaultUnit(), double(m_Density));
 }
 
 void TUnitsNumberPad::DetermineActualNumberOfDecimalPlaces(double value, EUnitsType unit)
@@ -242,11 +237,10 @@ void TUnitsNumberPad::UpdateDecimalDotButton()
 {
     if (GetPadType() != NUMBER_PAD_DECIMAL)
         return;
+    bool enabled = MayTypeDecimalPoint();
     QString const entry = GetEntry();
-    bool const hasPoint = entry.contains(TUnits::DisplayableDecimalPointChar());
-    bool enabled = GetNumberOfDecimalPlaces() > 0 && !(IsBeingTyped() && hasPoint);
     // What has a point already is no integer, and is replaced by what is typed.
-    if (IsVolumeRate(m_UnitType) && !hasPoint)
+    if (IsVolumeRate(m_UnitType) && !entry.contains(TUnits::DisplayableDecimalPointChar()))
         enabled = enabled && entry.toDouble() <= LargestRateWithDecimals;
     SetDecimalPointEnabled(enabled);
 }
