@@ -39,11 +39,6 @@ EKeyboardLayout Known(EKeyboardLayout layout, EKeyboardLayout otherwise)
 {
     return layout >= 0 && layout < KEYBOARD_LAYOUT_COUNT ? layout : otherwise;
 }
-
-bool IsLetterOfTheAlphabet(QChar character)
-{
-    return character >= QLatin1Char('A') && character <= QLatin1Char('Z');
-}
 } // namespace
 
 EKeyboardLayout TKeyboard::m_Layout = KEYBOARD_LAYOUT_ENGLISH;
@@ -466,8 +461,7 @@ bool TKeyboard::IsAccentKey(QChar character)
 QChar TKeyboard::AccentedCharacter(QChar character) const
 {
     QChar accented = character.toUpper();
-    if (m_Accent >= 0 && IsLetterOfTheAlphabet(accented) &&
-        m_Accentable[std::size_t(m_Accent)].contains(accented))
+    if (m_Accent >= 0 && IsLetter(accented) && m_Accentable[std::size_t(m_Accent)].contains(accented))
         accented = QChar(ushort(AccentedChars[std::size_t(m_Accent)][accented.unicode() - 'A']));
     return IsCapital() ? accented : accented.toLower();
 }

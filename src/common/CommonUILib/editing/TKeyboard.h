@@ -229,6 +229,7 @@ private:
     QPoint CentredIn(QRect const& usable, QSize const& frame) const;
     TGrid FullWidthGrid(QRect const& usable) const;
     void PlaceWindow();
+    QSize FrameSize() const;
     void PlaceKeys();
     void GroundKeys();
     void RefreshWheel();

@@ -220,7 +220,7 @@ void TKeyboard::ParseAccentableCharacters()
         int const index = AccentToIndex(character);
         if (index >= 0)
             accent = index;
-        else if (accent >= 0 && character >= QLatin1Char('A') && character <= QLatin1Char('Z'))
+        else if (accent >= 0 && IsLetter(character))
             m_Accentable[std::size_t(accent)].append(character);
     }
 }
@@ -296,7 +296,7 @@ void TKeyboard::NoticeKey(TKey* key)
     QChar const letter = character.toUpper();
     if (accent >= 0)
         m_AccentKeys[std::size_t(accent)] = key;
-    else if (letter >= QLatin1Char('A') && letter <= QLatin1Char('Z'))
+    else if (IsLetter(letter))
         m_LetterKeys[std::size_t(letter.unicode() - 'A')] = key;
     else if (character == QLatin1Char('.'))
         m_FullStopKey = key;
@@ -513,7 +513,6 @@ bool TKeyboard::LayoutKeys()
     return true;
 }
 
-// The frame is drawn with its shadow; along the edge of the screen that falls outside.
 void TKeyboard::PlaceWindow()
 {
     if (geometry() != m_Grid.window)
@@ -521,10 +520,17 @@ void TKeyboard::PlaceWindow()
     m_InputArea->setVisible(!m_FullWidthMode);
 }
 
-void TKeyboard::PlaceKeys()
+// The frame is drawn with its shadow; along the edge of the screen that falls outside.
+QSize TKeyboard::FrameSize() const
 {
     int const shadow = m_FullWidthMode ? BORDER_RIGHT_SHADOW_SIZE : 0;
-    SetBackgroundArea(0, 0, m_Grid.window.width() + shadow, m_Grid.window.height() + shadow);
+    return m_Grid.window.size() + QSize(shadow, shadow);
+}
+
+void TKeyboard::PlaceKeys()
+{
+    QSize const frame = FrameSize();
+    SetBackgroundArea(0, 0, frame.width(), frame.height());
     m_InputArea->setGeometry(m_Grid.inputArea);
     GetWindowContent()->setGeometry(m_Grid.keys);
     bool const isLarge = qMin(m_Grid.key.width(), m_Grid.key.height()) >= LeastLargeKey;
@@ -545,10 +551,9 @@ void TKeyboard::PlaceKeys()
 void TKeyboard::GroundKeys()
 {
     KVN::PixmapManager* const pixmaps = tscreenPixmapManager();
-    int const shadow = m_FullWidthMode ? BORDER_RIGHT_SHADOW_SIZE : 0;
+    QSize const size = FrameSize();
     QSharedPointer<QPixmap> const frame =
-        pixmaps ? pixmaps->GetResizedPixmap(GetBackground(), m_Grid.window.width() + shadow,
-                                            m_Grid.window.height() + shadow)
+        pixmaps ? pixmaps->GetResizedPixmap(GetBackground(), size.width(), size.height())
                 : QSharedPointer<QPixmap>::create();
     for (TKey* const key : qAsConst(m_Keys))
         key->SetGround(frame->isNull() ? QPixmap()

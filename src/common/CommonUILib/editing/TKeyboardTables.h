@@ -3,6 +3,8 @@
 #include "CommonUILibExport.h"
 #include "EKeyboardLayout.h"
 
+#include <QChar>
+
 #include <array>
 
 /// What the keys of the on-screen keyboard are made from: the rows of each language and its dead keys. Text
@@ -36,6 +38,12 @@ public:
     /// By accent, LetterCount capitals in the order of the alphabet; the plain letter where the accented one
     /// does not exist.
     static std::array<char32_t const*, AccentCount> const AccentedChars;
+
+    /// Whether \a character is one of the LetterCount capitals that a dead key may go with.
+    static bool IsLetter(QChar character)
+    {
+        return character >= QLatin1Char('A') && character <= QLatin1Char('Z');
+    }
 
 protected:
     TKeyboardTables() = default;
