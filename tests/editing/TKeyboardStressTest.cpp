@@ -1,3 +1,4 @@
+#include "KeySteps.h"
 #include "TestCase.h"
 #include "TKeyboardStage.h"
 
@@ -5,16 +6,7 @@
 
 namespace
 {
-/// Set COMMONUI_KEY_STEPS for a longer run.
-constexpr int UsualSteps = 20000;
 constexpr int StepsBetweenPaints = 500;
-
-int Steps()
-{
-    bool isNumber = false;
-    int const wanted = qEnvironmentVariableIntValue("COMMONUI_KEY_STEPS", &isNumber);
-    return isNumber ? qMax(1, wanted) : UsualSteps;
-}
 
 /// Whoever works the keyboard: the operator, its client, and the console around them.
 class TPlayer
@@ -165,7 +157,7 @@ private Q_SLOTS:
 void TKeyboardStressTest::randomKeysLeaveTheKeyboardInOrder()
 {
     TPlayer player(7);
-    int const steps = Steps();
+    int const steps = KeySteps::Wanted();
     constexpr int Rounds = 20;
     for (int round = 0; round < Rounds; ++round)
     {
@@ -188,9 +180,9 @@ void TKeyboardStressTest::aStreamOfOneKeyTypesEachOfThem()
 void TKeyboardStressTest::noStateIsStuckAfterwards()
 {
     TPlayer player(11);
-    player.Play(Steps() / 10);
+    player.Play(KeySteps::Wanted() / 10);
     TKeyboardStage& stage = player.stage;
-    for (int i = 0; i < Steps(); ++i)
+    for (int i = 0; i < KeySteps::Wanted(); ++i)
         stage.keyboard->PopKeyChecker();
     stage.keyboard->SetHexMode(false);
     stage.keyboard->SetEnglishLayout(false);

@@ -12,15 +12,6 @@ public:
     static constexpr int KeysPerOther = 50;
     /// What a value that was accepted may be out of the bounds by.
     static constexpr double Tolerance = 0.00001;
-    static constexpr int UsualSteps = 20000;
-
-    /// As many as COMMONUI_KEY_STEPS says, or UsualSteps.
-    static int Steps()
-    {
-        bool isNumber = false;
-        int const wanted = qEnvironmentVariableIntValue("COMMONUI_KEY_STEPS", &isNumber);
-        return isNumber ? qMax(1, wanted) : UsualSteps;
-    }
 
     /// Plays on \a stage, which must live as long. Nothing outside of \a low and \a high may be emitted.
     TNumberPadPlayer(TNumberPadStage& stage, double low, double high, quint32 seed)

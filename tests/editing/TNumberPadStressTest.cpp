@@ -1,3 +1,4 @@
+#include "KeySteps.h"
 #include "TestCase.h"
 #include "TNumberPadPlayer.h"
 
@@ -32,11 +33,11 @@ void TNumberPadStressTest::noKeysBringAPadOutOfOrder()
     QFETCH(double, high);
     TNumberPadStage stage{ENumberPadType(type)};
     TNumberPadPlayer player(stage, low, high, quint32(20250623 + type));
-    int const steps = TNumberPadPlayer::Steps();
+    int const steps = KeySteps::Wanted();
     QString const fault = player.Play(steps);
     QVERIFY2(fault.isEmpty(), qPrintable(fault));
     // Random keys seldom make an address.
-    if (steps >= TNumberPadPlayer::UsualSteps)
+    if (steps >= KeySteps::Usual)
     {
         QVERIFY(type == NUMBER_PAD_IP_ADDRESS || player.Accepted() > 0);
         QVERIFY(player.Refused() > 0);

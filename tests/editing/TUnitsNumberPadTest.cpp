@@ -1,3 +1,4 @@
+#include "KeySteps.h"
 #include "Metrics.h"
 #include "TestCase.h"
 #include "TNumberPadPlayer.h"
@@ -803,10 +804,10 @@ void TUnitsNumberPadTest::noKeysBringItOutOfOrder()
 {
     TSpeedStage stage;
     TUnitsNumberPadPlayer player(stage, -250, 1234.5, 20250624);
-    int const steps = TNumberPadPlayer::Steps();
+    int const steps = KeySteps::Wanted();
     QString const fault = player.Play(steps);
     QVERIFY2(fault.isEmpty(), qPrintable(fault));
-    if (steps >= TNumberPadPlayer::UsualSteps)
+    if (steps >= KeySteps::Usual)
         QVERIFY(player.Accepted() > 0 && player.Refused() > 0);
 }
 
