@@ -59,6 +59,15 @@ public:
     QList<QPointer<TPushButton>> buttons;
     QVector<int> clicks;
 };
+
+/// Leaves time for what must not happen.
+bool HasWaited()
+{
+    QTimer later;
+    later.setSingleShot(true);
+    later.start(20);
+    return QTest::qWaitFor([&later] { return !later.isActive(); });
+}
 } // namespace
 
 class TButtonSurfaceTest : public QObject
@@ -225,10 +234,7 @@ void TButtonSurfaceTest::aReleaseInTimeShowsNoToolTip()
 {
     TSurfaceStage stage;
     stage.finger.Touch(stage.On(1));
-    QTimer later;
-    later.setSingleShot(true);
-    later.start(20);
-    QTRY_VERIFY(!later.isActive());
+    QVERIFY(HasWaited());
     QVERIFY(stage.platform.shown.isEmpty());
 }
 
@@ -254,10 +260,7 @@ void TButtonSurfaceTest::aButtonThatRepeatsClicksWhileTheFingerStaysOnIt()
     QTRY_VERIFY(stage.clicks.size() >= 3);
     stage.finger.Move(stage.On(0));
     int const clicks = stage.clicks.size();
-    QTimer later;
-    later.setSingleShot(true);
-    later.start(20);
-    QTRY_VERIFY(!later.isActive());
+    QVERIFY(HasWaited());
     QCOMPARE(stage.clicks.size(), clicks);
     stage.finger.Lift();
 }
@@ -272,10 +275,7 @@ void TButtonSurfaceTest::hiddenInASlideItLetsTheButtonGo()
     stage.surface->hide();
     QVERIFY(!stage.buttons.at(2)->isDown());
     int const clicks = stage.clicks.size();
-    QTimer later;
-    later.setSingleShot(true);
-    later.start(20);
-    QTRY_VERIFY(!later.isActive());
+    QVERIFY(HasWaited());
     QCOMPARE(stage.clicks.size(), clicks);
     stage.surface->show();
     stage.finger.Move(stage.On(1));

@@ -5,15 +5,6 @@
 
 #include <QMouseEvent>
 
-namespace
-{
-bool IsToolTipMode()
-{
-    MorvanePlatformInterface const* const platform = MorvanePlatformInterface::Instance();
-    return platform && platform->ToolTipVisible();
-}
-} // namespace
-
 TButtonSurface::TButtonSurface(QWidget* parent, int intervalMs)
     : QWidget(parent)
 {
@@ -104,10 +95,11 @@ void TButtonSurface::ForgetFinger()
     m_HasRested = false;
 }
 
+// One that shows its tool tip instead is not clicked.
 void TButtonSurface::ClickUnderFinger(TPushButton* button)
 {
     QPointer<TPushButton> const clicked(button);
-    if (!IsToolTipMode() || button->GetToolTip().isEmpty())
+    if (!button->ToolTipVisible() || button->GetToolTip().isEmpty())
         button->click();
     if (clicked)
         clicked->setDown(false);
