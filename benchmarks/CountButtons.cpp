@@ -3,8 +3,8 @@
 // construct) COUNT
 
 #include "ButtonPairs.h"
+#include "CountArguments.h"
 
-#include <cstdio>
 #include <functional>
 
 namespace
@@ -33,24 +33,17 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    QStringList const arguments = QCoreApplication::arguments();
-    QString const kind = arguments.value(1);
-    bool const repaint = arguments.value(2) == QLatin1String("repaint");
-    int const count = arguments.value(3).toInt();
-    if (arguments.size() != 4 || count < 1)
-    {
-        std::fputs("Usage: count-buttons (own | opaque | fusion) (repaint | construct) COUNT\n", stderr);
-        return 2;
-    }
+    TCountArguments const arguments;
+    if (!arguments.AreComplete())
+        return TCountArguments::Refuse("count-buttons (own | opaque | fusion) (repaint | construct) COUNT");
+    QString const kind = arguments.Kind();
     ButtonPairs::TStage stage;
     TMake make = &ButtonPairs::MakeStock;
     if (kind == QLatin1String("own"))
         make = &ButtonPairs::MakeOwn;
     else if (kind == QLatin1String("opaque"))
         make = &ButtonPairs::MakeOpaque;
-    if (repaint)
-        Repaint(stage, make, count);
-    else
-        Construct(stage, make, count);
+    bool const isRepaint = arguments.What() == QLatin1String("repaint");
+    (isRepaint ? Repaint : Construct)(stage, make, arguments.Count());
     return 0;
 }

@@ -1,11 +1,11 @@
 // Saves or restores a layout a number of times, for an instruction counter. Usage: count-layout (manager |
 // dom) (save | restore) COUNT
 
+#include "CountArguments.h"
 #include "LayoutPair.h"
 
 #include <QApplication>
 
-#include <cstdio>
 #include <functional>
 
 namespace
@@ -32,16 +32,13 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    QStringList const arguments = QCoreApplication::arguments();
-    int const count = arguments.value(3).toInt();
-    if (arguments.size() != 4 || count < 1)
-    {
-        std::fputs("Usage: count-layout (manager | dom) (save | restore) COUNT\n", stderr);
-        return 2;
-    }
+    TCountArguments const arguments;
+    if (!arguments.AreComplete())
+        return TCountArguments::Refuse("count-layout (manager | dom) (save | restore) COUNT");
     LayoutPair::TViews views;
     std::function<void()> const work =
-        WorkOf(arguments.at(1), arguments.at(2), views.Manager(), views.Manager()->GetStateSnapshotXML());
+        WorkOf(arguments.Kind(), arguments.What(), views.Manager(), views.Manager()->GetStateSnapshotXML());
+    int const count = arguments.Count();
     for (int i = 0; i < count; ++i)
         work();
     return 0;

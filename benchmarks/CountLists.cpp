@@ -6,6 +6,7 @@
 // no text either. The texts are made beforehand.
 
 #include "BenchScreen.h"
+#include "CountArguments.h"
 #include "Fonts.h"
 #include "Metrics.h"
 #include "PixmapManager.h"
@@ -17,7 +18,6 @@
 #include <QStyledItemDelegate>
 #include <QStyleFactory>
 
-#include <cstdio>
 #include <memory>
 
 namespace
@@ -114,24 +114,21 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QStringList const arguments = QCoreApplication::arguments();
-    QStringList const what = arguments.value(2).split(QLatin1Char('-'));
-    bool const isFew = arguments.value(1) == QLatin1String("few");
+    TCountArguments const arguments;
+    QStringList const what = arguments.What().split(QLatin1Char('-'));
+    bool const isFew = arguments.Kind() == QLatin1String("few");
     int const rows = what.value(1).toInt() / (isFew ? FewerRows : 1);
-    int const count = arguments.value(3).toInt();
     bool const isFill = what.first() == QLatin1String("fill");
-    if (arguments.size() != 4 || rows < 1 || count < 1 || (!isFill && what.first() != QLatin1String("paint")))
-    {
-        std::fputs("Usage: count-lists (own | few | stock) (fill-ROWS | paint-ROWS) COUNT\n", stderr);
-        return 2;
-    }
+    bool const isWork = isFill || what.first() == QLatin1String("paint");
+    if (!arguments.AreComplete() || rows < 1 || !isWork)
+        return TCountArguments::Refuse("count-lists (own | few | stock) (fill-ROWS | paint-ROWS) COUNT");
     TBenchScreen const screen(0);
     QWidget window;
     window.resize(800, 600);
     window.setPalette(QPalette(QColor(Ground)));
     window.show();
     QCoreApplication::processEvents();
-    TMake const make = arguments.at(1) == QLatin1String("stock") ? MakeStock : MakeOwn;
-    (isFill ? Fill : Paint)(make, &window, RowTexts(rows), count);
+    TMake const make = arguments.Kind() == QLatin1String("stock") ? MakeStock : MakeOwn;
+    (isFill ? Fill : Paint)(make, &window, RowTexts(rows), arguments.Count());
     return 0;
 }

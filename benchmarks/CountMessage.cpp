@@ -4,6 +4,7 @@
 // The toolkit's dialog, or a bare QDialog with the same text in a label and one button.
 
 #include "BenchScreen.h"
+#include "CountArguments.h"
 #include "TMessageDialog.h"
 
 #include <QApplication>
@@ -13,8 +14,6 @@
 #include <QScrollArea>
 #include <QStyleFactory>
 #include <QVBoxLayout>
-
-#include <cstdio>
 
 namespace
 {
@@ -73,21 +72,19 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QStringList const arguments = QCoreApplication::arguments();
-    int const count = arguments.value(3).toInt();
-    if (arguments.size() != 4 || count < 1)
-    {
-        std::fputs("Usage: count-message (own | stock) (short | long) COUNT\n", stderr);
-        return 2;
-    }
-    bool const isLong = arguments.at(2) == QLatin1String("long");
+    TCountArguments const arguments;
+    if (!arguments.AreComplete())
+        return TCountArguments::Refuse("count-message (own | stock) (short | long) COUNT");
+    bool const isOwn = arguments.Kind() == QLatin1String("own");
+    bool const isLong = arguments.What() == QLatin1String("long");
     QString const message = Message(isLong);
     TBenchScreen const screen(1);
     screen.Manager()->DisplayFullView(screen.Id(0), false);
     QCoreApplication::processEvents();
+    int const count = arguments.Count();
     for (int i = 0; i < count; ++i)
     {
-        if (arguments.at(1) == QLatin1String("own"))
+        if (isOwn)
             OpenOwn(message);
         else
             OpenStock(screen.Screen(), message, isLong);

@@ -5,6 +5,7 @@
 // the frame. A clear page lets the ground of the window through, an opaque one has a ground of its own.
 
 #include "BenchScreen.h"
+#include "CountArguments.h"
 #include "TLabel.h"
 #include "TScrollArea.h"
 
@@ -12,8 +13,6 @@
 #include <QScrollBar>
 #include <QStyleFactory>
 #include <QVBoxLayout>
-
-#include <cstdio>
 
 namespace
 {
@@ -58,22 +57,20 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    QStringList const arguments = QCoreApplication::arguments();
-    int const count = arguments.value(3).toInt();
-    if (arguments.size() != 4 || count < 1)
-    {
-        std::fputs("Usage: count-scroll (plain | framed | stock | styled) (opaque | clear) COUNT\n", stderr);
-        return 2;
-    }
+    TCountArguments const arguments;
+    if (!arguments.AreComplete())
+        return TCountArguments::Refuse(
+            "count-scroll (plain | framed | stock | styled) (opaque | clear) COUNT");
     TBenchScreen const screen(0);
     QWidget window;
     window.resize(800, 600);
     window.setPalette(QPalette(QColor(Ground)));
-    QScrollArea* const area = MakeArea(arguments.at(1), &window);
+    QScrollArea* const area = MakeArea(arguments.Kind(), &window);
     area->setGeometry(Place);
-    area->setWidget(MakePage(arguments.at(2) == QLatin1String("clear")));
+    area->setWidget(MakePage(arguments.What() == QLatin1String("clear")));
     window.show();
     QCoreApplication::processEvents();
+    int const count = arguments.Count();
     for (int i = 1; i <= count; ++i)
     {
         area->verticalScrollBar()->setValue(i * Step);

@@ -28,18 +28,17 @@ constexpr int RealPauseTime = 150;
 // No two rounds alike, so that a cache without a bound shows too.
 void Open(int round)
 {
-    QString const message =
-        QStringLiteral("Section %1 is blocked. ").arg(round, Digits, 10, QLatin1Char('0'));
+    QString const number = QString::number(round).rightJustified(Digits, QLatin1Char('0'));
+    QString const message = QStringLiteral("Section %1 is blocked. ").arg(number);
     QPixmap picture;
     if (round % 3 == 0)
     {
         picture = QPixmap(40 + round % 30, 60);
         picture.fill(Qt::darkRed);
     }
-    auto* const dialog =
-        new TMessageDialog(nullptr, QStringLiteral("Boom %1").arg(round, Digits, 10, QLatin1Char('0')),
-                           message.repeated(1 + round % LongRepeats),
-                           EMessageDialogType(round % MESSAGE_NO_BUTTON), true, picture);
+    auto* const dialog = new TMessageDialog(nullptr, QStringLiteral("Boom %1").arg(number),
+                                            message.repeated(1 + round % LongRepeats),
+                                            EMessageDialogType(round % MESSAGE_NO_BUTTON), true, picture);
     dialog->ShowWindow(round % 2 == 0);
     QCoreApplication::processEvents();
     dialog->Accept();
