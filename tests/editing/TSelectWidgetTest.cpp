@@ -5,6 +5,7 @@
 #include "TestScreen.h"
 #include "TFinger.h"
 #include "TLabel.h"
+#include "TListPicker.h"
 #include "TMMICapableWidgetNavigator.h"
 #include "TPushButton.h"
 #include "TWindow.h"
@@ -67,6 +68,40 @@ public:
     QPointer<TSelectWidget> selector;
     TFinger finger;
 };
+/// A selector of three entries on the main screen, whose list can open.
+class TSelectListStage
+{
+public:
+    TSelectListStage()
+        : selector(new TSelectWidget(screen.get()))
+        , finger(screen.get())
+        , picker(finger)
+    {
+        selector->setGeometry(100, 100, 300, 80);
+        selector->AppendEntry(QStringLiteral("row"), QStringLiteral("Row crop"), 30);
+        selector->AppendEntry(QStringLiteral("seed"), QStringLiteral("Seed"), 10);
+        selector->AppendEntry(QStringLiteral("grass"), QStringLiteral("Grass"), 20);
+        selector->SetupSelect(QString(), 2);
+        selector->show();
+        QCoreApplication::processEvents();
+        QObject::connect(selector.data(), &TSelectWidget::SelectionChanged, selector.data(),
+                         [this](int index)
+                         {
+                             // A row that becomes current and selected is told for both.
+                             if (told.isEmpty() || told.constLast() != index)
+                                 told << index;
+                         });
+    }
+
+    void Open() { finger.Touch(ButtonOf(selector, SELECTION)); }
+    QString Shown() const { return ButtonOf(selector, SELECTION)->GetText(); }
+
+    TTestScreen screen;
+    QPointer<TSelectWidget> selector;
+    TFinger finger;
+    TListPicker picker;
+    QVector<int> told;
+};
 } // namespace
 
 class TSelectWidgetTest : public QObject
@@ -90,6 +125,11 @@ private Q_SLOTS:
     void textIsShownAsItStands();
     void withoutEntriesNothingIsTold();
     void cancelledListRestoresTheSelection();
+    void theListShowsAllEntriesOverTheButton();
+    void aTouchedRowIsSelectedAtOnce();
+    void aCancelledListRestoresTheSelectionAfterSeveralSteps();
+    void theListMayBeReplacedFromItsOwnSignal();
+    void theListGoesWithTheSelector();
     void wheelWorksTheButtons();
     void pictures();
 
@@ -277,6 +317,76 @@ void TSelectWidgetTest::cancelledListRestoresTheSelection()
     QCOMPARE(m_Stage->Shown(), QStringLiteral("Seed"));
     QCOMPARE(changed.count(), 1);
     QCOMPARE(changed.first().first().toInt(), 1);
+}
+
+void TSelectWidgetTest::theListShowsAllEntriesOverTheButton()
+{
+    TSelectListStage stage;
+    stage.selector->UpdateSelection(1);
+    stage.told.clear();
+    QVERIFY(!stage.picker.Overlay());
+    stage.Open();
+    QVERIFY(stage.picker.Overlay());
+    QCOMPARE(stage.picker.Rows(),
+             QStringList({QStringLiteral("Row crop"), QStringLiteral("Seed"), QStringLiteral("Grass")}));
+    QCOMPARE(stage.picker.Selected(), QStringLiteral("Seed"));
+    auto const overlays = stage.picker.Overlay()->findChildren<TPushButton*>();
+    TPushButton const* const source = ButtonOf(stage.selector, SELECTION);
+    QRect const rect(source->mapTo(stage.screen.get(), QPoint()), source->size());
+    QVERIFY(std::any_of(overlays.begin(), overlays.end(),
+                        [&rect](TPushButton const* button) { return button->geometry() == rect; }));
+    QVERIFY(stage.told.isEmpty());
+}
+
+void TSelectWidgetTest::aTouchedRowIsSelectedAtOnce()
+{
+    TSelectListStage stage;
+    stage.Open();
+    stage.picker.TouchRow(2);
+    QCOMPARE(stage.told, QVector<int>{2});
+    QCOMPARE(stage.Shown(), QStringLiteral("Grass"));
+    stage.picker.Accept();
+    QVERIFY(!stage.picker.Overlay());
+    QCOMPARE(stage.Shown(), QStringLiteral("Grass"));
+}
+
+void TSelectWidgetTest::aCancelledListRestoresTheSelectionAfterSeveralSteps()
+{
+    TSelectListStage stage;
+    stage.selector->UpdateSelection(1);
+    stage.Open();
+    stage.picker.TouchRow(2);
+    stage.picker.TouchRow(0);
+    QCOMPARE(stage.Shown(), QStringLiteral("Row crop"));
+    stage.picker.GiveUp();
+    QVERIFY(!stage.picker.Overlay());
+    QCOMPARE(stage.Shown(), QStringLiteral("Seed"));
+    QCOMPARE(stage.told, QVector<int>({1, 2, 0, 1}));
+}
+
+void TSelectWidgetTest::theListMayBeReplacedFromItsOwnSignal()
+{
+    TSelectListStage stage;
+    QObject::connect(stage.selector.data(), &TSelectWidget::SelectionChanged, stage.selector.data(),
+                     [&stage] { stage.selector->SetupSelect(QStringLiteral("Crop"), 0); });
+    stage.Open();
+    stage.picker.TouchRow(2);
+    QVERIFY(!stage.picker.Overlay());
+    QCOMPARE(stage.Shown(), QStringLiteral("Row crop"));
+    stage.Open();
+    QCOMPARE(stage.picker.Selected(), QStringLiteral("Row crop"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(stage.picker.Overlay());
+}
+
+void TSelectWidgetTest::theListGoesWithTheSelector()
+{
+    TSelectListStage stage;
+    stage.Open();
+    QVERIFY(!stage.screen->GetLockingWidgets().isEmpty());
+    delete stage.selector.data();
+    QVERIFY(!stage.picker.Overlay());
+    QVERIFY(stage.screen->GetLockingWidgets().isEmpty());
 }
 
 void TSelectWidgetTest::wheelWorksTheButtons()

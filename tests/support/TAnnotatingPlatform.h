@@ -6,23 +6,21 @@
 #include "TTestPlatform.h"
 
 #include <QPointer>
+#include <QVector>
 
-#include <utility>
+#include <algorithm>
 
-/// A platform that shows annotations on the main screen at once, where their handlers say. It follows no
-/// source: a test that moves one says so to the handler.
+/// A platform that shows annotations on the main screen at once, where their handlers say, and gives them
+/// back when they are hidden. It follows no source: a test that moves one says so to the handler.
 class TAnnotatingPlatform : public TTestPlatform
 {
 public:
     void ShowAnnotation(QWidget* widget, KVN::IAnnotationHandler* handler, QWidget* source) override
     {
         m_Source = source;
-        if (m_Widget != widget)
-        {
-            m_Widget = widget;
-            m_FormerParent = widget->parentWidget();
-            m_FormerFlags = widget->windowFlags();
-        }
+        HideAnnotation(widget);
+        m_Shown.append({widget, widget->parentWidget(), widget->windowFlags()});
+        m_Widget = widget;
         widget->setParent(MainScreen);
         widget->raise();
         QPointer<QWidget> const shown(widget);
@@ -32,21 +30,29 @@ public:
     }
     void HideAnnotation(QWidget* widget) override
     {
-        if (!m_Widget || widget != m_Widget)
+        auto const found = std::find_if(m_Shown.begin(), m_Shown.end(),
+                                        [widget](TShown const& shown) { return shown.widget == widget; });
+        if (!widget || found == m_Shown.end())
             return;
-        m_Widget = nullptr;
-        m_Source = nullptr;
-        QPointer<QWidget> const hidden(widget);
-        widget->hide();
-        if (hidden)
-            widget->setParent(m_FormerParent, m_FormerFlags);
+        TShown const hidden = *found;
+        m_Shown.erase(found);
+        m_Widget = m_Shown.isEmpty() ? nullptr : m_Shown.constLast().widget;
+        hidden.widget->hide();
+        if (hidden.widget)
+            hidden.widget->setParent(hidden.formerParent, hidden.formerFlags);
     }
 
-    /// The annotation that is up; the latest one if there are more.
+    /// The annotation that is up, the latest one if there are more, and the source of the latest.
     QPointer<QWidget> m_Widget;
     QPointer<QWidget> m_Source;
 
 private:
-    QPointer<QWidget> m_FormerParent;
-    Qt::WindowFlags m_FormerFlags;
+    struct TShown
+    {
+        QPointer<QWidget> widget;
+        QPointer<QWidget> formerParent;
+        Qt::WindowFlags formerFlags;
+    };
+
+    QVector<TShown> m_Shown;
 };

@@ -1,5 +1,7 @@
 #include "TSelectWidget.h"
 
+#include "TEditItem.h"
+#include "TEditWidget.h"
 #include "TLabel.h"
 #include "TPushButton.h"
 
@@ -40,7 +42,10 @@ TSelectWidget::TSelectWidget(QWidget* parent)
     SetSelectorSize(SELECTOR_SMALL);
 }
 
-TSelectWidget::~TSelectWidget() = default;
+TSelectWidget::~TSelectWidget()
+{
+    delete m_EditWidget.data();
+}
 
 TPushButton* TSelectWidget::MakeButton(QString const& icon, int id, QString const& toolTip)
 {
@@ -51,6 +56,7 @@ TPushButton* TSelectWidget::MakeButton(QString const& icon, int id, QString cons
 
 void TSelectWidget::Clear()
 {
+    DropList();
     m_Entries.clear();
     m_Selection = 0;
     m_SelectionBeforeEdit = 0;
@@ -85,11 +91,11 @@ int TSelectWidget::GetID(int index) const
 
 void TSelectWidget::SetupSelect(QString const& title, int initial)
 {
-    Q_UNUSED(initial)
     m_Selection = 0;
     m_SelectionBeforeEdit = 0;
     m_Title->setText(title);
     m_Title->setVisible(!title.isEmpty());
+    MakeList(initial);
     ShowSelection();
 }
 
@@ -131,7 +137,44 @@ void TSelectWidget::OnButtonClicked(int buttonId)
     else if (buttonId == BUTTON_NEXT)
         UpdateSelection(m_Selection + 1);
     else if (buttonId == BUTTON_SELECTION)
-        m_SelectionBeforeEdit = m_Selection;
+        OpenList();
+}
+
+void TSelectWidget::MakeList(int initial)
+{
+    DropList();
+    TEditItem item;
+    item.kind = EDIT_KIND_TEXT_LIST;
+    item.SetMinMaxInc(0, m_Entries.size() - 1, 1);
+    item.value = initial;
+    for (int i = 0; i < m_Entries.size(); ++i)
+        item.textItems.setAt(i, GetStringEntry(i));
+    auto* const list = new TEditWidget(nullptr, &item);
+    m_EditWidget = list;
+    connect(list, &TEditWidget::NumberPadCancelled, this, &TSelectWidget::OnSelectionCancelled);
+    connect(list, &TEditWidget::SelectionChanged, this, &TSelectWidget::OnSelectionChanged);
+    list->Close();
+}
+
+// It may be the one whose signal asks for other entries.
+void TSelectWidget::DropList()
+{
+    if (!m_EditWidget)
+        return;
+    m_EditWidget->disconnect(this);
+    m_EditWidget->Close();
+    m_EditWidget->deleteLater();
+    m_EditWidget = nullptr;
+}
+
+void TSelectWidget::OpenList()
+{
+    m_SelectionBeforeEdit = m_Selection;
+    if (!m_EditWidget)
+        return;
+    m_EditWidget->SetCurrentValue(m_Selection);
+    m_EditWidget->SetPosition(m_SelectionButton);
+    m_EditWidget->Open();
 }
 
 void TSelectWidget::OnSelectionCancelled()
@@ -141,5 +184,6 @@ void TSelectWidget::OnSelectionCancelled()
 
 void TSelectWidget::OnSelectionChanged(int index)
 {
-    UpdateSelection(index);
+    if (m_EditWidget)
+        UpdateSelection(index);
 }

@@ -2,10 +2,12 @@
 
 #include "CommonUILibExport.h"
 
+#include <QPointer>
 #include <QString>
 #include <QVector>
 #include <QWidget>
 
+class TEditWidget;
 class TLabel;
 class TPushButton;
 
@@ -45,8 +47,9 @@ public:
     /// @}
 
     /// Begins anew with the first entry, without a signal; to be called when all entries are there. An empty
-    /// \a title takes no room. \a initial is where the list begins that the middle button opens; since that
-    /// is told the selected entry each time, it decides nothing.
+    /// \a title takes no room. \a initial is the entry with which the list is made that the middle button
+    /// opens, the first one where there is no such entry; since the list is told the selected entry each time
+    /// it opens, that is never seen.
     void SetupSelect(QString const& title, int initial);
     /// The least size of the buttons; that of any other value stays as it is. SELECTOR_SMALL at first.
     void SetSelectorSize(ESelectorSize size);
@@ -79,8 +82,12 @@ private:
 
     TPushButton* MakeButton(QString const& icon, int id, QString const& toolTip);
     void ShowSelection();
+    void MakeList(int initial);
+    void DropList();
+    void OpenList();
 
     QVector<TEntry> m_Entries;
+    QPointer<TEditWidget> m_EditWidget;
     TPushButton* m_PreviousButton;
     TPushButton* m_NextButton;
     TPushButton* m_SelectionButton;
