@@ -1,6 +1,7 @@
 #include "KeySteps.h"
 #include "Metrics.h"
 #include "TestCase.h"
+#include "TListPicker.h"
 #include "TNumberPadPlayer.h"
 #include "TUnitAbbreviations.h"
 #include "TUnits.h"
@@ -133,7 +134,6 @@ private Q_SLOTS:
     void aSelectorWithoutTheUnitOfTheOperatorStartsWithItsFirst();
     void theButtonHasItsFixedWidthOnRequest();
     void anInvalidSelectorHidesTheButton();
-    void theUnitsButtonTakesTheNextUnit();
     void theSelectedUnitCounts();
     void theDensityCountsWithASelectorToo();
     void noOtherUnitThanTheOneShownIsTaken();
@@ -144,6 +144,11 @@ private Q_SLOTS:
     void aShorterSelectorStartsAnew();
     void aSelectorOfAHiddenPadWithoutAParent();
 
+    void theUnitsButtonOpensTheListOfUnits();
+    void aTouchedUnitIsTakenAtOnce();
+    void theWheelTakesAUnitByTheTick();
+    void aCancelledListKeepsTheUnit();
+    void theListOfUnitsGoesWithThePad();
     void timesAndAddressesPassThrough();
     void oddValues_data();
     void oddValues();
@@ -620,21 +625,6 @@ void TUnitsNumberPadTest::anInvalidSelectorHidesTheButton()
     QCOMPARE(stage.Pad()->GetUnitsButton()->GetText(), QStringLiteral("mph"));
 }
 
-void TUnitsNumberPadTest::theUnitsButtonTakesTheNextUnit()
-{
-    TSpeedStage stage;
-    stage.Pad()->SetUnitSelector(KilometresAndMiles());
-    stage.Show(Stored(KilometresPerMile * 10));
-    TPushButton* const button = stage.Pad()->GetUnitsButton();
-    button->setGeometry(500, 10, 100, 60);
-    stage.finger.Touch(button);
-    QCOMPARE(button->GetText(), QStringLiteral("mph"));
-    QCOMPARE(stage.Shown(), QStringLiteral("10.00\u00A0mph"));
-    stage.finger.Touch(button);
-    QCOMPARE(button->GetText(), QStringLiteral("km/h"));
-    QCOMPARE(stage.Shown(), QStringLiteral("16.1\u00A0km/h"));
-}
-
 void TUnitsNumberPadTest::theSelectedUnitCounts()
 {
     TSpeedStage stage;
@@ -749,6 +739,80 @@ void TUnitsNumberPadTest::aSelectorOfAHiddenPadWithoutAParent()
     stage.Show(Stored(12.5));
     QVERIFY(stage.Pad()->GetUnitsButton());
     QCOMPARE(stage.Pad()->GetUnitsButton()->parentWidget(), stage.screen.get());
+}
+
+void TUnitsNumberPadTest::theUnitsButtonOpensTheListOfUnits()
+{
+    TSpeedStage stage;
+    TListPicker const picker(stage.finger);
+    stage.Pad()->SetUnitSelector(KilometresAndMiles());
+    stage.Show(Stored(12.5));
+    stage.Pad()->GetUnitsButton()->move(600, 60);
+    stage.finger.Touch(stage.Pad()->GetUnitsButton());
+    QVERIFY(picker.Overlay());
+    QCOMPARE(picker.Rows(), QStringList({QStringLiteral("km/h"), QStringLiteral("mph")}));
+    QCOMPARE(picker.Selected(), QStringLiteral("km/h"));
+    // The second time the same list is filled anew.
+    QPointer<TEditWidget> const list(picker.Overlay());
+    stage.Pad()->OnNewUnitsSelected(1);
+    QVERIFY(!picker.Overlay());
+    stage.Pad()->SetUnitSelector(Selector({{UNIT_KNOT, 1}, {UNIT_MILES_PER_HOUR, 1}}));
+    stage.finger.Touch(stage.Pad()->GetUnitsButton());
+    QCOMPARE(picker.Overlay(), list.data());
+    QCOMPARE(picker.Selected(), QStringLiteral("mph"));
+}
+
+void TUnitsNumberPadTest::aTouchedUnitIsTakenAtOnce()
+{
+    TSpeedStage stage;
+    TListPicker picker(stage.finger);
+    stage.Pad()->SetUnitSelector(KilometresAndMiles());
+    stage.Show(Stored(100.0));
+    stage.Pad()->GetUnitsButton()->move(600, 60);
+    stage.finger.Touch(stage.Pad()->GetUnitsButton());
+    picker.TouchRow(1);
+    QVERIFY(!picker.Overlay());
+    QCOMPARE(stage.Pad()->GetUnitsButton()->GetText(), QStringLiteral("mph"));
+    QCOMPARE(stage.Shown(), QStringLiteral("62.14\u00A0mph"));
+}
+
+void TUnitsNumberPadTest::theWheelTakesAUnitByTheTick()
+{
+    TSpeedStage stage;
+    TListPicker picker(stage.finger);
+    stage.Pad()->SetUnitSelector(KilometresAndMiles());
+    stage.Show(Stored(100.0));
+    stage.Pad()->OnUnitsButtonClicked();
+    picker.Overlay()->OnMMIWheelRight();
+    QCOMPARE(stage.Pad()->GetUnitsButton()->GetText(), QStringLiteral("km/h"));
+    picker.Accept();
+    QVERIFY(!picker.Overlay());
+    QCOMPARE(stage.Pad()->GetUnitsButton()->GetText(), QStringLiteral("mph"));
+}
+
+void TUnitsNumberPadTest::aCancelledListKeepsTheUnit()
+{
+    TSpeedStage stage;
+    TListPicker picker(stage.finger);
+    stage.Pad()->SetUnitSelector(KilometresAndMiles());
+    stage.Show(Stored(100.0));
+    stage.Pad()->OnUnitsButtonClicked();
+    picker.Overlay()->OnMMIWheelRight();
+    picker.GiveUp();
+    QVERIFY(!picker.Overlay());
+    QCOMPARE(stage.Shown(), QStringLiteral("100.0\u00A0km/h"));
+}
+
+void TUnitsNumberPadTest::theListOfUnitsGoesWithThePad()
+{
+    TSpeedStage stage;
+    TListPicker const picker(stage.finger);
+    stage.Pad()->SetUnitSelector(KilometresAndMiles());
+    stage.Show(Stored(100.0));
+    stage.Pad()->OnUnitsButtonClicked();
+    delete stage.pad.data();
+    QVERIFY(!picker.Overlay());
+    QVERIFY(stage.screen->GetLockingWidgets().isEmpty());
 }
 
 void TUnitsNumberPadTest::timesAndAddressesPassThrough()

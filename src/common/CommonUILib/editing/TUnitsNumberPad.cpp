@@ -1,6 +1,8 @@
 #include "TUnitsNumberPad.h"
 
 #include "PixmapNames.h"
+#include "TEditItem.h"
+#include "TEditWidget.h"
 #include "TPushButton.h"
 #include "TUnitAbbreviations.h"
 #include "TUnits.h"
@@ -26,6 +28,7 @@ TUnitsNumberPad::TUnitsNumberPad(QWidget* parent, ENumberPadType type)
 
 TUnitsNumberPad::~TUnitsNumberPad()
 {
+    delete m_UnitsEdit.data();
     delete m_UnitsButton.data();
 }
 
@@ -281,12 +284,55 @@ void TUnitsNumberPad::MakeUnitsButton()
 
 void TUnitsNumberPad::OnUnitsButtonClicked()
 {
-    if (m_Selector.IsValid())
-        OnNewUnitsSelected((m_SelectorIndex + 1) % m_Selector.units.size());
+    if (!m_Selector.IsValid() || !m_UnitsButton)
+        return;
+    TEditItem const item = UnitsItem();
+    if (m_UnitsEdit)
+        m_UnitsEdit->RefreshProperties(&item);
+    else
+        MakeUnitsEdit();
+    m_UnitsEdit->SetCurrentValue(m_SelectorIndex);
+    m_UnitsEdit->SetPosition(m_UnitsButton);
+    m_UnitsEdit->Open();
+}
+
+TEditItem TUnitsNumberPad::UnitsItem() const
+{
+    TEditItem item;
+    item.kind = EDIT_KIND_TEXT_LIST;
+    item.SetMinMaxInc(0, m_Selector.units.size() - 1, 1);
+    item.value = m_SelectorIndex;
+    for (int i = 0; i < m_Selector.units.size(); ++i)
+        item.textItems.setAt(i, TUnitAbbreviations::UnitAbbreviations[m_Selector.units.at(i).unit]);
+    return item;
+}
+
+// The wheel takes a row by the list's button for it.
+void TUnitsNumberPad::MakeUnitsEdit()
+{
+    TEditItem const item = UnitsItem();
+    m_UnitsEdit = new TEditWidget(nullptr, &item);
+    connect(m_UnitsEdit.data(), &TEditWidget::MouseReleased, this, &TUnitsNumberPad::OnNewUnitsSelected);
+    connect(m_UnitsEdit.data(), &TEditWidget::NewValue, this,
+            [this](double index) { OnNewUnitsSelected(int(index)); });
+    connect(m_UnitsEdit.data(), &TEditWidget::NumberPadCancelled, this, &TUnitsNumberPad::OnUnitsCancelled);
+}
+
+void TUnitsNumberPad::OnUnitsCancelled()
+{
+    if (m_UnitsEdit)
+        OnNewUnitsSelected(int(m_UnitsEdit->GetCurrentValue()));
+}
+
+void TUnitsNumberPad::CloseUnitsEdit()
+{
+    if (m_UnitsEdit)
+        m_UnitsEdit->Close();
 }
 
 void TUnitsNumberPad::OnNewUnitsSelected(int index)
 {
+    CloseUnitsEdit();
     bool const isUnit = m_Selector.IsValid() && index >= 0 && index < m_Selector.units.size();
     if (!isUnit || index == m_SelectorIndex)
         return;

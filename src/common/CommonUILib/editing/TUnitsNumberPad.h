@@ -4,6 +4,9 @@
 #include "TNumberPad.h"
 #include "TUnitsSelector.h"
 
+class TEditWidget;
+struct TEditItem;
+
 /// The number pad for values with units: it is given and gives values in the default unit of their type, and
 /// shows and takes them in the unit that the operator reads, or in the one chosen among those of a
 /// TUnitsSelector. A button beside the value then names that unit.
@@ -52,11 +55,13 @@ public:
     double GetValueInDefaultNumPadUnit(double value) const;
 
 public Q_SLOTS:
-    /// Takes the next unit of the selector; after the last comes the first.
+    /// Opens the list of the units over their button. The row that is touched is taken at once.
     void OnUnitsButtonClicked();
-    /// The unit at \a index of the selector: the value that was set is shown anew in it, in place of what was
-    /// typed. An index that does not exist changes nothing.
+    /// Closes the list. The unit at \a index of the selector: the value that was set is shown anew in it, in
+    /// place of what was typed. An index that does not exist changes no unit.
     void OnNewUnitsSelected(int index);
+    /// The unit with which the list was opened.
+    void OnUnitsCancelled();
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -76,6 +81,9 @@ private:
     void UpdateUnitsButton();
     void ShowUnitsButton();
     void MakeUnitsButton();
+    TEditItem UnitsItem() const;
+    void MakeUnitsEdit();
+    void CloseUnitsEdit();
 
     EUnitsType m_UnitType = UNIT_NONE;
     EUnitsContext m_UnitsContext = UNITS_CONTEXT_GENERAL;
@@ -87,5 +95,6 @@ private:
     int m_WantedDecimalPlaces = 0;
     TUnitsSelector m_Selector;
     QPointer<TPushButton> m_UnitsButton;
-    int m_SelectorIndex = -1; // of the entry in force; -1 until there was a valid selector
+    QPointer<TEditWidget> m_UnitsEdit; // made for the first choice
+    int m_SelectorIndex = -1;          // of the entry in force; -1 until there was a valid selector
 };
