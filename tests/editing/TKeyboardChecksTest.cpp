@@ -1,5 +1,6 @@
 #include "TestCase.h"
 #include "TKeyboardStage.h"
+#include "TListPicker.h"
 
 #include <QSignalSpy>
 
@@ -48,7 +49,8 @@ private Q_SLOTS:
     void aCharsetShowsItsFirstLayout();
     void aCharsetHasNoDeadKeys();
     void aCharsetReplacesShiftByTheLayoutKey();
-    void theLayoutKeyGoesThroughTheChoice();
+    void theLayoutKeyOffersTheChoiceOfACharset();
+    void theChoiceGoesWithTheKeyboard();
     void aRowOfTheChoiceIsShown();
     void rowsThatAreNoneChangeNothing();
     void aRunIsOneWideKeyAndAGapIsEmpty();
@@ -201,7 +203,7 @@ void TKeyboardChecksTest::aCharsetHasNoDeadKeys()
 {
     TKeyboardStage stage;
     stage.keyboard->SetExternalLayout(QSharedPointer<TGeorgianCharset>::create(), nullptr);
-    stage.finger.Touch(stage.LayoutKey());
+    stage.keyboard->OnLayoutSelected(2);
     QVERIFY(stage.Type(QStringLiteral("^´")));
     QCOMPARE(stage.typed, QStringLiteral("^´"));
 }
@@ -218,21 +220,58 @@ void TKeyboardChecksTest::aCharsetReplacesShiftByTheLayoutKey()
     QCOMPARE(stage.Rows().at(1), QStringLiteral("QWERTYUIOP"));
 }
 
-void TKeyboardChecksTest::theLayoutKeyGoesThroughTheChoice()
+void TKeyboardChecksTest::theLayoutKeyOffersTheChoiceOfACharset()
 {
     TKeyboardStage stage(5, 1);
-    QSignalSpy const up(stage.keyboard.data(), &TKeyboard::LayoutSelectorUp);
-    QSignalSpy const down(stage.keyboard.data(), &TKeyboard::LayoutSelectorDown);
+    TListPicker picker(stage.finger);
+    QStringList told;
+    connect(stage.keyboard.data(), &TKeyboard::LayoutSelectorUp, this,
+            [&] { told << (picker.Overlay() ? QStringLiteral("up over the list") : QStringLiteral("up")); });
+    connect(stage.keyboard.data(), &TKeyboard::LayoutSelectorDown, this,
+            [&] { told << QStringLiteral("down ") + stage.Rows().at(1); });
     stage.keyboard->SetExternalLayout(QSharedPointer<TGeorgianCharset>::create(), nullptr);
-    for (QString const& row :
-         {QStringLiteral("(^´"), QStringLiteral("ЙЦУКЕНГШЩЗХЪ"), QStringLiteral("QWERTZUIOPÜ"),
-          QStringLiteral("აშდფგჰჟკლ"), QStringLiteral("(^´")})
-    {
-        stage.finger.Touch(stage.LayoutKey());
-        QCOMPARE(QString(stage.Rows().at(1)).remove(QLatin1Char(')')), row);
-    }
-    QCOMPARE(up.count(), 5);
-    QCOMPARE(down.count(), 5);
+    QStringList const rows = {QStringLiteral("Standard"), QStringLiteral("Alternative"),
+                              QStringLiteral("Georgian"), QStringLiteral("Signs")};
+    stage.finger.Touch(stage.LayoutKey());
+    QCOMPARE(picker.Rows(), rows);
+    QCOMPARE(picker.Selected(), rows.at(2));
+    picker.TouchRow(0);
+    QCOMPARE(told, QStringList{QStringLiteral("up over the list")});
+    picker.Accept();
+    QVERIFY(!picker.Overlay());
+    QCOMPARE(told.constLast(), QStringLiteral("down ЙЦУКЕНГШЩЗХЪ"));
+    stage.finger.Touch(stage.LayoutKey());
+    QCOMPARE(picker.Selected(), rows.at(0));
+    picker.TouchRow(1);
+    picker.Accept();
+    QCOMPARE(told.constLast(), QStringLiteral("down QWERTZUIOPÜ"));
+    stage.finger.Touch(stage.LayoutKey());
+    QCOMPARE(picker.Selected(), rows.at(1));
+    picker.TouchRow(3);
+    picker.GiveUp();
+    QVERIFY(!picker.Overlay());
+    QCOMPARE(told.constLast(), QStringLiteral("down QWERTZUIOPÜ"));
+    QCOMPARE(told.size(), 6);
+}
+
+void TKeyboardChecksTest::theChoiceGoesWithTheKeyboard()
+{
+    TKeyboardStage stage(5, 1);
+    TListPicker const picker(stage.finger);
+    stage.keyboard->SetExternalLayout(QSharedPointer<TGeorgianCharset>::create(), nullptr);
+    stage.finger.Touch(stage.LayoutKey());
+    QPointer<TEditWidget> const list(picker.Overlay());
+    QVERIFY(list);
+    stage.keyboard->HideWindow();
+    QVERIFY(!picker.Overlay());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!list);
+    stage.keyboard->ShowWindow(false);
+    stage.finger.Touch(stage.LayoutKey());
+    QVERIFY(picker.Overlay());
+    delete stage.keyboard.data();
+    QVERIFY(!picker.Overlay());
+    QVERIFY(stage.screen->GetLockingWidgets().isEmpty());
 }
 
 void TKeyboardChecksTest::aRowOfTheChoiceIsShown()
@@ -265,7 +304,7 @@ void TKeyboardChecksTest::aRunIsOneWideKeyAndAGapIsEmpty()
 {
     TKeyboardStage stage;
     stage.keyboard->SetExternalLayout(QSharedPointer<TGeorgianCharset>::create(), nullptr);
-    stage.finger.Touch(stage.LayoutKey());
+    stage.keyboard->OnLayoutSelected(2);
     int const unit = stage.Key(QLatin1Char('*'))->width();
     QCOMPARE(stage.Key(QLatin1Char('+'))->width(), 2 * unit);
     QCOMPARE(stage.Key(QLatin1Char('-'))->x(), stage.Key(QLatin1Char('+'))->x() + 2 * unit);

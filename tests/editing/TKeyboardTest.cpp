@@ -4,6 +4,7 @@
 #include "TestCase.h"
 #include "TKeyboardStage.h"
 #include "TKeyboardTables.h"
+#include "TListPicker.h"
 
 #include <QPainter>
 #include <QSignalSpy>
@@ -725,9 +726,15 @@ void TKeyboardTest::diesInTheSlotOfItsOwnSignals()
         stage.keyboard->SetExternalLayout(QSharedPointer<TGeorgianCharset>::create(), nullptr);
     TKey* const touched = key.size() == 1 ? stage.Key(key.at(0)) : stage.Special(key);
     QVERIFY(touched);
+    TListPicker picker(stage.finger);
     TEnd end(stage.keyboard);
     QVERIFY(connect(stage.keyboard, signal.constData(), &end, SLOT(Come())));
     stage.finger.Touch(touched);
+    if (picker.Overlay())
+    {
+        picker.TouchRow(0);
+        picker.Accept();
+    }
     QVERIFY(!stage.keyboard);
 }
 

@@ -2,8 +2,12 @@
 
 #include "Charset.h"
 #include "KeyCheck.h"
+#include "MainScreen.h"
 #include "PixmapNames.h"
+#include "TEditItem.h"
+#include "TEditWidget.h"
 #include "TKey.h"
+#include "TScreen.h"
 
 #include <QPointer>
 
@@ -66,7 +70,10 @@ TKeyboard::TKeyboard(QWidget* parent)
     m_InputArea->setFocusPolicy(Qt::NoFocus);
 }
 
-TKeyboard::~TKeyboard() = default;
+TKeyboard::~TKeyboard()
+{
+    delete m_LayoutSelector.data();
+}
 
 QHash<QChar, QChar> const& TKeyboard::ShiftedSymbols()
 {
@@ -309,6 +316,7 @@ void TKeyboard::showEvent(QShowEvent* event)
 void TKeyboard::hideEvent(QHideEvent* event)
 {
     TWindow::hideEvent(event);
+    CloseLayoutSelector();
     m_Shifted = false;
     m_Accent = -1;
 }
@@ -357,7 +365,7 @@ void TKeyboard::OnLayoutChangeKey(int index)
 {
     Q_UNUSED(index)
     if (m_Charset)
-        SelectNextLayout();
+        OpenLayoutSelector();
     else if (m_AltLayout != KEYBOARD_LAYOUT_NONE)
         ChangeLayout(m_Layout == m_AltLayout ? m_OrigLayout : m_AltLayout);
 }
@@ -374,21 +382,64 @@ QVector<int> TKeyboard::LayoutChoices() const
     return choices;
 }
 
-void TKeyboard::SelectNextLayout()
+// Its value is the row of the layout on show.
+TEditItem TKeyboard::LayoutsItem() const
 {
     QVector<int> const choices = LayoutChoices();
+    TEditItem item;
+    item.kind = EDIT_KIND_TEXT_LIST;
+    item.SetMinMaxInc(0, choices.size() - 1, 1);
+    for (int row = 0; row < choices.size(); ++row)
+    {
+        int const choice = choices.at(row);
+        if (choice == StandardLayout)
+            item.textItems.setAt(row, tr("Standard"));
+        else if (choice == AlternativeLayout)
+            item.textItems.setAt(row, tr("Alternative"));
+        else
+            item.textItems.setAt(row, m_Charset->GetLayoutName(choice));
+    }
     bool const isAlternative = m_AltLayout != KEYBOARD_LAYOUT_NONE && m_Layout == m_AltLayout;
     int const standing = isAlternative ? AlternativeLayout : StandardLayout;
-    int const row = choices.indexOf(m_ExternalIndex >= 0 ? m_ExternalIndex : standing);
-    QPointer<TKeyboard> const self(this);
+    item.value = choices.indexOf(m_ExternalIndex >= 0 ? m_ExternalIndex : standing);
+    return item;
+}
+
+// It is made for one choice, as the layouts may be others at the next.
+void TKeyboard::OpenLayoutSelector()
+{
+    CloseLayoutSelector();
+    TEditItem const item = LayoutsItem();
+    auto* const selector = new TEditWidget(MainScreen, &item);
+    m_LayoutSelector = selector;
+    selector->SetLockExclusive(true);
+    connect(selector, &TEditWidget::NewValue, this, &TKeyboard::OnLayoutSelected);
+    connect(selector, &TEditWidget::NumberPadCancelled, this, &TKeyboard::OnLayoutSelectorCancelled);
+    selector->SetPosition(SpecialKey(KEY_LAYOUT));
+    selector->Open();
     Q_EMIT LayoutSelectorUp();
-    if (self)
-        OnLayoutSelected((row + 1) % choices.size());
+}
+
+void TKeyboard::CloseLayoutSelector()
+{
+    if (!m_LayoutSelector)
+        return;
+    m_LayoutSelector->disconnect(this);
+    m_LayoutSelector->Close();
+    m_LayoutSelector->deleteLater();
+    m_LayoutSelector = nullptr;
+}
+
+void TKeyboard::OnLayoutSelectorCancelled()
+{
+    CloseLayoutSelector();
+    Q_EMIT LayoutSelectorDown();
 }
 
 void TKeyboard::OnLayoutSelected(double row)
 {
     QPointer<TKeyboard> const self(this);
+    CloseLayoutSelector();
     QVector<int> const choices = LayoutChoices();
     if (row >= 0 && row < choices.size() && m_LayoutBeforeHex == KEYBOARD_LAYOUT_NONE)
     {

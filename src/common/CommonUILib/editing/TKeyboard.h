@@ -6,6 +6,7 @@
 #include "TWindow.h"
 
 #include <QHash>
+#include <QPointer>
 #include <QRect>
 #include <QSharedPointer>
 #include <QString>
@@ -15,8 +16,10 @@
 #include <array>
 #include <memory>
 
+class TEditWidget;
 class TKey;
 class TPushButton;
+struct TEditItem;
 
 namespace Keyboard_layouts_api
 {
@@ -148,6 +151,7 @@ private Q_SLOTS:
     void OnOk(int index);
     void OnCancel(int index);
     void OnBackSpace(int index);
+    void OnLayoutSelectorCancelled();
 
 private:
     enum ESpecialKey
@@ -246,7 +250,9 @@ private:
     bool IsKeyWanted(TKey const* key) const;
     void EnableKeys();
     QVector<int> LayoutChoices() const;
-    void SelectNextLayout();
+    TEditItem LayoutsItem() const;
+    void OpenLayoutSelector();
+    void CloseLayoutSelector();
 
     static EKeyboardLayout m_Layout; // on show
     static EKeyboardLayout m_OrigLayout;
@@ -284,4 +290,5 @@ private:
     int m_ExternalIndex = -1;
     EKeyboardLayout m_LayoutBeforeHex = KEYBOARD_LAYOUT_NONE; // none: not in hexadecimal mode
     std::unique_ptr<TSavedLayout> m_LayoutBeforeEnglish;
+    QPointer<TEditWidget> m_LayoutSelector; // while the choice of a layout goes on
 };
