@@ -192,8 +192,11 @@ protected:
 
     /// Null for an item that is no list.
     TListControl* GetList() const { return m_List; }
-    TPushButton* GetListOkButton() const { return m_ListOk; }
-    TPushButton* GetListCancelButton() const { return m_ListCancel; }
+    TPushButton* GetValueButton() const { return m_ValueButton; }
+    /// Puts the buttons that accept the list and give it up below it.
+    void PlaceListButtons();
+    /// The title, if there is one, in a box around the list whose upper edge is at \a boxTop.
+    void PaintTitle(QPainter& painter, int boxTop);
     /// Room for other parts in the box around the list, in pixels.
     void SetExtraBoxHeight(int height);
     /// The height of the list's title, which is never less than the border.
@@ -281,7 +284,6 @@ private:
     TBoxPlace PlaceForBox(QRect const& usable, int width, int height) const;
     TBoxPlace PlaceBelowOrAbove(QRect const& usable, int width, int height) const;
     int RowsThatFit(TBoxPlace const& place) const;
-    void PlaceListButtons();
     void SetBox(QRect const& box);
     void SetKeyPadPosition();
     void PlaceFloatingButtons(QRect const& usable);

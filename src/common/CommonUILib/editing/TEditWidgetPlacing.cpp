@@ -342,9 +342,14 @@ void TEditWidget::paintEvent(QPaintEvent* event)
         return;
     painter.setClipRegion(event->region());
     painter.drawPixmap(m_Box.topLeft(), *m_BoxPixmap);
-    if (!HasTitle())
+    PaintTitle(painter, m_Box.y());
+}
+
+void TEditWidget::PaintTitle(QPainter& painter, int boxTop)
+{
+    if (!HasTitle() || !m_List)
         return;
-    QRect const title(m_List->x(), m_Box.y() + LIST_TITLE_OFFSET, m_List->width(),
+    QRect const title(m_List->x(), boxTop + LIST_TITLE_OFFSET, m_List->width(),
                       GetTitleBarHeight() - LIST_TITLE_OFFSET);
     KVN::RenderUtils::RenderText(&painter, title, TitleFlags, QTextOption::WrapAtWordBoundaryOrAnywhere,
                                  m_Title, TitleFontSize, QColor(QStringLiteral("White")), true, false,
