@@ -29,6 +29,35 @@ public:
     QStringList m_Rows;
     QString m_Otherwise;
 };
+
+/// Layouts with full stops and blanks wherever they can stand.
+class TListedCharset : public Keyboard_layouts_api::Charset
+{
+public:
+    explicit TListedCharset(int count)
+        : m_Count(count)
+    {
+    }
+
+    int GetLayoutCount() const override { return m_Count; }
+    QString GetLayoutName(int layout) const override { return QString::number(layout); }
+    int GetRowCount(int layout) const override
+    {
+        m_WrongQuestions += layout < m_Count ? 0 : 1;
+        return 3;
+    }
+    QString GetRowText(int layout, int row, bool capitals) const override
+    {
+        Q_UNUSED(capitals)
+        m_WrongQuestions += layout < m_Count ? 0 : 1;
+        static QStringList const rows = {QStringLiteral("%1x."), QStringLiteral(".y."),
+                                         QStringLiteral(" z ")};
+        return row == 0 ? rows.at(0).arg(layout) : rows.at(row);
+    }
+
+    int m_Count;
+    mutable int m_WrongQuestions = 0;
+};
 } // namespace
 
 /// What clients and charsets ask of the keys.
@@ -52,6 +81,11 @@ private Q_SLOTS:
     void theLayoutKeyOffersTheChoiceOfACharset();
     void theChoiceGoesWithTheKeyboard();
     void aRowOfTheChoiceIsShown();
+    void aCharsetWithoutLayoutsKeepsShift();
+    void aCharsetMayLoseLayouts();
+    void onlyTheFirstSpaceOfTheLastRowIsAKey();
+    void everySpaceAndFullStopIsDisabled();
+    void aPendingShiftEndsWithItsKey();
     void rowsThatAreNoneChangeNothing();
     void aRunIsOneWideKeyAndAGapIsEmpty();
     void aCharsetBringsItsCheck();
@@ -272,6 +306,55 @@ void TKeyboardChecksTest::theChoiceGoesWithTheKeyboard()
     delete stage.keyboard.data();
     QVERIFY(!picker.Overlay());
     QVERIFY(stage.screen->GetLockingWidgets().isEmpty());
+}
+
+void TKeyboardChecksTest::aCharsetWithoutLayoutsKeepsShift()
+{
+    TKeyboardStage stage;
+    stage.keyboard->SetExternalLayout(QSharedPointer<TListedCharset>::create(0), nullptr);
+    QVERIFY(stage.Shift());
+    QVERIFY(!stage.LayoutKey());
+}
+
+void TKeyboardChecksTest::aCharsetMayLoseLayouts()
+{
+    TKeyboardStage stage;
+    auto const charset = QSharedPointer<TListedCharset>::create(2);
+    stage.keyboard->SetExternalLayout(charset, nullptr);
+    stage.keyboard->OnLayoutSelected(2);
+    QCOMPARE(stage.Rows().constFirst(), QStringLiteral("1x."));
+    charset->m_Count = 1;
+    stage.keyboard->HideWindow();
+    stage.keyboard->ShowWindow(false);
+    QCOMPARE(stage.Rows().at(1), QStringLiteral("QWERTYUIOP"));
+    QCOMPARE(charset->m_WrongQuestions, 0);
+}
+
+void TKeyboardChecksTest::onlyTheFirstSpaceOfTheLastRowIsAKey()
+{
+    TKeyboardStage stage;
+    stage.keyboard->SetExternalLayout(QSharedPointer<TListedCharset>::create(1), nullptr);
+    QCOMPARE(stage.Rows().constLast().count(QLatin1Char(' ')), 1);
+}
+
+void TKeyboardChecksTest::everySpaceAndFullStopIsDisabled()
+{
+    TKeyboardStage stage;
+    stage.keyboard->SetExternalLayout(QSharedPointer<TListedCharset>::create(1), nullptr);
+    stage.keyboard->EnableFullStopKey(false);
+    stage.keyboard->EnableSpaceKey(false);
+    QVERIFY(!stage.Enabled().contains(QLatin1Char('.')));
+    QVERIFY(!stage.Enabled().contains(QLatin1Char(' ')));
+    QVERIFY(stage.Enabled().contains(QLatin1Char('x')));
+}
+
+void TKeyboardChecksTest::aPendingShiftEndsWithItsKey()
+{
+    TKeyboardStage stage;
+    stage.finger.Touch(stage.Shift());
+    QCOMPARE(stage.Rows().at(1), QStringLiteral("qwertyuiop"));
+    stage.keyboard->SetLayout(KEYBOARD_LAYOUT_ENGLISH, EKeyboardLayout(1));
+    QCOMPARE(stage.Rows().at(1), QStringLiteral("QWERTYUIOP"));
 }
 
 void TKeyboardChecksTest::aRowOfTheChoiceIsShown()

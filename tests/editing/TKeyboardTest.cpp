@@ -131,6 +131,10 @@ private Q_SLOTS:
     void diesInTheSlotOfItsOwnSignals_data();
     void diesInTheSlotOfItsOwnSignals();
     void diesInTheSlotOfItsShowing();
+    void diesInTheSlotOfItsShowingByItsParent();
+    void aClickThatOutlivesTheKeyboardIsNone();
+    void aHeldKeyIsLetGoWhenTheKeyboardHides();
+    void fullWidthHasNoInputArea();
     void diesWhileAKeyIsDown();
     void worksWithoutAScreen();
 };
@@ -736,6 +740,50 @@ void TKeyboardTest::diesInTheSlotOfItsOwnSignals()
         picker.Accept();
     }
     QVERIFY(!stage.keyboard);
+}
+
+void TKeyboardTest::diesInTheSlotOfItsShowingByItsParent()
+{
+    TKeyboardStage stage;
+    QWidget parent(stage.screen.get());
+    stage.keyboard->setParent(&parent);
+    stage.keyboard->show();
+    TEnd end(stage.keyboard);
+    connect(stage.keyboard.data(), SIGNAL(GeometryChanged()), &end, SLOT(Come()));
+    parent.show();
+    QVERIFY(stage.keyboard);
+    QCoreApplication::processEvents();
+    QVERIFY(!stage.keyboard);
+}
+
+void TKeyboardTest::aClickThatOutlivesTheKeyboardIsNone()
+{
+    TKeyboardStage stage;
+    QSignalSpy const done(stage.keyboard.data(), &TKeyboard::Done);
+    QSignalSpy const cancelled(stage.keyboard.data(), &TKeyboard::Cancel);
+    stage.keyboard->ClickOk();
+    stage.finger.Touch(stage.CancelKey());
+    QCOMPARE(cancelled.count(), 1);
+    QTest::qWait(150);
+    QCOMPARE(done.count(), 0);
+}
+
+void TKeyboardTest::aHeldKeyIsLetGoWhenTheKeyboardHides()
+{
+    TKeyboardStage stage;
+    stage.finger.Press(stage.Left()->mapTo(stage.screen.get(), stage.Left()->rect().center()));
+    QVERIFY(stage.Left()->isDown());
+    stage.keyboard->HideWindow();
+    stage.keyboard->ShowWindow(false);
+    QVERIFY(!stage.Left()->isDown());
+}
+
+void TKeyboardTest::fullWidthHasNoInputArea()
+{
+    TKeyboardStage stage;
+    QVERIFY(!stage.keyboard->GetInputAreaGeometry().isEmpty());
+    stage.keyboard->SetFullWidthMode(true);
+    QCOMPARE(stage.keyboard->GetInputAreaGeometry(), QRect());
 }
 
 void TKeyboardTest::diesInTheSlotOfItsShowing()

@@ -96,7 +96,18 @@ bool TKeyboard::IsCapital() const
 // The hexadecimal digits are the same in every script.
 bool TKeyboard::IsExternalInForce() const
 {
-    return m_Charset && m_ExternalIndex >= 0 && m_Layout != KEYBOARD_LAYOUT_HEXADECIMAL;
+    return m_ExternalIndex >= 0 && m_Layout != KEYBOARD_LAYOUT_HEXADECIMAL &&
+           m_ExternalIndex < CharsetLayouts();
+}
+
+int TKeyboard::CharsetLayouts() const
+{
+    return m_Charset ? qBound(0, m_Charset->GetLayoutCount(), MostExternalLayouts) : 0;
+}
+
+bool TKeyboard::HasLayoutsToChooseFrom() const
+{
+    return m_AltLayout != KEYBOARD_LAYOUT_NONE || CharsetLayouts() > 0;
 }
 
 void TKeyboard::SetLayout(EKeyboardLayout orig, EKeyboardLayout alt)
@@ -149,7 +160,7 @@ void TKeyboard::SetExternalLayout(QSharedPointer<Keyboard_layouts_api::Charset> 
     m_ExternalCheck.clear();
     if (charset && check)
         m_ExternalCheck = check->Life();
-    m_ExternalIndex = charset && charset->GetLayoutCount() > 0 ? 0 : -1;
+    m_ExternalIndex = CharsetLayouts() > 0 ? 0 : -1;
     ApplyIfVisible();
 }
 
@@ -172,6 +183,9 @@ void TKeyboard::ApplyIfVisible()
 void TKeyboard::ChangeLayout(EKeyboardLayout layout)
 {
     m_Accent = -1;
+    // Nobody could take it back: its key makes room for that of the layouts.
+    if (HasLayoutsToChooseFrom())
+        m_Shifted = false;
     ApplyLayout(layout, IsCapital());
 }
 
@@ -246,9 +260,9 @@ bool TKeyboard::IsKeyWanted(TKey const* key) const
 {
     if (key == m_SpecialKeys[KEY_OK])
         return m_OkEnabled;
-    if (key == m_FullStopKey)
+    if (key->GetCharacter() == QLatin1Char('.'))
         return m_FullStopEnabled;
-    if (key == m_SpaceKey)
+    if (key->GetCharacter() == QLatin1Char(' '))
         return m_SpaceEnabled;
     if (m_Accent < 0)
         return true;
@@ -287,6 +301,8 @@ bool TKeyboard::OnMMIBack()
 
 QRect TKeyboard::GetInputAreaGeometry() const
 {
+    if (m_InputArea->geometry().isEmpty())
+        return {};
     return m_InputArea->geometry().translated(pos()).adjusted(InputTextX, InputTextY, -InputTextX,
                                                               -InputTextY);
 }
@@ -309,7 +325,16 @@ void TKeyboard::setVisible(bool visible)
 void TKeyboard::showEvent(QShowEvent* event)
 {
     TWindow::showEvent(event);
+    if (m_TellLater)
+    {
+        ApplyIfVisible();
+        return;
+    }
+    // Shown by its parent, which cannot say when it is done.
+    m_TellLater = true;
     ApplyIfVisible();
+    m_TellLater = false;
+    QMetaObject::invokeMethod(this, &TKeyboard::GeometryChanged, Qt::QueuedConnection);
 }
 
 // The next client starts afresh, with what the lock says.
@@ -317,6 +342,8 @@ void TKeyboard::hideEvent(QHideEvent* event)
 {
     TWindow::hideEvent(event);
     CloseLayoutSelector();
+    for (TKey* const key : qAsConst(m_Keys))
+        key->setDown(false);
     m_Shifted = false;
     m_Accent = -1;
 }
@@ -364,7 +391,7 @@ void TKeyboard::OnCAPSLockKey(int index)
 void TKeyboard::OnLayoutChangeKey(int index)
 {
     Q_UNUSED(index)
-    if (m_Charset)
+    if (CharsetLayouts() > 0)
         OpenLayoutSelector();
     else if (m_AltLayout != KEYBOARD_LAYOUT_NONE)
         ChangeLayout(m_Layout == m_AltLayout ? m_OrigLayout : m_AltLayout);
@@ -376,7 +403,7 @@ QVector<int> TKeyboard::LayoutChoices() const
     QVector<int> choices = {StandardLayout};
     if (m_AltLayout != KEYBOARD_LAYOUT_NONE)
         choices.append(AlternativeLayout);
-    int const external = m_Charset ? qMin(m_Charset->GetLayoutCount(), MostExternalLayouts) : 0;
+    int const external = CharsetLayouts();
     for (int layout = 0; layout < external; ++layout)
         choices.append(layout);
     return choices;
@@ -470,9 +497,12 @@ void TKeyboard::OnBackSpace(int index)
     Q_EMIT Backspace();
 }
 
+// A click that began before the keyboard was hidden ends after it.
 void TKeyboard::OnOk(int index)
 {
     Q_UNUSED(index)
+    if (!isVisible())
+        return;
     QPointer<TKeyboard> const self(this);
     HideWindow();
     if (self)
@@ -482,6 +512,8 @@ void TKeyboard::OnOk(int index)
 void TKeyboard::OnCancel(int index)
 {
     Q_UNUSED(index)
+    if (!isVisible())
+        return;
     QPointer<TKeyboard> const self(this);
     HideWindow();
     if (self)

@@ -74,13 +74,15 @@ public:
     void SetExternalLayout(QSharedPointer<Keyboard_layouts_api::Charset> const& charset,
                            Keyboard_layouts_api::KeyCheck const* check);
     void CancelExternalLayout();
-    /// Columns of the grid of keys: the keys of the longest row.
+    /// Columns of the grid of keys: the keys of the longest row, with one more for a charset, and at least
+    /// ten.
     int GetKeyboardWidth() const;
     /// @}
 
     /// \name Keys
     /// @{
-    /// From now on \a check is asked what may be typed, null for anything. It stays the caller's.
+    /// From now on \a check is asked what may be typed, null for the one of the charset, if that brought one.
+    /// It stays the caller's.
     void PushKeyChecker(Keyboard_layouts_api::KeyCheck const* check);
     /// Back to the one before. Nothing without one.
     void PopKeyChecker();
@@ -104,7 +106,8 @@ public:
     void SetFullWidthMode(bool fullWidth);
     /// Places the keyboard anew on its present parent.
     void Reposition();
-    /// Where the client's text goes, in the coordinates of the keyboard's parent.
+    /// Where the client's text goes, in the coordinates of the keyboard's parent; empty along the lower edge,
+    /// where the client finds a place itself.
     QRect GetInputAreaGeometry() const;
     /// The text that the input area itself shows; empty unless a client put one there.
     QString GetValue() const;
@@ -116,7 +119,7 @@ public:
     using TWindow::OnOk;
 
 Q_SIGNALS:
-    /// The state of shift and of the dead keys is still that which made the character.
+    /// The state of shift is still that which made the character.
     void NewChar(QChar character);
     void Backspace();
     void LeftArrow();
@@ -125,7 +128,8 @@ Q_SIGNALS:
     void Cancel();
     /// The keyboard is hidden.
     void Done();
-    /// Keys or place may have changed, and with them GetInputAreaGeometry().
+    /// Keys or place may have changed, and with them GetInputAreaGeometry(). When the keyboard is shown with
+    /// its parent, it comes as soon as that is done.
     void GeometryChanged();
     /// The choice of a layout has begun, and is over.
     void LayoutSelectorUp();
@@ -203,6 +207,8 @@ private:
 
     bool IsCapital() const;
     bool IsExternalInForce() const;
+    int CharsetLayouts() const;
+    bool HasLayoutsToChooseFrom() const;
     void ApplyLayout(EKeyboardLayout layout, bool capitals);
     void ApplyIfVisible();
     void ChangeLayout(EKeyboardLayout layout);
@@ -279,8 +285,6 @@ private:
     std::array<TKey*, SPECIAL_KEY_COUNT> m_SpecialKeys = {};
     QVector<TKey*> m_Keys;    // on show, by id: those with characters, then the special ones
     QVector<TPlace> m_Places; // of m_Keys
-    TKey* m_FullStopKey = nullptr;
-    TKey* m_SpaceKey = nullptr;
     std::array<TKey*, LetterCount> m_LetterKeys = {};
     std::array<TKey*, AccentCount> m_AccentKeys = {};
     std::array<QString, AccentCount> m_Accentable;

@@ -231,8 +231,6 @@ void TKeyboard::ForgetKeys()
     m_Places.clear();
     m_LetterKeys.fill(nullptr);
     m_AccentKeys.fill(nullptr);
-    m_FullStopKey = nullptr;
-    m_SpaceKey = nullptr;
 }
 
 // The special keys share the row of the space key; where there is none, one of their own below all others.
@@ -261,14 +259,17 @@ void TKeyboard::AssignRow(QVector<KeyData> const& row, int rowNumber)
     int const end = rowNumber == m_SpecialRow - 1 ? m_ColumnCount - 1 : m_ColumnCount;
     int const room = isCentred ? qMax(0, m_ColumnCount - length) : 0;
     TPlace place{rowNumber, room / 2, room % 2 != 0, 1};
+    bool hasSpace = false;
     for (KeyData const& key : row)
     {
         bool const isSpace = key.character == QLatin1Char(' ');
         if (isSpace && rowNumber == m_SpecialRow)
             place.column = SpaceColumn;
         place.span = key.span;
-        // What the special keys would cover is left out.
-        bool const isFree = rowNumber == m_SpecialRow ? isSpace : place.column + key.span <= end;
+        // What the special keys or the space key would cover is left out.
+        bool const isFirstSpace = isSpace && !hasSpace;
+        hasSpace = hasSpace || isSpace;
+        bool const isFree = rowNumber == m_SpecialRow ? isFirstSpace : place.column + key.span <= end;
         if (isFree && !IsGap(key.character))
             AssignKey(key, place);
         place.column += key.span;
@@ -298,10 +299,6 @@ void TKeyboard::NoticeKey(TKey* key)
         m_AccentKeys[std::size_t(accent)] = key;
     else if (IsLetter(letter))
         m_LetterKeys[std::size_t(letter.unicode() - 'A')] = key;
-    else if (character == QLatin1Char('.'))
-        m_FullStopKey = key;
-    else if (character == QLatin1Char(' '))
-        m_SpaceKey = key;
 }
 
 TKey* TKeyboard::CharacterKey(int index)
@@ -338,7 +335,7 @@ TKey* TKeyboard::SpecialKey(ESpecialKey which)
 
 bool TKeyboard::HasSpecialKey(ESpecialKey which) const
 {
-    bool const changesLayouts = m_Charset || m_AltLayout != KEYBOARD_LAYOUT_NONE;
+    bool const changesLayouts = HasLayoutsToChooseFrom();
     switch (which)
     {
     case KEY_CAPS_LOCK:
