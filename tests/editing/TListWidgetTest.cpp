@@ -190,6 +190,7 @@ private Q_SLOTS:
 
     void slotsMayDeleteIt_data();
     void slotsMayDeleteIt();
+    void mayBeDeletedByTheSecondPressOfADoubleClick();
     void deletedWhilePressed();
     void rowsMayBeRemovedWhilePressed();
     void slotMayClearTheList();
@@ -1245,6 +1246,18 @@ void TListWidgetTest::slotsMayDeleteIt()
     else
         list->SetCurrentRow(2);
     QVERIFY(!list);
+}
+
+// On another row than the first the second press comes as a press too.
+void TListWidgetTest::mayBeDeletedByTheSecondPressOfADoubleClick()
+{
+    TListScene scene;
+    scene.finger.Touch(QPoint(20, 20));
+    connect(scene.list.data(), &TListWidget::MousePressed, this, [&scene] { delete scene.list.data(); });
+    QMouseEvent second(QEvent::MouseButtonDblClick, QPointF(20, 120), Qt::LeftButton, Qt::LeftButton,
+                       Qt::NoModifier);
+    QCoreApplication::sendEvent(scene.list->viewport(), &second);
+    QVERIFY(!scene.list);
 }
 
 void TListWidgetTest::deletedWhilePressed()

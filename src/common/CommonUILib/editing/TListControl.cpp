@@ -17,6 +17,12 @@ constexpr int RepeatDelay = 250;
 constexpr int RepeatInterval = 100;
 // One more would stand for no limit.
 constexpr int LargestFixedSide = QWIDGETSIZE_MAX - 1;
+
+// So far from any screen that sums of places stay whole numbers.
+int HeldPlace(int place)
+{
+    return qBound(-LargestFixedSide, place, LargestFixedSide);
+}
 } // namespace
 
 TListControl::TListControl(QWidget* parent)
@@ -85,6 +91,8 @@ void TListControl::ApplyButtonBackgrounds()
 {
     for (TPushButton* const button : {m_UpButton, m_DownButton})
     {
+        if (!button)
+            continue;
         button->SetBackground(PixmapNames::ListItem);
         button->SetBackgroundSelected(PixmapNames::ListItemSelected);
     }
@@ -251,11 +259,11 @@ void TListControl::UseGlassEffect(bool use)
 
 void TListControl::SetListGeometry(int x, int y, int width, int height, int margin, bool completeRows)
 {
-    m_X = x;
-    m_Y = y;
-    m_Width = width;
-    m_Height = height;
-    m_Margin = margin;
+    m_X = HeldPlace(x);
+    m_Y = HeldPlace(y);
+    m_Width = qMin(width, LargestFixedSide);
+    m_Height = qMin(height, LargestFixedSide);
+    m_Margin = HeldPlace(margin);
     m_CompleteRowsOnly = completeRows;
     PositionContent();
 }
@@ -263,8 +271,8 @@ void TListControl::SetListGeometry(int x, int y, int width, int height, int marg
 void TListControl::SetListPosition(int x, int y, int width, int rows)
 {
     SetupIfRequired();
-    m_X = x;
-    m_Y = y;
+    m_X = HeldPlace(x);
+    m_Y = HeldPlace(y);
     m_Width = qBound(0, width, LargestFixedSide);
     m_Height = qBound(0, rows, LargestFixedSide / LIST_ROW_HEIGHT) * LIST_ROW_HEIGHT;
     m_Margin = 0;
@@ -274,7 +282,7 @@ void TListControl::SetListPosition(int x, int y, int width, int rows)
 
 void TListControl::SetListMargin(int margin)
 {
-    m_Margin = margin;
+    m_Margin = HeldPlace(margin);
     PositionContent();
 }
 

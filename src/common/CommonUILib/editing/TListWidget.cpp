@@ -46,6 +46,11 @@ int MeasuredText(QListWidgetItem const& item)
 {
     return KVN::RenderUtils::GetTextWidth(item.text(), qvariant_cast<QFont>(item.data(Qt::FontRole)));
 }
+
+int HeldHeight(int height)
+{
+    return qBound(1, height, QWIDGETSIZE_MAX);
+}
 } // namespace
 
 /// A row that gives what all rows have in common from the list instead of keeping a copy of it, and measures
@@ -57,7 +62,7 @@ public:
         : QListWidgetItem(nullptr, UserType)
         , m_Text(text)
         , m_Width(width)
-        , m_Height(qMax(1, height))
+        , m_Height(HeldHeight(height))
     {
     }
 
@@ -79,7 +84,7 @@ public:
     void SetHint(int width, int height)
     {
         m_Width = width;
-        m_Height = qMax(1, height);
+        m_Height = HeldHeight(height);
         TakeBack(Qt::SizeHintRole);
     }
 
@@ -208,7 +213,7 @@ void TListWidget::SetItemSizeHint(QListWidgetItem* item, int width, int height)
         scheduleDelayedItemsLayout();
         return;
     }
-    item->setSizeHint(QSize(qMax(width, MeasuredText(*item) + RoomAroundText), qMax(1, height)));
+    item->setSizeHint(QSize(qMax(width, MeasuredText(*item) + RoomAroundText), HeldHeight(height)));
     if (!m_HasIcons)
         item->setData(Qt::DecorationRole, m_Placeholder);
 }
@@ -500,8 +505,12 @@ QStyleOptionViewItem TListWidget::viewOptions() const
 // it is done. False when somebody who was told has deleted the list.
 bool TListWidget::Work(std::function<void()> const& work)
 {
+    QPointer<TListWidget> const self(this);
     ++m_WorkDepth;
     work();
+    // A double click may come as a press too, which is told at once.
+    if (!self)
+        return false;
     return --m_WorkDepth > 0 || Settle();
 }
 
