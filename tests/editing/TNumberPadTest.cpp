@@ -85,6 +85,8 @@ class TNumberPadTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void backspaceEmptiesWhatIsNoPlainNumber_data();
+    void backspaceEmptiesWhatIsNoPlainNumber();
     void theKeysAreThoseOfTheType_data();
     void theKeysAreThoseOfTheType();
     void anUnknownTypeHasTheKeysForNumbers();
@@ -1260,6 +1262,26 @@ void TNumberPadTest::outlivesTheScreenWithItsMessageUp()
     }
     pad->OnDigit(6);
     QCOMPARE(pad->GetValueDbl(), 6.0);
+}
+
+void TNumberPadTest::backspaceEmptiesWhatIsNoPlainNumber_data()
+{
+    QTest::addColumn<double>("value");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("not a number") << qQNaN() << QString();
+    QTest::newRow("an exponent") << 1e15 << QString();
+    QTest::newRow("a number") << -12.0 << QStringLiteral("-1");
+}
+
+void TNumberPadTest::backspaceEmptiesWhatIsNoPlainNumber()
+{
+    QFETCH(double, value);
+    QFETCH(QString, shown);
+    TNumberPadStage stage;
+    stage.pad->SetBounds(-1e20, 1e20);
+    stage.Show(value);
+    stage.Type(QStringLiteral("<"));
+    QCOMPARE(stage.Shown(), shown);
 }
 
 COMMONUI_TEST(TNumberPadTest)

@@ -59,6 +59,9 @@ private Q_SLOTS:
     void anEmptyTimeIsTheEmptyValue();
     void afterAMessageTheTimeStartsAnew();
     void aNewClockShowsTheTimeAnew();
+    void aTimeShownAnewIsReplacedByTheNextKey();
+    void aTimeThatIsRefusedLeavesTheValue();
+    void boundsWithoutADayAreNone();
 
     void datesAreShownInTheFormatOfTheOperator_data();
     void datesAreShownInTheFormatOfTheOperator();
@@ -407,6 +410,38 @@ void TNumberPadTypesTest::aNewClockShowsTheTimeAnew()
     stage.pad->HideWindow();
     stage.UseClock(true);
     QCOMPARE(stage.Shown(), QStringLiteral("1:30 pm"));
+}
+
+void TNumberPadTypesTest::aTimeShownAnewIsReplacedByTheNextKey()
+{
+    TStage stage(NUMBER_PAD_TIME, false);
+    stage.Show(13.5);
+    stage.Type(QStringLiteral("8"));
+    stage.UseClock(true);
+    stage.Type(QStringLiteral("5"));
+    QCOMPARE(stage.Shown(), QStringLiteral("5"));
+}
+
+void TNumberPadTypesTest::aTimeThatIsRefusedLeavesTheValue()
+{
+    TStage stage(NUMBER_PAD_TIME, false);
+    stage.pad->SetBounds(13, 20);
+    stage.Show(14);
+    QCOMPARE(stage.Shown(), QStringLiteral("2:00 pm"));
+    stage.Type(QStringLiteral("2"));
+    stage.pad->GetValueDbl();
+    stage.UseClock(true);
+    QCOMPARE(stage.Shown(), QStringLiteral("14:00"));
+}
+
+void TNumberPadTypesTest::boundsWithoutADayAreNone()
+{
+    TStage stage(NUMBER_PAD_DATE);
+    stage.UseDateFormat(4);
+    stage.pad->SetBounds(0, 100);
+    stage.Show(DayOf(2024, 4, 9));
+    QCOMPARE(stage.Enter(QString()), QString());
+    QCOMPARE(stage.values, QVector<double>{DayOf(2024, 4, 9)});
 }
 
 void TNumberPadTypesTest::datesAreShownInTheFormatOfTheOperator_data()

@@ -57,6 +57,15 @@ ENumberPadType KnownType(ENumberPadType type)
 {
     return type >= NUMBER_PAD_DECIMAL && type <= NUMBER_PAD_IP_ADDRESS ? type : NUMBER_PAD_DECIMAL;
 }
+
+// Not so "---" and "1.000000e+15".
+bool IsPlainNumber(QString const& text)
+{
+    QString const digits = text.startsWith(QLatin1Char('-')) ? text.mid(1) : text;
+    QChar const point = TUnits::DisplayableDecimalPointChar();
+    return std::all_of(digits.begin(), digits.end(),
+                       [point](QChar character) { return character.isDigit() || character == point; });
+}
 } // namespace
 
 /// The two keys that are not the same on every pad.
@@ -355,7 +364,10 @@ void TNumberPad::OnUnitSettingsChanged()
 
 void TNumberPad::ShowValueAnew()
 {
+    QPointer<TNumberPad> const self(this);
     SetValue(m_Value);
+    if (self)
+        SetClearOnFirstEntry(true);
 }
 
 ENumberPadType TNumberPad::GetPadType() const
@@ -668,7 +680,9 @@ void TNumberPad::OnBackspace()
     SetClearOnFirstEntry(false);
     if (!m_Text.isEmpty())
     {
-        m_Text.chop(1);
+        // A half of it would be read as another number.
+        bool const isWhole = m_PadType == NUMBER_PAD_DECIMAL && !IsPlainNumber(m_Text);
+        m_Text.chop(isWhole ? m_Text.size() : 1);
         ProcessTextChange();
     }
     UpdateKeysAfterTyping();

@@ -227,6 +227,8 @@ private:
     void AcceptDate();
     void AcceptIPAddress();
     void ReadClock();
+    void CheckClock();
+    bool IsDayWithinBounds() const;
     void ApplyHalfDay();
     void ReadDate();
     static int FaultOfDate(int year, int month, int day);

@@ -78,11 +78,20 @@ QString PrintedTime(double hours)
                                            UNITS_CONTEXT_GENERAL, 0, nullptr, 1.0);
 }
 
+double FirstDay()
+{
+    return JulianDay(FirstYear, 1, 1);
+}
+
+double LastDay()
+{
+    return JulianDay(LastYear, MonthsPerYear, DaysOfLongMonth);
+}
+
 QString PrintedDate(double day)
 {
-    double const first = JulianDay(FirstYear, 1, 1);
-    double const last = JulianDay(LastYear, MonthsPerYear, DaysOfLongMonth);
-    return TUnits::GetValueString(qBound(first, day, last), QStringLiteral("DD/MM/YYYY"), 0, nullptr);
+    return TUnits::GetValueString(qBound(FirstDay(), day, LastDay()), QStringLiteral("DD/MM/YYYY"), 0,
+                                  nullptr);
 }
 } // namespace
 
@@ -257,8 +266,10 @@ void TNumberPad::AcceptTime()
         ShowMessage(messages[m_TimeError - TIME_BAD_MINUTES]);
 }
 
+// A half of the day that cannot be applied leaves the value as it was.
 void TNumberPad::SetNumericTimeValue()
 {
+    double const before = m_Value;
     m_TimeError = TIME_TAKEN;
     if (m_AllowEmpty && m_Text.isEmpty())
     {
@@ -266,8 +277,14 @@ void TNumberPad::SetNumericTimeValue()
         return;
     }
     ReadClock();
-    if (m_TimeError != TIME_TAKEN)
-        return;
+    if (m_TimeError == TIME_TAKEN)
+        CheckClock();
+    if (m_TimeError == TIME_BAD_HALF_DAY_HOUR)
+        m_Value = before;
+}
+
+void TNumberPad::CheckClock()
+{
     TRange const bounds = Bounds();
     if (Is24HourClock())
     {
@@ -345,8 +362,16 @@ void TNumberPad::SetNumericDateValue()
         return;
     }
     ReadDate();
-    if (m_DateError == DATE_TAKEN && !IsWithinBounds())
+    if (m_DateError == DATE_TAKEN && !IsDayWithinBounds())
         m_DateError = DATE_OUT_OF_BOUNDS;
+}
+
+// Bounds without a day that can be entered are those of an item that has none.
+bool TNumberPad::IsDayWithinBounds() const
+{
+    TRange const bounds = Bounds();
+    bool const areBounds = bounds.high >= FirstDay() && bounds.low <= LastDay();
+    return !areBounds || IsWithinBounds();
 }
 
 // Without a slash the entry is the Julian day itself.
@@ -356,7 +381,7 @@ void TNumberPad::ReadDate()
     if (sections.size() == 1)
     {
         double const day = m_Text.toDouble();
-        if (!std::isfinite(day) || day < JulianDay(FirstYear, 1, 1))
+        if (!std::isfinite(day) || day < FirstDay())
             m_DateError = DATE_BAD_YEAR;
         else
             m_Value = day;
