@@ -43,6 +43,7 @@ int IndexOf(double value)
 TEditWidget::TEditWidget(QWidget* parent, TEditItem const* item)
     : QWidget(parent == MainScreen ? nullptr : parent, Qt::SubWindow | Qt::FramelessWindowHint)
     , m_TextAlignment(DefaultTextAlignment)
+    , m_Field(new QWidget(this))
     , m_ValueButton(new TPushButton(this, -1, QString()))
     , m_ListOk(MakeButton(QStringLiteral("icon-tick-larger"), tr("OK"), &TEditWidget::OnDone))
     , m_ListCancel(MakeButton(QStringLiteral("icon-cross-larger"), tr("Cancel"), &TEditWidget::OnCancelEdit))
@@ -57,6 +58,9 @@ TEditWidget::TEditWidget(QWidget* parent, TEditItem const* item)
     move(0, 0);
     m_ValueButton->SetFontProperties(QColor(QStringLiteral("Black")), STANDARD_FONT_SIZE, true, false, false,
                                      m_TextAlignment, false);
+    m_Field->setAutoFillBackground(true);
+    m_Field->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_Field->hide();
     m_ValueButton->PlayButtonPressSounds(false);
     m_ValueButton->SetMMIBehaviour(MMI_EXCLUDED);
     connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TEditWidget::OnUnitSettingsChanged);
@@ -275,9 +279,16 @@ void TEditWidget::GetEditItemProperty(TEditItem& item) const
     item = m_Item;
 }
 
+// A step changes a few digits: what lies under the rest of the field, down to the screen, is not painted
+// again. Enabling the updates in the usual way would ask for just that.
 void TEditWidget::ShowText(QString const& text)
 {
+    QRect const before = m_ValueButton->GetFirstLineRect();
+    bool const wasEnabled = m_ValueButton->updatesEnabled();
+    m_ValueButton->setAttribute(Qt::WA_UpdatesDisabled);
     m_ValueButton->SetText(text, QString(), false, QString(), false);
+    m_ValueButton->setAttribute(Qt::WA_UpdatesDisabled, !wasEnabled);
+    m_ValueButton->update(before | m_ValueButton->GetFirstLineRect());
 }
 
 void TEditWidget::SetTextAlignment(int alignment)

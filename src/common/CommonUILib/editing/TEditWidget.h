@@ -275,6 +275,7 @@ private:
     void SetPositionInternal(QPoint position, QSize size, QSize requested, QWidget* source);
     void PlaceValueButton(QPoint position, QSize size);
     void ClipToSource();
+    void ShowField(bool isWhole);
     bool HasTitle() const;
     int HeightWithoutList() const;
     int RequiredHeight(int rows) const;
@@ -301,6 +302,7 @@ private:
     int m_ExtraBoxHeight = 0;
     TUnitsNumberPad* m_Pad = nullptr;
     int m_TextAlignment;
+    QWidget* m_Field; // the middle of what is beneath the value
     TPushButton* m_ValueButton;
     TListControl* m_List = nullptr;
     TPushButton* m_Plus = nullptr;

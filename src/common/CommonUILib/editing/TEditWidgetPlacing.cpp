@@ -37,6 +37,9 @@ constexpr int PadRightOfPlus = 6;
 constexpr int PadRightOfButton = 11;
 constexpr int StackGap = 2;
 
+// Of the light field's art: its frame, and the shadow within that at the top.
+constexpr QMargins FieldEdges(4, 8, 4, 4);
+
 QFont TitleFont()
 {
     QFont font(STANDARD_BOLD_FONT);
@@ -145,17 +148,32 @@ void TEditWidget::ClipToSource()
     auto const parts = findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     for (QWidget const* const part : parts)
     {
-        if (part != m_ValueButton && part->isVisible())
+        if (part != m_ValueButton && part != m_Field && part->isVisible())
             m_ClipRegion += part->geometry();
     }
-    QRegion const covered = QRegion(m_ValueButton->geometry()) - m_ClipRegion;
-    if (covered.isEmpty())
+    bool const isWhole = (QRegion(m_ValueButton->geometry()) - m_ClipRegion).isEmpty();
+    if (isWhole)
         m_ValueButton->clearMask();
     else
         m_ValueButton->setMask(m_ClipRegion.translated(-m_ValueButton->pos()));
+    ShowField(isWhole);
+}
+
+// The middle of the field is a widget that is known to be opaque: under a step of the value, nothing down to
+// the screen is painted again.
+void TEditWidget::ShowField(bool isWhole)
+{
     m_FieldPixmap = m_ValueButton->isHidden()
                         ? QSharedPointer<QPixmap>()
                         : Resized(PixmapNames::ModalFieldSelected, m_ValueButton->size());
+    QRect const middle = m_ValueButton->geometry().marginsRemoved(FieldEdges);
+    bool const isShown = isWhole && m_FieldPixmap && !m_FieldPixmap->isNull() && middle.isValid();
+    m_Field->setVisible(isShown);
+    if (!isShown)
+        return;
+    m_Field->setGeometry(middle);
+    m_Field->setPalette(m_FieldPixmap->toImage().pixelColor(m_FieldPixmap->rect().center()));
+    m_Field->lower();
 }
 
 // ---- value ----
