@@ -24,6 +24,18 @@ public:
         QObject::connect(keyboard, &TKeyboard::NewChar, keyboard, [this](QChar c) { typed += c; });
         keyboard->ShowWindow(false);
     }
+    struct TOfTheScreen
+    {
+    };
+    /// With the screen's own keyboard, which is not shown yet.
+    explicit TKeyboardStage(TOfTheScreen)
+        : navigator(screen.get())
+        , finger(screen.get())
+        , keyboard(screen->GetKeyboard())
+    {
+        screen->SetMMINavigator(&navigator);
+        keyboard->SetLayout(KEYBOARD_LAYOUT_ENGLISH, KEYBOARD_LAYOUT_NONE);
+    }
     ~TKeyboardStage() { delete keyboard.data(); }
     TKeyboardStage(TKeyboardStage const&) = delete;
     TKeyboardStage& operator=(TKeyboardStage const&) = delete;
