@@ -45,6 +45,7 @@ private Q_SLOTS:
     void aPreparedFaceIsTheOneThatIsPainted_data();
     void aPreparedFaceIsTheOneThatIsPainted();
     void aPreparedFaceIsForgottenWithItsSizeAndLook();
+    void aGroundOfAnotherSizeMakesNoFace();
     void aPressShowsOnAGround();
     void theGroundShowsBehindADisabledKey();
     void losesItsGroundAgain();
@@ -207,6 +208,26 @@ void TKeyTest::aPreparedFaceIsForgottenWithItsSizeAndLook()
     QVERIFY(key->grab().toImage() != before);
     key->SetCustomSize(2, Unit, KEY_HEIGHT, 0);
     QCOMPARE(key->grab().toImage().size(), QSize(2 * Unit, KEY_HEIGHT));
+    delete key;
+}
+
+void TKeyTest::aGroundOfAnotherSizeMakesNoFace()
+{
+    TTestScreen const screen;
+    TKey* const key = MakeKey(screen.get(), QLatin1Char('G'));
+    key->SetCustomSize(2, Unit, KEY_HEIGHT, 0);
+    key->SetGround(Ground(Qt::darkGray));
+    // Where neither paints, the picture stays as it was before.
+    auto const picture = [key]
+    {
+        QImage image(key->size(), QImage::Format_RGB32);
+        image.fill(Qt::white);
+        key->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+        return image;
+    };
+    QImage const before = picture();
+    key->PrepareFaces(QStringLiteral("G"), QStringLiteral("g"));
+    QCOMPARE(picture(), before);
     delete key;
 }
 

@@ -9,6 +9,7 @@ QChar const Grave(0x60);
 QChar const Caron(0x2C7);
 constexpr int Portuguese = 2;
 constexpr int Spanish = 4;
+constexpr int Polish = 10;
 constexpr int Slovak = 21;
 
 QString Capitals()
@@ -38,6 +39,7 @@ private Q_SLOTS:
     void shiftKeepsItAndItsMark();
     void theDeadKeyShowsThatItWaits();
     void itEndsWithTheLayoutAndWithTheKeyboard();
+    void anotherLayoutForgetsItsLetters();
     void anAccentedLetterMayBeRefused();
     void theSpanishAcuteLeavesOutTheI();
 };
@@ -218,6 +220,18 @@ void TKeyboardAccentsTest::itEndsWithTheLayoutAndWithTheKeyboard()
     stage.keyboard->ShowWindow(false);
     QVERIFY(stage.Type(QStringLiteral("AK")));
     QCOMPARE(stage.typed, QStringLiteral("AKAK"));
+}
+
+void TKeyboardAccentsTest::anotherLayoutForgetsItsLetters()
+{
+    TKeyboardStage stage(Polish);
+    QVERIFY(stage.Type(QString(Acute)));
+    QVERIFY(stage.Key(QChar(0x0106))->isEnabled());
+    stage.keyboard->SetLayout(EKeyboardLayout(Portuguese), KEYBOARD_LAYOUT_NONE);
+    QVERIFY(stage.Type(QString(Acute)));
+    QVERIFY(stage.Key(QChar(0xC1))->isEnabled());
+    TKey const* const plain = stage.Key(QLatin1Char('C'));
+    QVERIFY(plain && !plain->isEnabled());
 }
 
 void TKeyboardAccentsTest::anAccentedLetterMayBeRefused()

@@ -1,3 +1,4 @@
+#include "Metrics.h"
 #include "TestCase.h"
 #include "TKeyboardStage.h"
 #include "TListPicker.h"
@@ -58,6 +59,15 @@ public:
     int m_Count;
     mutable int m_WrongQuestions = 0;
 };
+
+/// So many characters that follow each other.
+QString RowOf(int count, ushort first)
+{
+    QString row;
+    for (int i = 0; i < count; ++i)
+        row += QChar(ushort(first + i));
+    return row;
+}
 } // namespace
 
 /// What clients and charsets ask of the keys.
@@ -73,6 +83,7 @@ private Q_SLOTS:
     void aCheckHoldsInBothStates();
     void deadEditKeysLeaveTheOthersAlive();
     void fullStopAndSpaceStayDeadThroughAShift();
+    void aKeyThatAClientWantsDeadIsSoAtOnce();
     void clientsMayAskBeforeTheKeysAreBuilt();
 
     void aCharsetShowsItsFirstLayout();
@@ -92,10 +103,15 @@ private Q_SLOTS:
     void aPushedCheckGoesFirst();
     void anotherLayoutEndsTheCharset();
     void englishBringsTheCharsetBack();
+    void englishBringsTheCheckOfTheCharsetBack();
     void hexadecimalIsTheSameInEveryScript();
     void aBadCharsetIsHeldToTheScreen_data();
     void aBadCharsetIsHeldToTheScreen();
     void anEmptyCharsetHasNoEffect();
+    void theChoiceEndsWithTheHundredthLayoutOfACharset();
+    void aCharsetWithoutABlankHasNoSpaceKey();
+    void manyRowsFlattenTheInputAreaAndTheKeys();
+    void keysAreNeverNarrowerThanTheLeastWidth();
 };
 
 void TKeyboardChecksTest::aKeyNeedsBothAnswersOfTheCheck()
@@ -197,6 +213,25 @@ void TKeyboardChecksTest::fullStopAndSpaceStayDeadThroughAShift()
     stage.keyboard->EnableSpaceKey(true);
     QVERIFY(stage.Type(QStringLiteral(". ")));
     QCOMPARE(stage.typed, QStringLiteral("k. "));
+}
+
+void TKeyboardChecksTest::aKeyThatAClientWantsDeadIsSoAtOnce()
+{
+    TKeyboardStage stage;
+    TKey const* const fullStop = stage.Key(QLatin1Char('.'));
+    TKey const* const space = stage.Key(QLatin1Char(' '));
+    for (bool const enable : {false, true})
+    {
+        stage.keyboard->EnableFullStopKey(enable);
+        QCOMPARE(fullStop->isEnabled(), enable);
+        QCOMPARE(space->isEnabled(), true);
+    }
+    for (bool const enable : {false, true})
+    {
+        stage.keyboard->EnableSpaceKey(enable);
+        QCOMPARE(space->isEnabled(), enable);
+        QCOMPARE(fullStop->isEnabled(), true);
+    }
 }
 
 void TKeyboardChecksTest::clientsMayAskBeforeTheKeysAreBuilt()
@@ -452,6 +487,17 @@ void TKeyboardChecksTest::englishBringsTheCharsetBack()
     QCOMPARE(stage.AllFaces(), faces);
 }
 
+void TKeyboardChecksTest::englishBringsTheCheckOfTheCharsetBack()
+{
+    TKeyboardStage stage;
+    TRefusingCheck const check(QStringLiteral("ქQ"));
+    stage.keyboard->SetExternalLayout(QSharedPointer<TGeorgianCharset>::create(), &check);
+    stage.keyboard->SetEnglishLayout(true);
+    QVERIFY(stage.Key(QLatin1Char('Q'))->isEnabled());
+    stage.keyboard->SetEnglishLayout(false);
+    QVERIFY(!stage.Key(QChar(0x10E5))->isEnabled());
+}
+
 void TKeyboardChecksTest::hexadecimalIsTheSameInEveryScript()
 {
     TKeyboardStage stage;
@@ -526,6 +572,70 @@ void TKeyboardChecksTest::anEmptyCharsetHasNoEffect()
     QCOMPARE(stage.AllFaces(), faces);
     stage.keyboard->SetExternalLayout(nullptr, nullptr);
     QVERIFY(stage.Shift());
+}
+
+void TKeyboardChecksTest::theChoiceEndsWithTheHundredthLayoutOfACharset()
+{
+    TKeyboardStage stage;
+    auto const charset = QSharedPointer<TOddCharset>::create();
+    charset->m_Layouts = 1000;
+    charset->m_RowCount = 3;
+    charset->m_Otherwise = QStringLiteral("abc");
+    stage.keyboard->SetExternalLayout(charset, nullptr);
+    QString const external = stage.AllFaces();
+    stage.keyboard->OnLayoutSelected(0);
+    QString const standard = stage.AllFaces();
+    QVERIFY(standard != external);
+    stage.keyboard->OnLayoutSelected(101);
+    QCOMPARE(stage.AllFaces(), standard);
+    stage.keyboard->OnLayoutSelected(100);
+    QCOMPARE(stage.AllFaces(), external);
+}
+
+void TKeyboardChecksTest::aCharsetWithoutABlankHasNoSpaceKey()
+{
+    TKeyboardStage stage;
+    stage.keyboard->EnableSpaceKey(false);
+    auto const charset = QSharedPointer<TOddCharset>::create();
+    charset->m_RowCount = 5;
+    for (int row = 0; row < charset->m_RowCount; ++row)
+        charset->m_Rows += RowOf(12, ushort(0x4E00 + 12 * row));
+    stage.keyboard->SetExternalLayout(charset, nullptr);
+    QCOMPARE(stage.Rows().size(), 5);
+    QCOMPARE(stage.Enabled(), stage.Rows().join(QString()));
+}
+
+void TKeyboardChecksTest::manyRowsFlattenTheInputAreaAndTheKeys()
+{
+    TKeyboardStage stage;
+    auto const charset = QSharedPointer<TOddCharset>::create();
+    charset->m_RowCount = 12;
+    charset->m_Otherwise = QStringLiteral("abc");
+    for (int row = 0; row < charset->m_RowCount - 1; ++row)
+        charset->m_Rows += charset->m_Otherwise;
+    charset->m_Rows += QStringLiteral(" ");
+    stage.keyboard->SetExternalLayout(charset, nullptr);
+    QCOMPARE(stage.Rows().size(), 12);
+    QCOMPARE(stage.keyboard->GetInputAreaGeometry().height(), 66 - 20);
+    QVERIFY(stage.Key(QLatin1Char('a'))->height() < KEY_HEIGHT);
+    QVERIFY(stage.screen->rect().contains(stage.keyboard->geometry()));
+}
+
+void TKeyboardChecksTest::keysAreNeverNarrowerThanTheLeastWidth()
+{
+    QWidget window;
+    window.resize(640, 480);
+    window.show();
+    auto const charset = QSharedPointer<TOddCharset>::create();
+    charset->m_RowCount = 3;
+    charset->m_Rows += RowOf(29, 0x4E00);
+    TKeyboard keyboard(&window);
+    keyboard.SetExternalLayout(charset, nullptr);
+    keyboard.show();
+    auto const keys = keyboard.findChildren<TKey*>();
+    QVERIFY(keys.size() >= 29);
+    QCOMPARE(keys.constFirst()->width(), KEY_WIDTH_MIN);
+    QCOMPARE(keys.constFirst()->font().pixelSize(), 24);
 }
 
 COMMONUI_TEST(TKeyboardChecksTest)

@@ -1,5 +1,6 @@
 #include "GoldenPicture.h"
 #include "Metrics.h"
+#include "PixmapNames.h"
 #include "TCanvas.h"
 #include "TestCase.h"
 #include "TKeyboardStage.h"
@@ -39,6 +40,9 @@ private Q_SLOTS:
     void theSystemToolBarKeepsItsRoom();
     void followsItsParent();
     void tellsOfEveryNewGeometry();
+    void tellsNothingWhereNothingMoved();
+    void smallKeysHaveTheSmallTypeAndShift();
+    void fullWidthLeavesRoomForSixRowsInASmallWindow();
     void aKeyCoversWhatIsBelowIt();
     void onlyTheKeyThatIsPressedIsPaintedAnew();
 
@@ -210,6 +214,48 @@ void TKeyboardLookTest::tellsOfEveryNewGeometry()
     QCOMPARE(changes.count(), 3);
     stage.finger.Touch(stage.Shift());
     QCOMPARE(changes.count(), 4);
+}
+
+void TKeyboardLookTest::tellsNothingWhereNothingMoved()
+{
+    TKeyboardStage stage;
+    QSignalSpy const changes(stage.keyboard.data(), &TKeyboard::GeometryChanged);
+    QVERIFY(stage.Type(QStringLiteral("K")));
+    QCOMPARE(changes.count(), 0);
+    stage.keyboard->ShowWindow(false);
+    QCOMPARE(changes.count(), 0);
+}
+
+void TKeyboardLookTest::smallKeysHaveTheSmallTypeAndShift()
+{
+    TKeyboardStage stage;
+    auto const typeOfK = [&stage] { return stage.Key(QLatin1Char('K'))->font().pixelSize(); };
+    QCOMPARE(typeOfK(), 30);
+    QVERIFY(stage.Shift());
+    QWidget window;
+    window.resize(400, 480);
+    window.show();
+    stage.keyboard->setParent(&window);
+    stage.keyboard->ShowWindow(false);
+    QVERIFY(stage.Key(QLatin1Char('K'))->width() < 40);
+    QCOMPARE(typeOfK(), 24);
+    QVERIFY(stage.Special(PixmapNames::ShiftSmall));
+    stage.keyboard->HideWindow();
+    stage.keyboard->setParent(nullptr);
+}
+
+void TKeyboardLookTest::fullWidthLeavesRoomForSixRowsInASmallWindow()
+{
+    TKeyboardStage stage(23);
+    QWidget window;
+    window.resize(640, 240);
+    window.show();
+    stage.keyboard->setParent(&window);
+    stage.keyboard->SetFullWidthMode(true);
+    stage.keyboard->ShowWindow(false);
+    QCOMPARE(stage.Key(QLatin1Char('A'))->height(), (240 - 2 * KEY_PAD_GAP_MAX) / 6);
+    stage.keyboard->HideWindow();
+    stage.keyboard->setParent(nullptr);
 }
 
 void TKeyboardLookTest::aKeyCoversWhatIsBelowIt()

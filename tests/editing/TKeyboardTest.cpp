@@ -6,6 +6,7 @@
 #include "TKeyboardTables.h"
 #include "TListPicker.h"
 
+#include <QLineEdit>
 #include <QPainter>
 #include <QSignalSpy>
 
@@ -92,6 +93,7 @@ private Q_SLOTS:
     void capsAndShiftGiveASmallLetterAndSymbolsForOneKeyPress();
     void shiftTwiceChangesNothing();
     void theLockEndsAPendingShift();
+    void aCharacterComesWhileItsShiftStillStands();
     void aPendingShiftIsSeenOnItsKey();
     void theLockShowsWhereItGoes();
     void theNextClientFindsNoPendingShiftAndTheLockAsItWas();
@@ -118,15 +120,19 @@ private Q_SLOTS:
     void aDeadOkCannotBeClicked();
     void keysAreNamedAfterWhatTheyType();
     void theInputAreaIsNoKey();
+    void aTouchOfTheInputAreaIsNeitherSeenNorHeardNorTakesTheFocus();
     void aHiddenPressCannotBeSeen();
+    void aHiddenKeyboardIsNotCancelled();
 
     void theKeysAreBuiltOnce();
     void aShiftScalesNothing();
+    void facesAreMadeBeforeTheyAreShown();
     void theSecondOpeningBuildsNothing();
     void aShiftShowsWhatANewKeyboardWouldShow();
     void theWheelWalksTheKeysRowByRow();
     void theWheelTypesAndBackCancels();
     void theWheelFindsTheKeysOfAnotherLayout();
+    void theWheelFindsTheKeysThatAnotherLayoutAdds();
 
     void diesInTheSlotOfItsOwnSignals_data();
     void diesInTheSlotOfItsOwnSignals();
@@ -232,6 +238,18 @@ void TKeyboardTest::theLockEndsAPendingShift()
     QVERIFY(stage.Type(QStringLiteral("kl")));
     stage.finger.Touch(stage.Lock());
     QVERIFY(stage.Type(QStringLiteral("KL")));
+}
+
+void TKeyboardTest::aCharacterComesWhileItsShiftStillStands()
+{
+    TKeyboardStage stage;
+    QString faces;
+    connect(stage.keyboard.data(), &TKeyboard::NewChar, this, [&] { faces = stage.AllFaces(); });
+    stage.finger.Touch(stage.Shift());
+    QString const shifted = stage.AllFaces();
+    QVERIFY(stage.Type(QStringLiteral("k")));
+    QCOMPARE(faces, shifted);
+    QVERIFY(stage.AllFaces() != shifted);
 }
 
 void TKeyboardTest::aPendingShiftIsSeenOnItsKey()
@@ -533,6 +551,24 @@ void TKeyboardTest::theInputAreaIsNoKey()
         QVERIFY(stop.Widget()->parentWidget() != stage.keyboard);
 }
 
+void TKeyboardTest::aTouchOfTheInputAreaIsNeitherSeenNorHeardNorTakesTheFocus()
+{
+    TKeyboardStage stage;
+    auto* const text = new QLineEdit(stage.screen.get());
+    text->show();
+    text->setFocus();
+    stage.finger.Touch(stage.Shift());
+    auto const& sounds = stage.screen->m_Recorder.m_Sounds;
+    int const heard = sounds.size();
+    QVERIFY(heard > 0);
+    QImage const before = stage.Picture();
+    stage.finger.Press(stage.keyboard->GetInputAreaGeometry().center());
+    QCOMPARE(stage.Picture(), before);
+    stage.finger.Lift();
+    QCOMPARE(sounds.size(), heard);
+    QCOMPARE(stage.screen->focusWidget(), text);
+}
+
 void TKeyboardTest::aHiddenPressCannotBeSeen()
 {
     TKeyboardStage stage;
@@ -551,6 +587,15 @@ void TKeyboardTest::aHiddenPressCannotBeSeen()
     QVERIFY(key->grab().toImage() != idle);
     stage.finger.Lift();
     QVERIFY(!key->UseDefaultMMIHighlight());
+}
+
+void TKeyboardTest::aHiddenKeyboardIsNotCancelled()
+{
+    TKeyboardStage stage;
+    TKey const* const cancel = stage.CancelKey();
+    stage.keyboard->HideWindow();
+    stage.keyboard->OnMMIBack();
+    QVERIFY(!cancel->isDown());
 }
 
 void TKeyboardTest::theKeysAreBuiltOnce()
@@ -596,6 +641,35 @@ void TKeyboardTest::aShiftScalesNothing()
     QCOMPARE(pictureOfTheOthers(), small);
     stage.finger.Touch(stage.Shift());
     QCOMPARE(pictureOfTheOthers(), capitals);
+}
+
+// A key whose faces were forgotten lays out its text and puts its background together again.
+void TKeyboardTest::facesAreMadeBeforeTheyAreShown()
+{
+    TKeyboardStage stage;
+    auto const priceOfAPicture = [&stage]
+    {
+        TAllocationCount const allocations;
+        stage.Picture();
+        return allocations.Value();
+    };
+    for (bool const fullWidth : {false, true})
+    {
+        stage.Picture();
+        stage.keyboard->SetFullWidthMode(fullWidth);
+        if (!fullWidth)
+            stage.finger.Touch(stage.Shift());
+        qint64 const made = priceOfAPicture();
+        auto const keys = stage.Keys();
+        for (TKey* const key : keys)
+        {
+            key->SetLargeFont(false);
+            key->SetLargeFont(true);
+        }
+        stage.Picture();
+        qint64 const anew = priceOfAPicture();
+        QVERIFY2(made < anew / 2, qPrintable(QStringLiteral("%1 of %2").arg(made).arg(anew)));
+    }
 }
 
 void TKeyboardTest::theSecondOpeningBuildsNothing()
@@ -699,6 +773,25 @@ void TKeyboardTest::theWheelFindsTheKeysOfAnotherLayout()
         stage.Tick();
     }
     QCOMPARE(stage.typed, QStringLiteral("234567890ABCDEF"));
+}
+
+void TKeyboardTest::theWheelFindsTheKeysThatAnotherLayoutAdds()
+{
+    TKeyboardStage stage(Hexadecimal);
+    stage.screen->PushMMIWidget(stage.keyboard);
+    stage.keyboard->SetLayout(KEYBOARD_LAYOUT_ENGLISH, KEYBOARD_LAYOUT_NONE);
+    stage.Tick(1000);
+    // No event loop runs, so that each stays down.
+    auto const keys = stage.Keys();
+    // The first turn only wakes the wheel.
+    for (int turn = 0; turn <= keys.size(); ++turn)
+    {
+        stage.navigator.OnWheelRight();
+        stage.Tick();
+        stage.navigator.OnEnter();
+    }
+    for (TKey const* const key : keys)
+        QVERIFY2(key->isDown(), qPrintable(key->objectName()));
 }
 
 void TKeyboardTest::diesInTheSlotOfItsOwnSignals_data()
