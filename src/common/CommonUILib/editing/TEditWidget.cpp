@@ -213,7 +213,7 @@ void TEditWidget::SetCurrentListRow(int row)
 void TEditWidget::SetMaximumValue(float maximum)
 {
     m_Item.maximum = double(maximum);
-    UpdateFloatingIncDecButtons();
+    OnBoundsChanged();
 }
 
 double TEditWidget::GetMaximumValue()
@@ -225,13 +225,21 @@ double TEditWidget::GetMaximumValue()
 void TEditWidget::SetMinimumValue(float minimum)
 {
     m_Item.minimum = double(minimum);
-    UpdateFloatingIncDecButtons();
+    OnBoundsChanged();
 }
 
 double TEditWidget::GetMinimumValue()
 {
     bool const isStepped = m_Item.kind == EDIT_KIND_STEPPED && !m_Item.discreteValues.isEmpty();
     return isStepped ? m_Item.discreteValues.constFirst() : m_Item.minimum;
+}
+
+// The pad may be up.
+void TEditWidget::OnBoundsChanged()
+{
+    if (IsPadInUse())
+        m_Pad->SetBounds(GetMinimumValue(), GetMaximumValue());
+    UpdateFloatingIncDecButtons();
 }
 
 void TEditWidget::SetDecimalPlaces(int places)
@@ -349,7 +357,7 @@ void TEditWidget::ChangePad(bool isOtherPad)
         return;
     QPointer<TUnitsNumberPad> const pad(m_Pad);
     pad->SetUnitType(m_Item.unitType, m_Item.unitsContext);
-    if (pad)
+    if (pad && pad == m_Pad)
         pad->SetUnitSelector(m_Item.unitsSelector);
 }
 
@@ -696,9 +704,12 @@ void TEditWidget::hideEvent(QHideEvent* event)
     UnLockTopLevelWindow();
 }
 
+// A pad that is up already tells its new text, and whoever hears of it may delete the widget or give it
+// another pad.
 void TEditWidget::DisplayNumberPad()
 {
     QPointer<TUnitsNumberPad> const pad(m_Pad);
+    auto const isInUse = [this, &pad] { return pad && pad == m_Pad; };
     if (m_Item.numberPadType == NUMBER_PAD_IP_ADDRESS)
     {
         pad->SetIPAddress(m_Item.ipAddress);
@@ -707,13 +718,12 @@ void TEditWidget::DisplayNumberPad()
     {
         if (m_Item.numberPadType == NUMBER_PAD_DECIMAL)
             SetUnitOfPad();
-        pad->SetValueDbl(m_Item.value, float(m_Item.density));
-        pad->SetBounds(GetMinimumValue(), GetMaximumValue());
-        pad->AllowEmpty(m_Item.allowEmpty, m_Item.emptyValue);
-        pad->SetNumberOfDecimalPlaces(m_Item.padDecimalPlaces == -1 ? m_Item.decimalPlaces
-                                                                    : m_Item.padDecimalPlaces);
+        if (isInUse())
+            pad->SetValueDbl(m_Item.value, float(m_Item.density));
+        if (isInUse())
+            SetLimitsOfPad();
     }
-    if (!pad)
+    if (!isInUse())
         return;
     pad->setEnabled(true);
     pad->ShowWindow(false);
@@ -725,6 +735,14 @@ void TEditWidget::SetUnitOfPad()
         m_Pad->SetSuffix(m_Item.suffix);
     else
         m_Pad->SetUnitType(m_Item.unitType, m_Item.unitsContext);
+}
+
+void TEditWidget::SetLimitsOfPad()
+{
+    m_Pad->SetBounds(GetMinimumValue(), GetMaximumValue());
+    m_Pad->AllowEmpty(m_Item.allowEmpty, m_Item.emptyValue);
+    m_Pad->SetNumberOfDecimalPlaces(m_Item.padDecimalPlaces == -1 ? m_Item.decimalPlaces
+                                                                  : m_Item.padDecimalPlaces);
 }
 
 void TEditWidget::PutPadAway()

@@ -246,6 +246,7 @@ private:
     void ShowParts();
     void DisplayNumberPad();
     void SetUnitOfPad();
+    void SetLimitsOfPad();
     void PutPadAway();
     void CloseWithPad();
     void LockTopLevelWindow();
@@ -255,6 +256,7 @@ private:
     double ToDefaultUnit(double value) const;
     EUnitsType DetermineActualUnit() const;
     double ValueUnderEdit() const;
+    void OnBoundsChanged();
     TBounds DefaultBounds();
     void GetMinMaxInCurrentUnits(double& min, double& max);
     double GetIncrementInCurrentUnits() const;

@@ -97,9 +97,10 @@ void TEditWidget::SetOverridePosition(bool override)
     m_OverridePosition = override;
 }
 
+// By way of the screen: whoever heard of the showing may have closed the widget again.
 QPoint TEditWidget::Position(QWidget* reference)
 {
-    return reference ? mapTo(reference, QPoint()) : QPoint();
+    return reference ? reference->mapFromGlobal(mapToGlobal(QPoint())) : QPoint();
 }
 
 void TEditWidget::PositionChanged()
