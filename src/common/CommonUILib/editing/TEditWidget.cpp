@@ -790,6 +790,7 @@ void TEditWidget::OnNumberPadIPAddressChange(QString const& text)
 
 void TEditWidget::OnDone()
 {
+    m_Item.value = AcceptableValue();
     m_PreviousValue = m_Item.value;
     QPointer<TEditWidget> const self(this);
     CloseWithPad();
@@ -798,6 +799,20 @@ void TEditWidget::OnDone()
     if (m_Pad)
         m_Pad->update();
     Q_EMIT NewValue(m_Item.value);
+}
+
+// What the owner gave may have been out of the bounds from the start, and is accepted within them. Bounds
+// without room between them were never set.
+double TEditWidget::AcceptableValue()
+{
+    bool const isNumber = m_Item.kind == EDIT_KIND_NUMERIC || m_Item.kind == EDIT_KIND_STEPPED;
+    bool const isEmpty = m_Item.allowEmpty && m_Item.value == m_Item.emptyValue;
+    if (!isNumber || isEmpty)
+        return m_Item.value;
+    TBounds const bounds = DefaultBounds();
+    if (std::isfinite(m_Item.value) && !(bounds.low < bounds.high))
+        return m_Item.value;
+    return qBound(bounds.low, std::isnan(m_Item.value) ? 0.0 : m_Item.value, bounds.high);
 }
 
 void TEditWidget::OnCancelEdit()
@@ -842,7 +857,7 @@ double TEditWidget::ValueUnderEdit() const
 // What is not a number is no bound.
 TEditWidget::TBounds TEditWidget::DefaultBounds()
 {
-    auto const largest = double(std::numeric_limits<float>::max());
+    double const largest = std::numeric_limits<double>::max();
     double const low = GetMinimumValue();
     double const high = GetMaximumValue();
     auto const bounds = std::minmax({std::isnan(low) ? -largest : low, std::isnan(high) ? largest : high});

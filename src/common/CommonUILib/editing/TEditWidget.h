@@ -157,7 +157,8 @@ Q_SIGNALS:
     /// What stands on the pad, in its display unit, at each keystroke of an item with live updates; within
     /// the bounds or not.
     void ValueChanged(double value);
-    /// The edit was accepted; the widget is closed.
+    /// The edit was accepted; the widget is closed. A number is within the bounds, also where the owner gave
+    /// one that was not, or is the empty value.
     void NewValue(double value);
     /// The operator gave up; the widget is closed and has its former value again.
     void NumberPadCancelled();
@@ -258,6 +259,7 @@ private:
     double ValueUnderEdit() const;
     void OnBoundsChanged();
     TBounds DefaultBounds();
+    double AcceptableValue();
     void GetMinMaxInCurrentUnits(double& min, double& max);
     double GetIncrementInCurrentUnits() const;
     bool GetIncrementedValues(double& down, double& up, double& min, double& max);
