@@ -917,6 +917,7 @@ void TEditWidget::IncrementValue(int direction)
         IncrementNumber(direction);
 }
 
+// Set like a value of the owner, so that a cancel does not take the step back: deliberate.
 void TEditWidget::IncrementStepped(int direction)
 {
     QVector<double> const& values = qAsConst(m_Item.discreteValues);
@@ -925,7 +926,7 @@ void TEditWidget::IncrementStepped(int direction)
     if (next == (direction > 0 ? values.end() : values.begin()))
         return;
     SetCurrentValue(direction > 0 ? *next : *std::prev(next));
-    Q_EMIT ValueChanged();
+    ShowStep();
 }
 
 void TEditWidget::IncrementNumber(int direction)
@@ -939,6 +940,11 @@ void TEditWidget::IncrementNumber(int direction)
     double const step = direction > 0 ? up : down;
     m_Item.value =
         m_Item.numberPadType == NUMBER_PAD_TIME ? Wrapped(step) : StoredWithinBounds(step, min, max);
+    ShowStep();
+}
+
+void TEditWidget::ShowStep()
+{
     QPointer<TEditWidget> const self(this);
     if (IsPadInUse())
         m_Pad->SetValueDbl(m_Item.value, float(m_Item.density));

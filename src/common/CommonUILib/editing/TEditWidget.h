@@ -266,6 +266,7 @@ private:
     void IncrementValue(int direction);
     void IncrementStepped(int direction);
     void IncrementNumber(int direction);
+    void ShowStep();
     double StoredWithinBounds(double shown, double min, double max);
     double Wrapped(double value);
 
