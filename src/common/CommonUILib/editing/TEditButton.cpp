@@ -122,7 +122,9 @@ void TEditButton::OnClicked()
         Refuse();
         return;
     }
-    if (!m_EditWidget || !IsGuardSatisfied())
+    // The guard is the module's, which may take the button away or what it edits.
+    QPointer<TEditButton> const self(this);
+    if (!m_EditWidget || !IsGuardSatisfied() || !self || !m_EditWidget)
         return;
     m_EditWidget->SetPosition(this, TEditWidget::TSourceRect());
     m_EditWidget->Open();
