@@ -10,23 +10,31 @@
 
 #include <algorithm>
 
-/// A platform that shows annotations on the main screen at once, where their handlers say, and gives them
-/// back when they are hidden. It follows no source: a test that moves one says so to the handler.
+/// A platform that shows annotations at once, on the main screen or on another window, where their handlers
+/// say, and gives them back when they are hidden. It follows no source: a test that moves one says so to the
+/// handler.
 class TAnnotatingPlatform : public TTestPlatform
 {
 public:
+    /// On the main screen if \a window is null.
+    explicit TAnnotatingPlatform(QWidget* window = nullptr)
+        : m_Window(window)
+    {
+    }
+
     void ShowAnnotation(QWidget* widget, KVN::IAnnotationHandler* handler, QWidget* source) override
     {
         m_Source = source;
         HideAnnotation(widget);
         m_Shown.append({widget, widget->parentWidget(), widget->windowFlags()});
         m_Widget = widget;
-        widget->setParent(MainScreen);
+        QWidget* const window = m_Window ? m_Window.data() : MainScreen;
+        widget->setParent(window);
         widget->raise();
         QPointer<QWidget> const shown(widget);
         widget->show();
         if (shown && handler)
-            widget->move(handler->Position(MainScreen));
+            widget->move(handler->Position(window));
     }
     void HideAnnotation(QWidget* widget) override
     {
@@ -54,5 +62,6 @@ private:
         Qt::WindowFlags formerFlags;
     };
 
+    QPointer<QWidget> const m_Window;
     QVector<TShown> m_Shown;
 };

@@ -541,7 +541,8 @@ void TEditWidget::ClearPropertyValue()
 void TEditWidget::SetTitle(QString const& title)
 {
     m_Title = title;
-    update(m_Box);
+    if (isVisible())
+        SourceMovedSlot();
 }
 
 void TEditWidget::SetTextBasedValue(int index, QString text)

@@ -290,12 +290,13 @@ private:
     TBoxPlace PlaceForBox(QRect const& usable, int width, int height) const;
     TBoxPlace PlaceBelowOrAbove(QRect const& usable, int width, int height) const;
     int RowsThatFit(TBoxPlace const& place) const;
+    QRect BoxAroundList() const;
     void SetBox(QRect const& box);
     void SetKeyPadPosition();
     void PlaceFloatingButtons(QRect const& usable);
     void MoveStack(QPoint minusCorner);
     int RowsOfStack() const;
-    void PlaceUnitsButton(QRect const& usable);
+    void PlaceUnitsButton();
     void PositionNumberPad();
     bool DoFloatingPartsFit(QRect const& usable) const;
     void MakePadInline();

@@ -20,6 +20,8 @@ namespace
 {
 constexpr int TitleFontSize = 14;
 constexpr int TitleMeasureSlack = 1;
+// The list and its buttons stay on the screen, whatever text a module sets.
+constexpr int HighestTitle = 200;
 constexpr int TitleFlags = int(Qt::AlignHCenter) | int(Qt::AlignVCenter);
 constexpr int TextMargin = 8;
 constexpr int NarrowText = 140;
@@ -36,6 +38,8 @@ constexpr int PadAboveButton = 25;
 constexpr int PadRightOfPlus = 6;
 constexpr int PadRightOfButton = 11;
 constexpr int StackGap = 2;
+// An empty mask stands for none: this one lies outside of every widget.
+constexpr QRect NothingSeen(-1, -1, 1, 1);
 
 // Of the light field's art: its frame, and the shadow within that at the top.
 constexpr QMargins FieldEdges(4, 8, 4, 4);
@@ -120,6 +124,8 @@ void TEditWidget::SetPositionInternal(QPoint position, QSize size, QSize request
 {
     Q_UNUSED(source)
     m_RequestedSize = requested;
+    if (m_OverridePosition && m_List && isVisible())
+        SetBox(BoxAroundList());
     if (m_OverridePosition || !isVisible())
         return;
     PlaceValueButton(position, size);
@@ -152,11 +158,13 @@ void TEditWidget::ClipToSource()
         if (part != m_ValueButton && part != m_Field && part->isVisible())
             m_ClipRegion += part->geometry();
     }
-    bool const isWhole = (QRegion(m_ValueButton->geometry()) - m_ClipRegion).isEmpty();
+    QRect const value = m_ValueButton->geometry();
+    QRegion const seen = m_ClipRegion & value;
+    bool const isWhole = (QRegion(value) - seen).isEmpty();
     if (isWhole)
         m_ValueButton->clearMask();
     else
-        m_ValueButton->setMask(m_ClipRegion.translated(-m_ValueButton->pos()));
+        m_ValueButton->setMask(seen.isEmpty() ? NothingSeen : seen.translated(-value.topLeft()));
     ShowField(isWhole);
 }
 
@@ -217,7 +225,7 @@ int TEditWidget::GetTitleBarHeight() const
         return LIST_BORDER;
     int const width = m_List ? m_List->width() : 0;
     int const text = KVN::RenderUtils::GetTextHeight(m_Title, TitleFont(), width);
-    return qMax(LIST_BORDER + text + TitleMeasureSlack, 2 * LIST_BORDER);
+    return qBound(2 * LIST_BORDER, LIST_BORDER + text + TitleMeasureSlack, HighestTitle);
 }
 
 void TEditWidget::SetExtraBoxHeight(int height)
@@ -260,7 +268,10 @@ void TEditWidget::SetListBoxPosition()
     LayOutList(width, m_VisibleListEntries);
     int const height = RequiredHeight(m_VisibleListEntries);
     TBoxPlace place = PlaceForBox(usable, width, height);
-    place.corner = QPoint(qMax(place.corner.x(), usable.x()), qMax(place.corner.y(), usable.y()));
+    // A source beside the usable part takes nothing with it.
+    int const rightmost = qMax(usable.x(), usable.right() + 1 - width);
+    place.corner =
+        QPoint(qBound(usable.x(), place.corner.x(), rightmost), qMax(place.corner.y(), usable.y()));
     int const over = place.corner.y() + height - place.bottomLimit;
     if (over > 0)
         place.corner.setY(qMax(place.topLimit, place.corner.y() - over));
@@ -342,6 +353,13 @@ void TEditWidget::PlaceListButtons()
     m_ListCancel->move(x - width, y);
 }
 
+QRect TEditWidget::BoxAroundList() const
+{
+    int const title = GetTitleBarHeight();
+    return {m_List->x() - LIST_BORDER, m_List->y() - title, m_List->width() + 2 * LIST_BORDER,
+            HeightWithoutList() + m_List->height()};
+}
+
 void TEditWidget::SetBox(QRect const& box)
 {
     m_Box = box;
@@ -386,7 +404,7 @@ void TEditWidget::SetKeyPadPosition()
     UpdateFloatingIncDecButtons();
     ShowFloatingOkCancel();
     PlaceFloatingButtons(usable);
-    PlaceUnitsButton(usable);
+    PlaceUnitsButton();
     if (!IsPadInUse())
         return;
     PositionNumberPad();
@@ -430,7 +448,7 @@ void TEditWidget::MoveStack(QPoint minusCorner)
     m_FloatingOk->move(minusCorner + right + down);
 }
 
-void TEditWidget::PlaceUnitsButton(QRect const& usable)
+void TEditWidget::PlaceUnitsButton()
 {
     TPushButton* const units = IsPadInUse() ? m_Pad->GetUnitsButton() : nullptr;
     if (!units || !m_Item.unitsSelector.IsValid())
@@ -447,10 +465,7 @@ void TEditWidget::PlaceUnitsButton(QRect const& usable)
     bool const isStackRight = FloatingIncDecBtnsAvail() && m_Minus->x() > value.x();
     if (!isStackRight || m_Minus->x() > units->geometry().right())
         return;
-    int x = units->geometry().right() + 1;
-    if (x + 2 * m_Plus->width() > usable.right() + 1)
-        x = value.x() - 2 * m_Plus->width();
-    MoveStack(QPoint(x, m_Minus->y()));
+    MoveStack(QPoint(units->geometry().right() + 1, m_Minus->y()));
 }
 
 void TEditWidget::PositionNumberPad()
@@ -494,5 +509,7 @@ void TEditWidget::MakePadInline()
     UpdateFloatingIncDecButtons();
     ShowFloatingOkCancel();
     m_Pad->SetInlineOptions(true, m_Item.floatingButtons);
+    // Where it comes to lie over the button of the units, its keys go first.
+    m_Pad->raise();
     m_Pad->move((width() - m_Pad->width()) / 2, (height() - m_Pad->height()) / 2);
 }
