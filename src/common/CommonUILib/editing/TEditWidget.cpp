@@ -33,7 +33,7 @@ constexpr int MostEntries = 200000;
 // The index that a value stands for.
 int IndexOf(double value)
 {
-    if (!std::isfinite(value))
+    if (std::isnan(value))
         return 0;
     return int(
         qBound(double(std::numeric_limits<int>::min()), value, double(std::numeric_limits<int>::max())));
@@ -118,6 +118,12 @@ int TEditWidget::FirstIndex() const
     return qBound(0, IndexOf(m_Item.minimum), MostEntries);
 }
 
+// The minimum as it was set, unless it is no index.
+double TEditWidget::FirstValue() const
+{
+    return m_Item.minimum >= 0.0 && m_Item.minimum <= MostEntries ? m_Item.minimum : FirstIndex();
+}
+
 int TEditWidget::LastIndex() const
 {
     return qBound(-1, IndexOf(m_Item.maximum), MostEntries - 1);
@@ -181,6 +187,12 @@ void TEditWidget::SelectValueRow()
         m_List->SelectItem(IndexOf(m_Item.value), true);
     else
         m_List->SelectItem(GetStringValue(IndexOf(m_Item.value)), true);
+}
+
+void TEditWidget::SelectRowOfValue()
+{
+    QSignalBlocker const quiet(m_List);
+    m_List->SelectItem(IndexOf(m_Item.value) - FirstIndex(), true);
 }
 
 double TEditWidget::GetCurrentValue()
@@ -330,8 +342,7 @@ void TEditWidget::RefreshProperties(TEditItem const* item)
     SetupValueList();
     if (m_List)
     {
-        QSignalBlocker const quiet(m_List);
-        m_List->SelectItem(IndexOf(m_Item.value - m_Item.minimum), true);
+        SelectRowOfValue();
         m_List->show();
     }
     m_ValueButton->setVisible(m_Item.showValueButton);
@@ -341,8 +352,10 @@ void TEditWidget::RefreshProperties(TEditItem const* item)
     if (!isVisible())
         return;
     ShowParts();
-    if (self)
-        SourceMovedSlot();
+    if (!self)
+        return;
+    SourceMovedSlot();
+    ShowCurrentRow();
 }
 
 void TEditWidget::ChangePad(bool isOtherPad)
@@ -413,7 +426,7 @@ void TEditWidget::SetupValueList()
     {
         m_ListTexts = TextsOfItem();
         if (!(m_Item.value >= m_Item.minimum && m_Item.value <= m_Item.maximum))
-            m_Item.value = m_Item.minimum;
+            m_Item.value = FirstValue();
     }
     else
     {
@@ -618,10 +631,10 @@ void TEditWidget::OnListSelectionChanged(int selection)
 {
     if (selection < 0)
         return;
-    m_Item.value = selection + m_Item.minimum;
+    m_Item.value = selection + FirstValue();
     if (m_Item.value > m_Item.maximum)
     {
-        m_Item.value = m_Item.minimum;
+        m_Item.value = FirstValue();
         selection = 0;
     }
     Q_EMIT SelectionChanged(selection);
@@ -633,8 +646,16 @@ void TEditWidget::Open()
 {
     QPointer<TEditWidget> const self(this);
     m_Overlay.Open(this);
-    if (self)
-        SourceMovedSlot();
+    if (!self)
+        return;
+    SourceMovedSlot();
+    ShowCurrentRow();
+}
+
+void TEditWidget::ShowCurrentRow()
+{
+    if (m_List)
+        m_List->ShowCurrentRow();
 }
 
 void TEditWidget::Close()
@@ -675,6 +696,9 @@ void TEditWidget::ShowParts()
     bool const isList = IsListKind();
     if (isList)
         m_VisibleListEntries = GetNumVisibleListEntries();
+    // After a cancel the row is another one.
+    if (isList && !m_Item.multiSelect)
+        SelectRowOfValue();
     ShowText(GetStringValue());
     QPointer<TEditWidget> const self(this);
     if (IsPadInUse())

@@ -228,6 +228,7 @@ private:
     bool IsListKind() const;
     bool IsPadInUse() const;
     int FirstIndex() const;
+    double FirstValue() const;
     int LastIndex() const;
 
     void ChangePad(bool isOtherPad);
@@ -241,6 +242,8 @@ private:
     void DropList();
     void FillList();
     void SelectValueRow();
+    void SelectRowOfValue();
+    void ShowCurrentRow();
     void ShowText(QString const& text);
     void SetFontSizeFromString(QString const& text);
 

@@ -214,6 +214,11 @@ void TListControl::SetCurrentRow(int row)
     m_List->SetCurrentRow(row);
 }
 
+void TListControl::ShowCurrentRow()
+{
+    m_List->scrollTo(m_List->currentIndex());
+}
+
 bool TListControl::IsItemSelected(unsigned row) const
 {
     return m_List->IsItemSelected(row);

@@ -62,6 +62,8 @@ public:
     void SelectAll();
     void UnSelectAllSelections();
     void SetCurrentRow(int row);
+    /// Scrolls as far as the current row takes to be seen.
+    void ShowCurrentRow();
     bool IsItemSelected(unsigned row) const;
     bool IsAnythingSelected() const;
     QList<QListWidgetItem*> GetSelectedItems() const;
