@@ -194,6 +194,8 @@ protected:
     /// Null for an item that is no list.
     TListControl* GetList() const { return m_List; }
     TPushButton* GetValueButton() const { return m_ValueButton; }
+    TPushButton* GetListOkButton() const { return m_ListOk; }
+    TPushButton* GetListCancelButton() const { return m_ListCancel; }
     /// Puts the buttons that accept the list and give it up below it.
     void PlaceListButtons();
     /// The title, if there is one, in a box around the list whose upper edge is at \a boxTop.

@@ -151,11 +151,13 @@ void TEditWidget::PlaceValueButton(QPoint position, QSize size)
 // above the value anyway.
 void TEditWidget::ClipToSource()
 {
+    // The source would count as covered by it.
+    m_Field->hide();
     m_ClipRegion = m_Overlay.VisibleRegionOfSource();
     auto const parts = findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     for (QWidget const* const part : parts)
     {
-        if (part != m_ValueButton && part != m_Field && part->isVisible())
+        if (part != m_ValueButton && part->isVisible())
             m_ClipRegion += part->geometry();
     }
     QRect const value = m_ValueButton->geometry();
