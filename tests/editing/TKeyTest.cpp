@@ -45,6 +45,7 @@ private Q_SLOTS:
     void aPreparedFaceIsTheOneThatIsPainted_data();
     void aPreparedFaceIsTheOneThatIsPainted();
     void aPreparedFaceIsForgottenWithItsSizeAndLook();
+    void aPreparedFaceIsForgottenWithItsGround();
     void aGroundOfAnotherSizeMakesNoFace();
     void aPressShowsOnAGround();
     void theGroundShowsBehindADisabledKey();
@@ -208,6 +209,18 @@ void TKeyTest::aPreparedFaceIsForgottenWithItsSizeAndLook()
     QVERIFY(key->grab().toImage() != before);
     key->SetCustomSize(2, Unit, KEY_HEIGHT, 0);
     QCOMPARE(key->grab().toImage().size(), QSize(2 * Unit, KEY_HEIGHT));
+    delete key;
+}
+
+void TKeyTest::aPreparedFaceIsForgottenWithItsGround()
+{
+    TTestScreen const screen;
+    TKey* const key = MakeKey(screen.get(), QLatin1Char('G'));
+    key->SetGround(Ground(Qt::darkGray));
+    key->PrepareFaces(QStringLiteral("G"), QStringLiteral("g"));
+    QImage const before = key->grab().toImage();
+    key->SetGround(Ground(Qt::red));
+    QVERIFY(key->grab().toImage() != before);
     delete key;
 }
 
