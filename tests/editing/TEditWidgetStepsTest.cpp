@@ -2,6 +2,7 @@
 #include "TestCase.h"
 #include "TUnits.h"
 
+#include <QDate>
 #include <QRandomGenerator>
 
 #include <algorithm>
@@ -75,6 +76,9 @@ private Q_SLOTS:
     void theDensityCountsInSteps();
     void aTimeAtTheMaximumWrapsAndANumberStays();
     void aTimeBelowTheMinimumComesFromTheOtherEnd();
+    void timesStepOnThePadToo_data();
+    void timesStepOnThePadToo();
+    void datesStepByDays();
     void timesAndDatesNeverDisableTheirButtons_data();
     void timesAndDatesNeverDisableTheirButtons();
     void plusAndMinusAreEnabledWithinTheBounds();
@@ -321,6 +325,53 @@ void TEditWidgetStepsTest::aTimeBelowTheMinimumComesFromTheOtherEnd()
     QCOMPARE(Stepped(TimeItem(2, 12, 3, 3), -1), 12.0);
     // Not beyond the end.
     QCOMPARE(Stepped(TimeItem(6, 18, 0.5, 6), -1), 18.0);
+}
+
+void TEditWidgetStepsTest::timesStepOnThePadToo_data()
+{
+    QTest::addColumn<bool>("is24HourClock");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("direction");
+    QTest::addColumn<double>("accepted");
+    QTest::newRow("24 hours") << true << 11.5 << 1 << 12.0;
+    QTest::newRow("24 hours, over the end") << true << 23.5 << 1 << 0.0;
+    QTest::newRow("24 hours, over the start") << true << 0.0 << -1 << 23.5;
+    QTest::newRow("12 hours") << false << 11.5 << 1 << 12.0;
+    QTest::newRow("12 hours, over the end") << false << 23.5 << 1 << 0.0;
+    QTest::newRow("12 hours, back to the morning") << false << 12.0 << -1 << 11.5;
+}
+
+void TEditWidgetStepsTest::timesStepOnThePadToo()
+{
+    QFETCH(bool, is24HourClock);
+    QFETCH(double, value);
+    QFETCH(int, direction);
+    QFETCH(double, accepted);
+    TEditItem item = TimeItem(0, 24, 0.5, value);
+    item.useNumberPad = true;
+    TEditStage stage(item);
+    stage.UseClock(is24HourClock);
+    stage.edit->Open();
+    stage.finger.Touch(direction > 0 ? stage.Plus() : stage.Minus());
+    QCOMPARE(stage.edit->GetCurrentValue(), accepted);
+    stage.finger.Touch(stage.Key(TEditScene::Tick));
+    QCOMPARE(stage.values, QVector<double>{accepted});
+}
+
+void TEditWidgetStepsTest::datesStepByDays()
+{
+    auto const day = [](int month, int ofMonth) { return double(QDate(2024, month, ofMonth).toJulianDay()); };
+    TEditItem item = SteppedItem(day(1, 1), day(12, 31), 1, day(2, 29));
+    item.numberPadType = NUMBER_PAD_DATE;
+    item.useNumberPad = true;
+    item.suffix = QStringLiteral("DD/MM/YYYY");
+    TOpenEditStage stage(item);
+    stage.finger.Touch(stage.Plus());
+    QCOMPARE(stage.Shown(), QStringLiteral("01/03/2024"));
+    stage.finger.Touch(stage.Minus());
+    stage.finger.Touch(stage.Minus());
+    stage.finger.Touch(stage.Key(TEditScene::Tick));
+    QCOMPARE(stage.values, QVector<double>{day(2, 28)});
 }
 
 void TEditWidgetStepsTest::timesAndDatesNeverDisableTheirButtons_data()
