@@ -526,6 +526,11 @@ void TEditWidgetTest::theValueButtonFollowsItsItem()
     item.showValueButton = false;
     stage.edit->RefreshProperties(&item);
     QVERIFY(!stage.Value()->isVisible());
+    // Before it has a place, too.
+    TEditWidget const unopened(nullptr, &item);
+    auto const buttons = unopened.findChildren<TPushButton*>();
+    for (TPushButton* const button : buttons)
+        QVERIFY(button->GetMMIBehaviour() != MMI_EXCLUDED || button->isHidden());
 }
 
 void TEditWidgetTest::openingShowsTheWidgetOverTheScreen()
