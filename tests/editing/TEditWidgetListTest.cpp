@@ -114,6 +114,9 @@ private Q_SLOTS:
     void oddTextsDoNoHarm();
     void listMayDieInItsOwnSignals();
     void itemMayChangeInTheSignalsOfTheList();
+    void listMayDieBeneathTheFinger();
+    void windowMayDieWithItsOpenList();
+    void sourceMayDieBeneathAnOpenList();
 };
 
 // ---- edge cases ----
@@ -960,6 +963,47 @@ void TEditWidgetListTest::itemMayChangeInTheSignalsOfTheList()
         QCOMPARE(widget->GetCurrentValue(), 12.0);
         QVERIFY(stage.Plus()->isVisible());
     }
+}
+
+void TEditWidgetListTest::listMayDieBeneathTheFinger()
+{
+    TEditPlacesStage stage(TEditPlacesStage::ListItem(6));
+    stage.OpenOver(Source);
+    TFinger finger(&stage.window);
+    finger.Press(PlaceOfRow(stage, 2));
+    delete stage.widget.data();
+    finger.Lift();
+    QVERIFY(!stage.platform.m_Widget);
+}
+
+void TEditWidgetListTest::windowMayDieWithItsOpenList()
+{
+    TTestScreen const screen;
+    auto* const window = new TRoomWindow;
+    TAnnotatingPlatform const platform(window);
+    QPointer<TOpenEditWidget> const widget = new TOpenEditWidget(TEditPlacesStage::ListItem(6));
+    widget->SetPosition(nullptr, [](QWidget*) { return Source; });
+    window->show();
+    widget->Open();
+    QCOMPARE(widget->parentWidget(), static_cast<QWidget*>(window));
+    delete window;
+    QVERIFY(!widget);
+}
+
+void TEditWidgetListTest::sourceMayDieBeneathAnOpenList()
+{
+    TEditPlacesStage stage(TEditPlacesStage::ListItem(6));
+    auto* const source = new QWidget(&stage.window);
+    source->setGeometry(Source);
+    stage.widget->SetPosition(source);
+    stage.widget->Open();
+    QRect const box = stage.Box();
+    stage.widget->PositionChanged();
+    delete source;
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.Box(), box);
+    stage.ListOk()->click();
+    QVERIFY(!stage.widget->isVisible());
 }
 
 COMMONUI_TEST(TEditWidgetListTest)

@@ -148,6 +148,7 @@ private Q_SLOTS:
     void unitsButtonStandsBesideTheValue();
     void unitsButtonTakesItsWidthFromAWideValue();
     void keysOfACentredPadAreOnTop();
+    void plainWindowMayBeUsedWholly();
     void oddSourcesDoNoHarm_data();
     void oddSourcesDoNoHarm();
 };
@@ -1127,6 +1128,21 @@ void TEditWidgetPlacesTest::keysOfACentredPadAreOnTop()
     QVERIFY(stage.Pad()->geometry().contains(units));
     QWidget const* const hit = stage.widget->childAt(units.center());
     QVERIFY(hit == stage.Pad() || stage.Pad()->isAncestorOf(hit));
+}
+
+void TEditWidgetPlacesTest::plainWindowMayBeUsedWholly()
+{
+    TTestScreen const screen;
+    QWidget window;
+    window.resize(600, 500);
+    TAnnotatingPlatform const platform(&window);
+    TOpenEditWidget widget(TEditPlacesStage::ListItem(20));
+    widget.SetPosition(nullptr, [](QWidget*) { return QRect(100, 200, 100, 40); });
+    window.show();
+    widget.Open();
+    // 500 pixels hold the box and seven rows and a half.
+    QCOMPARE(widget.GetList()->geometry(), QRect(220, 20, 210, 7 * LIST_ROW_HEIGHT));
+    widget.Close();
 }
 
 void TEditWidgetPlacesTest::oddSourcesDoNoHarm_data()

@@ -554,7 +554,7 @@ void TEditWidget::ClearPropertyValue()
 void TEditWidget::SetTitle(QString const& title)
 {
     m_Title = title;
-    if (isVisible())
+    if (m_List && isVisible())
         SourceMovedSlot();
 }
 
