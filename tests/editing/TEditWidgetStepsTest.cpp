@@ -73,6 +73,7 @@ private Q_SLOTS:
     void stepsAreTakenInTheUnitOfTheOperator();
     void boundsComeBackToTheLastBit_data();
     void boundsComeBackToTheLastBit();
+    void aStepThatLandsOnABoundIsThatBound();
     void theDensityCountsInSteps();
     void aTimeAtTheMaximumWrapsAndANumberStays();
     void aTimeBelowTheMinimumComesFromTheOtherEnd();
@@ -123,8 +124,9 @@ void TEditWidgetStepsTest::theGridOfTheSteps_data()
     QTest::addColumn<double>("up");
     QTest::newRow("on the grid") << 0.0 << 1.0 << 5.0 << 4.0 << 6.0;
     QTest::newRow("off the grid") << 0.0 << 5.0 << 7.0 << 0.0 << 10.0;
-    QTest::newRow("a half goes away from zero") << 0.0 << 5.0 << 7.5 << 5.0 << 15.0;
-    QTest::newRow("a negative half, too") << -100.0 << 5.0 << -7.5 << -15.0 << -5.0;
+    QTest::newRow("a half goes away from zero") << 0.0 << 5.0 << 12.5 << 10.0 << 20.0;
+    QTest::newRow("a negative half, too") << -100.0 << 5.0 << -12.5 << -20.0 << -10.0;
+    QTest::newRow("a half below the grid, too") << 2.0 << 5.0 << 2.5 << 2.0 << 5.0;
     QTest::newRow("minimum on the grid") << 10.0 << 5.0 << 12.0 << 10.0 << 15.0;
     QTest::newRow("the grid begins above the minimum") << 3.0 << 5.0 << 12.0 << 5.0 << 15.0;
     QTest::newRow("the grid goes through zero") << -10.0 << 3.0 << 4.0 << 0.0 << 6.0;
@@ -290,6 +292,21 @@ void TEditWidgetStepsTest::boundsComeBackToTheLastBit()
         stage.edit->OnUp();
         stage.edit->OnDone();
         QVERIFY(stage.values.last() == bounds[1]);
+    }
+}
+
+// Some of these do not survive the way to kilometres per hour and back.
+void TEditWidgetStepsTest::aStepThatLandsOnABoundIsThatBound()
+{
+    TEditStage const stage(SpeedItem(0, 1, 1, 0));
+    for (int i = 1; i < 200; ++i)
+    {
+        double const high = i / 7.0;
+        double const shown = TUnits::GetValueInCurrentUnit(high, UNIT_TYPE_SPEED, UNITS_CONTEXT_GENERAL, 1);
+        TEditItem const item = SpeedItem(0, high, shown, 0);
+        stage.edit->RefreshProperties(&item);
+        stage.edit->OnUp();
+        QVERIFY2(stage.edit->GetCurrentValue() == high, qPrintable(QString::number(high)));
     }
 }
 
