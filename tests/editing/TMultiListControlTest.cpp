@@ -120,6 +120,8 @@ private Q_SLOTS:
     void theWindowStandsInTheMiddle();
     void theWindowIsNoHigherThanItsParent();
     void hiddenRowsTakeNoRoom();
+    void theTitleTakesItsRoomAtOnce();
+    void anotherSizeOfTheParentFitsItAnew();
     void labelsHaveTheirHeight();
     void middleButtonsAreMappedBelowFive();
     void theListIsEditedAsEver();
@@ -335,6 +337,35 @@ void TMultiListControlTest::hiddenRowsTakeNoRoom()
     QCOMPARE(height - stage.control->height(), 28 + STANDARD_BUTTON_HEIGHT);
     stage.control->ShowHideButtonControls(3, true);
     QCOMPARE(stage.control->height(), height);
+}
+
+void TMultiListControlTest::theTitleTakesItsRoomAtOnce()
+{
+    TMultiListStage stage;
+    int const withoutTitle = stage.control->GetMultiListControlHeight();
+    TEditItem item = Products(3);
+    item.showListTitle = true;
+    stage.control->RefreshProperties(&item);
+    stage.Open();
+    int const height = stage.control->height();
+    stage.control->SetTitle(QStringLiteral("Product"));
+    QCOMPARE(stage.control->height(), height + LIST_BORDER);
+    QCOMPARE(stage.control->GetMultiListControlHeight(), withoutTitle + LIST_BORDER);
+    // The second time it stands as the first time.
+    stage.control->Close();
+    stage.Open();
+    QCOMPARE(stage.control->height(), height + LIST_BORDER);
+}
+
+void TMultiListControlTest::anotherSizeOfTheParentFitsItAnew()
+{
+    TMultiListStage stage;
+    stage.Open();
+    stage.screen->resize(SCREEN_WIDTH - 100, 400);
+    stage.control->PositionChanged();
+    QCoreApplication::processEvents();
+    QCOMPARE(stage.control->x(), (SCREEN_WIDTH - 100 - POPUP_WINDOW_WIDTH) / 2);
+    QVERIFY(stage.control->height() <= 400);
 }
 
 void TMultiListControlTest::labelsHaveTheirHeight()

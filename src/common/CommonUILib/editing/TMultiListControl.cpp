@@ -27,6 +27,11 @@ constexpr int MappedRows = 5;
 constexpr int FirstPreviousId = 0;
 constexpr int FirstMiddleId = FirstPreviousId + TMultiListControl::RowCount;
 constexpr int FirstNextId = FirstMiddleId + TMultiListControl::RowCount;
+
+int ListWidth()
+{
+    return POPUP_WINDOW_WIDTH - 2 * LIST_BORDER - INPUT_WINDOW_SHADOW_SIZE;
+}
 } // namespace
 
 TMultiListControl::TMultiListControl(QWidget* parent, TEditItem* item)
@@ -55,6 +60,7 @@ void TMultiListControl::Setup()
     }
     m_ListRoom = new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
     column->addSpacerItem(m_ListRoom);
+    FitHeader();
 }
 
 void TMultiListControl::MakeRow(int row)
@@ -98,8 +104,26 @@ void TMultiListControl::RefreshProperties(TEditItem const* item)
     if (!self)
         return;
     GetValueButton()->hide();
+    FitAnew();
+}
+
+void TMultiListControl::SetTitle(QString const& title)
+{
+    TEditWidget::SetTitle(title);
+    FitAnew();
+}
+
+void TMultiListControl::FitAnew()
+{
+    FitHeader();
     if (isVisible())
         UpdateWindowHeightAndPosition();
+}
+
+// Not its source moves it, but the size of its parent.
+void TMultiListControl::PositionChanged()
+{
+    QMetaObject::invokeMethod(this, &TMultiListControl::FitAnew, Qt::QueuedConnection);
 }
 
 // ---- rows ----
@@ -260,6 +284,14 @@ int TMultiListControl::RowsOfList()
     return qBound(0, room / LIST_ROW_HEIGHT, GetNumVisibleListEntries());
 }
 
+// The title is as wide as the list.
+void TMultiListControl::FitHeader()
+{
+    if (TListControl* const list = GetList())
+        list->setFixedWidth(ListWidth());
+    m_Header->setFixedHeight(GetTitleBarHeight());
+}
+
 void TMultiListControl::PositionValueList()
 {
     TListControl* const list = GetList();
@@ -268,8 +300,7 @@ void TMultiListControl::PositionValueList()
     QLayout* const column = m_RowsWidget->layout();
     m_ListRoom->changeSize(0, 0, QSizePolicy::Minimum, QSizePolicy::Fixed);
     column->invalidate();
-    list->SetListPosition(0, 0, POPUP_WINDOW_WIDTH - 2 * LIST_BORDER - INPUT_WINDOW_SHADOW_SIZE,
-                          RowsOfList());
+    list->SetListPosition(0, 0, ListWidth(), RowsOfList());
     m_ListRoom->changeSize(0, list->height(), QSizePolicy::Minimum, QSizePolicy::Fixed);
     column->invalidate();
 }
@@ -281,12 +312,12 @@ void TMultiListControl::UpdateWindowHeightAndPosition()
         return;
     for (int row = 0; row < RowCount; ++row)
         ShowRow(row);
-    m_Header->setFixedHeight(GetTitleBarHeight());
+    FitHeader();
     QLayout* const column = m_RowsWidget->layout();
     column->setContentsMargins(LIST_BORDER, m_Header->height(), LIST_BORDER + INPUT_WINDOW_SHADOW_SIZE,
                                ListButtonDistance + INPUT_WINDOW_SHADOW_SIZE);
     PositionValueList();
-    int const contents = qMax(m_Header->sizeHint().height(), column->sizeHint().height());
+    int const contents = qMax(m_Header->height(), column->sizeHint().height());
     int const height = qMin(contents + LIST_BORDER + TASK_WINDOW_BUTTON_HEIGHT, ParentHeight());
     setFixedSize(POPUP_WINDOW_WIDTH, height);
     int const parentWidth = parentWidget() ? parentWidget()->width() : SCREEN_WIDTH;

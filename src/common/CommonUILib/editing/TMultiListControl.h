@@ -29,6 +29,7 @@ public:
     /// Makes the rows. To be called once, before the first Open().
     void Setup() override;
     void RefreshProperties(TEditItem const* item) override;
+    void SetTitle(QString const& title) override;
 
     /// \name Rows
     /// @{
@@ -65,6 +66,7 @@ public:
 
     /// MMI_NORMAL: the wheel walks over the buttons and the list.
     EMMIWidgetBehaviour GetMMIBehaviour() override;
+    void PositionChanged() override;
 
 Q_SIGNALS:
     void MiddleButtonClicked(int index);
@@ -107,6 +109,8 @@ private:
     void MakeRow(int row);
     void Step(int row, int direction);
     void ShowRow(int row);
+    void FitHeader();
+    void FitAnew();
     int ParentHeight() const;
     int RowsOfList();
     void FetchBack();
