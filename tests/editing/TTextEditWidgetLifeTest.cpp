@@ -147,6 +147,34 @@ private Q_SLOTS:
         QCOMPARE(stage.Remains(), QString());
     }
 
+    void closedByASlotThatHearsOfTheHexadecimalKeys()
+    {
+        TTextEditStage stage;
+        stage.editor->SetHexMode(true);
+        connect(stage.keyboard, &TKeyboard::GeometryChanged, this, [&stage] { stage.editor->Close(); });
+        stage.Open(QStringLiteral("A"));
+        QCOMPARE(stage.Remains(), QString());
+        QVERIFY(stage.editor->isHidden());
+    }
+
+    void theFunctionOfADeadSourceIsNotAsked()
+    {
+        TTextEditStage stage;
+        bool isAsked = false;
+        stage.editor->SetPosition(stage.source,
+                                  [&isAsked](QWidget*)
+                                  {
+                                      isAsked = true;
+                                      return QRect(10, 10, 100, 40);
+                                  });
+        stage.Open(QStringLiteral("A"));
+        QVERIFY(std::exchange(isAsked, false));
+        delete stage.source;
+        stage.editor->PositionChanged();
+        QCoreApplication::processEvents();
+        QVERIFY(!isAsked);
+    }
+
     void deletedWhileOpen()
     {
         TTextEditStage stage;

@@ -118,6 +118,16 @@ private Q_SLOTS:
         QVERIFY(stage.IsDown());
     }
 
+    void anotherSourceLeavesTheLayersInOrder()
+    {
+        TStage stage;
+        stage.editor->Open();
+        stage.editor->SetPosition(stage.page.data(), {});
+        stage.editor->Open();
+        QVERIFY(stage.IsUp());
+        QCOMPARE(TScreenLayers(*stage.Screen()).Fault(), QString());
+    }
+
     void deletedByTheSlotThatTakesItsText()
     {
         TStage stage;

@@ -55,6 +55,7 @@ void TAnnotationLayer::ShowAnnotation(QWidget* widget, KVN::IAnnotationHandler* 
     annotation.waits = !IsSeen(annotation.source);
     annotation.isAsking = false;
     annotation.locksBelow = Locks();
+    annotation.locksBelow.removeAll(widget);
     Watch(annotation);
     m_Annotations.append(annotation);
     if (annotation.waits)

@@ -16,6 +16,7 @@ TEditOverlay::TEditOverlay(QWidget* widget)
 void TEditOverlay::SetSource(QWidget* source, TSourceRect rect)
 {
     m_Source = source;
+    m_HasSource = source != nullptr;
     m_SourceRect = std::move(rect);
 }
 
@@ -28,7 +29,8 @@ QWidget* TEditOverlay::GetSource() const
 QRect TEditOverlay::SourceRect() const
 {
     QWidget* const parent = m_Widget->parentWidget();
-    if (!parent)
+    // The function may hang on what the source took along.
+    if (!parent || (m_HasSource && !m_Source))
         return {};
     if (m_SourceRect)
         return m_SourceRect(parent);
@@ -47,6 +49,9 @@ QRegion TEditOverlay::VisibleRegionOfSource() const
 
 void TEditOverlay::Open(KVN::IAnnotationHandler* handler)
 {
+    // One that is up stands among the locks, where another showing would lift it out.
+    if (m_Locked && m_Widget->isVisible())
+        return;
     if (auto* const platform = MorvanePlatformInterface::Instance())
         platform->ShowAnnotation(m_Widget, handler, m_Source);
 }

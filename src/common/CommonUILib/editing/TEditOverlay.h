@@ -39,7 +39,8 @@ public:
     /// The visible part of the source in the coordinates of the overlay; the whole screen without a source.
     QRegion VisibleRegionOfSource() const;
 
-    /// Shows the overlay above all others for as long as the source is seen. Nothing without a platform.
+    /// Shows the overlay above all others for as long as the source is seen. Nothing without a platform, nor
+    /// for one that is up.
     void Open(KVN::IAnnotationHandler* handler);
     void Close();
     /// Gives the overlay the size of its parent.
@@ -60,6 +61,7 @@ public:
 private:
     QWidget* const m_Widget;
     QPointer<QWidget> m_Source;
+    bool m_HasSource = false; // it may have died since
     TSourceRect m_SourceRect;
     QPointer<QWidget> m_Locked;
 };

@@ -194,8 +194,14 @@ void TTextEditWidget::Close()
 
 void TTextEditWidget::SetPosition(QWidget* source, TEditOverlay::TSourceRect rect)
 {
+    bool const wasVisible = QWidget::isVisible();
+    QPointer<TTextEditWidget> const self(this);
+    if (wasVisible)
+        Close();
+    if (!self)
+        return;
     m_Overlay.SetSource(source, std::move(rect));
-    if (QWidget::isVisible())
+    if (wasVisible)
         Open();
 }
 
@@ -319,13 +325,14 @@ void TTextEditWidget::showEvent(QShowEvent* event)
     }
     ShowValueField();
     ConnectKeyboard();
-    m_Overlay.Lock(tr("Text Editor"), KVN::MODAL_LOCAL);
+    m_Overlay.Lock(QStringLiteral("Text Editor"), KVN::MODAL_LOCAL);
     // Whoever heard of the lock may have closed the overlay, or taken the keyboard.
     if (!m_Keyboard)
         return;
     ShowLineEdit();
-    PrepareKeyboard();
-    if (MainScreen)
+    if (m_Keyboard)
+        PrepareKeyboard();
+    if (MainScreen && m_Keyboard)
     {
         MainScreen->RaiseOffScreenButtons();
         MainScreen->PushMMIWidget(m_Keyboard);
@@ -414,6 +421,9 @@ void TTextEditWidget::PrepareKeyboard()
     SetEditKeysEnabled(m_LineEdit->text(), true);
     if (m_HexMode)
         m_Keyboard->SetHexMode(true);
+    // Whoever hears of the new keys may end the edit.
+    if (!m_Keyboard)
+        return;
     UpdateEnabledKeys();
     m_Keyboard->DisableButtonPress(m_HideButtonPress);
 }
@@ -442,19 +452,18 @@ void TTextEditWidget::HandBack(TKeyboard* keyboard)
     m_EnabledKeys = TEnabledKeys();
     QPointer<TKeyboard> const alive(keyboard);
     keyboard->PopKeyChecker();
-    if (keyboard->parentWidget() == this)
-    {
-        keyboard->setParent(formerParent);
-        keyboard->HideWindow();
-    }
-    if (!alive)
-        return;
-    keyboard->SetHexMode(false);
     keyboard->SetEditKeysEnabled(true);
     keyboard->EnableOKButton(true);
     keyboard->EnableFullStopKey(true);
     keyboard->EnableSpaceKey(true);
     keyboard->DisableButtonPress(false);
+    keyboard->SetHexMode(false);
+    // Last: whoever hears of it may be the next client already.
+    if (alive && keyboard->parentWidget() == this)
+    {
+        keyboard->setParent(formerParent);
+        keyboard->HideWindow();
+    }
 }
 
 bool TTextEditWidget::eventFilter(QObject* watched, QEvent* event)
@@ -519,6 +528,11 @@ bool TTextEditWidget::CloseForGood()
 
 void TTextEditWidget::OnKeyboardDone()
 {
+    if (!IsConfirmable(m_LineEdit->text()))
+    {
+        OnKeyboardCancel();
+        return;
+    }
     QString const text = m_LineEdit->text().trimmed();
     if (CloseForGood())
         Q_EMIT NewText(text);
