@@ -29,7 +29,8 @@ struct TDrive
     std::unique_ptr<TMachine> machine;
 };
 
-constexpr double LeftOfSection0 = -TBoom::Width / 2.0 + TBoom::SectionWidth / 2.0;
+constexpr double BoomWidth = TBoom::SectionCount * TBoom::StandardSectionWidth;
+constexpr double LeftOfSection0 = -BoomWidth / 2.0 + TBoom::StandardSectionWidth / 2.0;
 } // namespace
 
 class TMachineTest : public QObject
@@ -43,10 +44,10 @@ private Q_SLOTS:
         drive.North(20);
         QVERIFY(drive.IsCovered(LeftOfSection0, -5.0));
         QVERIFY(drive.IsCovered(-LeftOfSection0, -5.0));
-        QVERIFY(!drive.IsCovered(TBoom::Width / 2.0 + 1.0, -5.0));
+        QVERIFY(!drive.IsCovered(BoomWidth / 2.0 + 1.0, -5.0));
         // 20 m times the boom, and the tank paid for it.
-        QVERIFY(qAbs(drive.machine->AreaDone() - 20.0 * TBoom::Width / 10000.0) < 1e-6);
-        double const used = TMachine::TankSize * 0.8 - drive.machine->TankLitres();
+        QVERIFY(qAbs(drive.machine->AreaDone() - 20.0 * BoomWidth / 10000.0) < 1e-6);
+        double const used = TMachine::StandardTankSize * 0.8 - drive.machine->TankLitres();
         QVERIFY(qAbs(used - drive.machine->AreaDone() * drive.machine->Rate()) < 1e-6);
     }
 
@@ -56,7 +57,7 @@ private Q_SLOTS:
         drive.machine->SetSectionOn(0, false);
         drive.North(20);
         QVERIFY(!drive.IsCovered(LeftOfSection0, -5.0));
-        QVERIFY(drive.IsCovered(LeftOfSection0 + TBoom::SectionWidth, -5.0));
+        QVERIFY(drive.IsCovered(LeftOfSection0 + TBoom::StandardSectionWidth, -5.0));
         QVERIFY(!drive.machine->IsFlowing(0));
         QVERIFY(drive.machine->IsFlowing(1));
     }
@@ -105,7 +106,7 @@ private Q_SLOTS:
         drive.North(20);
         QCOMPARE(drive.machine->AreaDone(), area);
         drive.machine->FillTank();
-        QCOMPARE(drive.machine->TankLitres(), TMachine::TankSize);
+        QCOMPARE(drive.machine->TankLitres(), TMachine::StandardTankSize);
     }
 
     void aLostFixStopsTheFlowAndLeavesNoStripe()
@@ -148,8 +149,8 @@ private Q_SLOTS:
         QTest::addColumn<int>("line");
         QTest::newRow("right of the first line") << 0.4 << 0.0 << 0.4 << 0;
         QTest::newRow("the same driven back") << 0.4 << 180.0 << -0.4 << 0;
-        QTest::newRow("left of the third line") << 2 * TBoom::Width - 0.3 << 0.0 << -0.3 << 2;
-        QTest::newRow("west of the origin") << -TBoom::Width + 0.2 << 0.0 << 0.2 << -1;
+        QTest::newRow("left of the third line") << 2 * BoomWidth - 0.3 << 0.0 << -0.3 << 2;
+        QTest::newRow("west of the origin") << -BoomWidth + 0.2 << 0.0 << 0.2 << -1;
     }
 
     void besideTheLineIsToldAlongTheDrive()
@@ -213,7 +214,7 @@ private Q_SLOTS:
         TDrive drive;
         drive.machine->SetFlowFactor(1.2);
         drive.North(20);
-        double const used = TMachine::TankSize * 0.8 - drive.machine->TankLitres();
+        double const used = TMachine::StandardTankSize * 0.8 - drive.machine->TankLitres();
         QVERIFY(qAbs(used - drive.machine->AreaDone() * drive.machine->Rate() * 1.2) < 1e-6);
     }
 
@@ -226,6 +227,143 @@ private Q_SLOTS:
         QCOMPARE(drive.machine->FlowFactor(), TMachine::SmallestFlowFactor);
         drive.machine->SetFlowFactor(qQNaN());
         QCOMPARE(drive.machine->FlowFactor(), TMachine::SmallestFlowFactor);
+    }
+
+    // How the sprayer is built
+
+    void aNarrowSectionCoversAndCountsItsOwnWidth()
+    {
+        TDrive drive;
+        for (int section = 0; section < TBoom::SectionCount; ++section)
+            drive.machine->SetSectionWidth(section, section == 7 ? 6.0 : 2.0);
+        QCOMPARE(drive.machine->Boom().Width(), 20.0);
+        drive.machine->SetSectionOn(7, false);
+        drive.North(20);
+        // The last section begins 4 m to the right of the middle of 20 m.
+        QVERIFY(drive.IsCovered(-9.5, -5.0));
+        QVERIFY(!drive.IsCovered(-10.5, -5.0));
+        QVERIFY(drive.IsCovered(3.5, -5.0));
+        QVERIFY(!drive.IsCovered(4.5, -5.0));
+        QVERIFY(qAbs(drive.machine->AreaDone() - 20.0 * 14.0 / 10000.0) < 1e-6);
+        // 14 m at 3 m/s and 200 l/ha.
+        QVERIFY(qAbs(drive.machine->FlowPerMinute() - 14.0 * 3.0 * 60.0 / 10000.0 * 200.0) < 1e-6);
+    }
+
+    void aWidthThatChangesOnTheWayLeavesNoWedge()
+    {
+        TDrive drive;
+        drive.North(10);
+        drive.machine->SetSectionWidth(0, 6.0);
+        drive.source->Say({0.0, -11.0}, 0.0);
+        drive.source->Say({0.0, -12.0}, 0.0);
+        // 13.5 m on either side now, 12 m before; the boom runs 2.5 m behind the antenna.
+        QVERIFY(!drive.IsCovered(-13.0, -7.0));
+        QVERIFY(drive.IsCovered(-13.0, -7.8));
+        QVERIFY(drive.IsCovered(-13.0, -9.0));
+    }
+
+    void theLinesLieAsFarApartAsTheBoomIsWide()
+    {
+        TField field;
+        field.hasLines = true;
+        TDrive drive(field);
+        drive.source->Say({20.0, 0.0}, 0.0);
+        QCOMPARE(drive.machine->NearestLine(), 1);
+        for (int section = 0; section < TBoom::SectionCount; ++section)
+            drive.machine->SetSectionWidth(section, 2.0);
+        QCOMPARE(drive.machine->LineSpacing(), 16.0);
+        QVERIFY(qAbs(drive.machine->OffLine() - 4.0) < 1e-6);
+    }
+
+    void tramlinesThatAreThereStayWhereTheyAre()
+    {
+        TField field;
+        field.hasLines = true;
+        field.lineSpacing = 24.0;
+        TDrive drive(field);
+        drive.machine->SetSectionWidth(0, 1.0);
+        drive.source->Say({25.0, 0.0}, 0.0);
+        QVERIFY(qAbs(drive.machine->OffLine() - 1.0) < 1e-6);
+    }
+
+    void whatNoLongerFitsIntoTheTankRunsOver()
+    {
+        TDrive drive;
+        QSignalSpy changed(drive.machine.get(), &TMachine::SwitchesChanged);
+        drive.machine->SetTankSize(1000.0);
+        QCOMPARE(drive.machine->TankLitres(), 1000.0);
+        QCOMPARE(changed.count(), 1);
+        drive.machine->SetTankSize(5000.0);
+        QCOMPARE(drive.machine->TankLitres(), 1000.0);
+        drive.machine->FillTank();
+        QCOMPARE(drive.machine->TankLitres(), 5000.0);
+    }
+
+    void theWarningGrowsWithTheTank()
+    {
+        TDrive drive;
+        QSignalSpy low(drive.machine.get(), &TMachine::TankBecameLow);
+        QCOMPARE(drive.machine->LowTank(), 450.0);
+        drive.machine->SetTankSize(1000.0);
+        drive.machine->SetTankSize(4000.0);
+        QVERIFY(!drive.machine->IsTankLow());
+        QCOMPARE(low.count(), 0);
+        drive.machine->SetTankSize(10000.0);
+        QVERIFY(drive.machine->IsTankLow());
+        QCOMPARE(low.count(), 1);
+    }
+
+    void nozzlesGiveNoMoreThanTheyCan()
+    {
+        TDrive drive;
+        drive.machine->SetNozzleFlow(0.9);
+        drive.North(20);
+        // 0.9 l/min of a nozzle for every half metre, at 3 m/s.
+        QVERIFY(qAbs(drive.machine->AppliedRate() - 100.0) < 1e-6);
+        double const used = TMachine::StandardTankSize * 0.8 - drive.machine->TankLitres();
+        QVERIFY(qAbs(used - drive.machine->AreaDone() * 100.0) < 1e-6);
+        QVERIFY(qAbs(drive.machine->FlowPerMinute() - 0.9 * 48) < 1e-6);
+        drive.machine->SetNozzleFlow(3.0);
+        QCOMPARE(drive.machine->AppliedRate(), 200.0);
+    }
+
+    void aMachineThatStandsHasTheRateThatWasAskedFor()
+    {
+        TDrive drive;
+        QCOMPARE(drive.machine->AppliedRate(), 200.0);
+    }
+
+    void senselessMeasuresAreHeldToReason_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<double>("tank");
+        QTest::addColumn<double>("nozzle");
+        QTest::addColumn<double>("section");
+        QTest::newRow("nothing") << 0.0 << TMachine::SmallestTankSize << TMachine::SmallestNozzleFlow
+                                 << TBoom::SmallestSectionWidth;
+        QTest::newRow("negative") << -1e300 << TMachine::SmallestTankSize << TMachine::SmallestNozzleFlow
+                                  << TBoom::SmallestSectionWidth;
+        QTest::newRow("endless") << qInf() << TMachine::LargestTankSize << TMachine::LargestNozzleFlow
+                                 << TBoom::LargestSectionWidth;
+        QTest::newRow("no number") << qQNaN() << TMachine::StandardTankSize << TMachine::StandardNozzleFlow
+                                   << TBoom::StandardSectionWidth;
+    }
+
+    void senselessMeasuresAreHeldToReason()
+    {
+        QFETCH(double, value);
+        TDrive drive;
+        drive.machine->SetTankSize(value);
+        drive.machine->SetNozzleFlow(value);
+        drive.machine->SetSectionWidth(3, value);
+        drive.machine->SetSectionWidth(-1, value);
+        drive.machine->SetSectionWidth(TBoom::SectionCount, value);
+        QTEST(drive.machine->TankSize(), "tank");
+        QTEST(drive.machine->NozzleFlow(), "nozzle");
+        QTEST(drive.machine->Boom().SectionWidth(3), "section");
+        QCOMPARE(drive.machine->Boom().SectionWidth(4), TBoom::StandardSectionWidth);
+        QCOMPARE(drive.machine->Boom().SectionWidth(-1), 0.0);
+        QCOMPARE(drive.machine->Boom().SectionWidth(TBoom::SectionCount), 0.0);
     }
 };
 

@@ -76,6 +76,23 @@ private Q_SLOTS:
         QVERIFY(!map.Follow());
     }
 
+    void anotherBoomShowsWithoutAMovement()
+    {
+        TStage stage;
+        TMapView map(*stage.machine);
+        map.SetView(View);
+        map.Follow();
+        QImage const before = stage.Picture(map);
+        stage.machine->SetSectionWidth(0, 6.0);
+        QVERIFY(map.Follow());
+        QVERIFY(!map.Follow());
+        QVERIFY(stage.Picture(map) != before);
+        TMapView fresh(*stage.machine);
+        fresh.SetView(View);
+        fresh.Follow();
+        QCOMPARE(DifferentPixels(stage.Picture(map), stage.Picture(fresh)), 0);
+    }
+
     void itPaintsInsideOfItsViewAlone()
     {
         TStage stage;

@@ -108,15 +108,18 @@ bool TMapView::Follow()
         RenderLayer();
     QPoint const place = LayerPlace();
     quint32 const states = SectionStates(m_Machine);
-    bool const hasChanged = mustRender || place != m_LayerPlace || states != m_SectionStates;
+    bool const hasChanged =
+        mustRender || place != m_LayerPlace || states != m_SectionStates || m_Machine.Boom() != m_Boom;
     m_LayerPlace = place;
     m_SectionStates = states;
+    m_Boom = m_Machine.Boom();
     return hasChanged;
 }
 
 bool TMapView::IsLayerUsable() const
 {
     return m_IsLayerValid && m_LayerLine == m_Machine.NearestLine() &&
+           m_LayerSpacing == m_Machine.LineSpacing() &&
            qAbs(std::remainder(m_Machine.Heading() - m_LayerHeading, FullTurn)) <= LayerTurn &&
            QRect(LayerPlace(), m_Layer.size()).contains(m_View);
 }
@@ -134,6 +137,7 @@ void TMapView::RenderLayer()
         m_Layer = QImage(size.expandedTo(m_Layer.size()), QImage::Format_RGB32);
     m_LayerHeading = m_Machine.Heading();
     m_LayerLine = m_Machine.NearestLine();
+    m_LayerSpacing = m_Machine.LineSpacing();
     QPoint const spare((m_Layer.width() - m_View.width()) / 2, (m_Layer.height() - m_View.height()) / 2);
     QPoint const anchor = Anchor() - m_View.topLeft() + spare;
     m_ToLayer = QTransform();
@@ -175,11 +179,11 @@ void TMapView::PaintLines(QPainter* painter) const
     QPointF const across = Direction(field.lineHeading + QuarterTurn);
     QPointF const middle =
         field.lineOrigin + along * QPointF::dotProduct(m_Machine.Position() - field.lineOrigin, along);
-    int const count = qCeil(reach / TBoom::Width);
+    int const count = qCeil(reach / m_LayerSpacing);
     painter->setRenderHint(QPainter::Antialiasing);
     for (int line = m_LayerLine - count; line <= m_LayerLine + count; ++line)
     {
-        QPointF const at = middle + across * (line * TBoom::Width);
+        QPointF const at = middle + across * (line * m_LayerSpacing);
         bool const isCurrent = line == m_LayerLine;
         painter->setPen(isCurrent ? CosmeticPen(MapColors::CurrentLine, CurrentLineWidth)
                                   : CosmeticPen(MapColors::Line, LineWidth));
@@ -232,7 +236,7 @@ void TMapView::PaintBoom(QPainter* painter) const
     double const zoom = Zoom();
     int const y = BoomTop();
     auto const edge = [this, zoom](int section)
-    { return Anchor().x() + qRound((section * TBoom::SectionWidth - TBoom::Width / 2.0) * zoom); };
+    { return Anchor().x() + qRound(m_Machine.Boom().EdgeOf(section) * zoom); };
     painter->fillRect(QRect(edge(0), y, edge(TBoom::SectionCount) - edge(0), SectionBarHeight)
                           .adjusted(-SectionBarFrame, -SectionBarFrame, SectionBarFrame, SectionBarFrame),
                       Qt::black);

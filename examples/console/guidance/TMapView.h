@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TBoom.h"
+
 #include <QImage>
 #include <QPixmap>
 #include <QPolygonF>
@@ -61,7 +63,9 @@ private:
     bool m_IsLayerValid = false;
     double m_LayerHeading = 0.0;
     int m_LayerLine = 0;
+    double m_LayerSpacing = 0.0;
     QPoint m_LayerPlace;
     QPixmap m_Tractor;
     quint32 m_SectionStates = 0;
+    TBoom m_Boom;
 };

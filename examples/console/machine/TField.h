@@ -12,4 +12,5 @@ struct TField
     bool hasLines = false;
     QPointF lineOrigin;       ///< a point on line 0
     double lineHeading = 0.0; ///< degrees clockwise from north
+    double lineSpacing = 0.0; ///< m; 0: as wide as the boom is
 };

@@ -2,7 +2,6 @@
 
 #include <QtMath>
 
-#include <algorithm>
 #include <cmath>
 
 namespace
@@ -57,7 +56,7 @@ void TMachine::TakeFix(TFix const& fix)
     if (fix.speed > StandingSpeed)
         m_Heading = fix.heading;
     EnsureLines();
-    TBoom::TEnds const ends = TBoom::EndsAt(m_Position, m_Heading);
+    TBoom::TEnds const ends = m_Boom.EndsAt(m_Position, m_Heading);
     double const distance = std::hypot(m_Position.x() - before.x(), m_Position.y() - before.y());
     if (m_HasEnds && distance < LongestStep)
         Work(ends, distance);
@@ -100,18 +99,18 @@ void TMachine::Work(TBoom::TEnds const& ends, double distance)
         size_t right = left;
         while (right < m_IsFlowing.size() && m_IsFlowing[right])
             ++right;
-        Cover(QVector<QPointF>{m_Ends[left], m_Ends[right], ends[right], ends[left]},
-              static_cast<double>(right - left) * distance);
+        double const width = m_Boom.EdgeOf(static_cast<int>(right)) - m_Boom.EdgeOf(static_cast<int>(left));
+        Cover(QVector<QPointF>{m_Ends[left], m_Ends[right], ends[right], ends[left]}, width * distance);
         left = right;
     }
 }
 
-void TMachine::Cover(QPolygonF const& ground, double sectionMetres)
+void TMachine::Cover(QPolygonF const& ground, double squareMetres)
 {
     m_Coverage.Add(ground);
-    double const area = TBoom::SectionWidth * sectionMetres / SquareMetresPerHectare;
+    double const area = squareMetres / SquareMetresPerHectare;
     m_AreaDone += area;
-    SetTank(m_TankLitres - area * m_Rate * m_FlowFactor);
+    SetTank(m_TankLitres - area * AppliedRate() * m_FlowFactor);
     Q_EMIT Covered(ground);
 }
 
@@ -131,8 +130,13 @@ double TMachine::SignedDistance(int* line) const
     QPointF const across = Direction(m_Field.lineHeading + QuarterTurn);
     QPointF const from = m_Position - m_Field.lineOrigin;
     double const metres = QPointF::dotProduct(from, across);
-    *line = qRound(metres / TBoom::Width);
-    return metres - *line * TBoom::Width;
+    *line = qRound(metres / LineSpacing());
+    return metres - *line * LineSpacing();
+}
+
+double TMachine::LineSpacing() const
+{
+    return m_Field.lineSpacing > 0.0 ? m_Field.lineSpacing : m_Boom.Width();
 }
 
 double TMachine::OffLine() const
@@ -182,7 +186,7 @@ bool TMachine::IsFlowing(int section) const
 
 void TMachine::FillTank()
 {
-    SetTank(TankSize);
+    SetTank(m_TankSize);
     Q_EMIT SwitchesChanged();
 }
 
@@ -195,9 +199,44 @@ void TMachine::DrainTank()
 void TMachine::SetTank(double litres)
 {
     bool const wasLow = IsTankLow();
-    m_TankLitres = qMax(0.0, litres);
+    m_TankLitres = qBound(0.0, litres, m_TankSize);
     if (IsTankLow() && !wasLow)
         Q_EMIT TankBecameLow();
+}
+
+void TMachine::SetTankSize(double litres)
+{
+    if (std::isnan(litres))
+        return;
+    double const size = qBound(SmallestTankSize, litres, LargestTankSize);
+    if (size == m_TankSize)
+        return;
+    bool const wasLow = IsTankLow();
+    m_TankSize = size;
+    m_TankLitres = qMin(m_TankLitres, size);
+    if (IsTankLow() && !wasLow)
+        Q_EMIT TankBecameLow();
+    Q_EMIT SwitchesChanged();
+}
+
+void TMachine::SetNozzleFlow(double litresPerMinute)
+{
+    if (std::isnan(litresPerMinute))
+        return;
+    double const flow = qBound(SmallestNozzleFlow, litresPerMinute, LargestNozzleFlow);
+    if (flow == m_NozzleFlow)
+        return;
+    m_NozzleFlow = flow;
+    Q_EMIT SwitchesChanged();
+}
+
+// The next piece of ground begins where the boom ends now.
+void TMachine::SetSectionWidth(int section, double metres)
+{
+    if (!m_Boom.SetSectionWidth(section, metres))
+        return;
+    m_Ends = m_Boom.EndsAt(m_Position, m_Heading);
+    Q_EMIT SwitchesChanged();
 }
 
 void TMachine::SetFlowFactor(double factor)
@@ -218,8 +257,16 @@ void TMachine::SetRate(int litresPerHectare)
 
 double TMachine::FlowPerMinute() const
 {
-    auto const flowing = std::count(m_IsFlowing.begin(), m_IsFlowing.end(), true);
-    double const squareMetres =
-        static_cast<double>(flowing) * TBoom::SectionWidth * m_Fix.speed * SecondsPerMinute;
-    return squareMetres / SquareMetresPerHectare * m_Rate * m_FlowFactor;
+    double width = 0.0;
+    for (int section = 0; section < TBoom::SectionCount; ++section)
+        width += IsFlowing(section) ? m_Boom.SectionWidth(section) : 0.0;
+    double const squareMetres = width * m_Fix.speed * SecondsPerMinute;
+    return squareMetres / SquareMetresPerHectare * AppliedRate() * m_FlowFactor;
+}
+
+double TMachine::AppliedRate() const
+{
+    double const squareMetres = NozzleSpacing * m_Fix.speed * SecondsPerMinute;
+    return squareMetres > 0.0 ? qMin(double(m_Rate), m_NozzleFlow * SquareMetresPerHectare / squareMetres)
+                              : m_Rate;
 }

@@ -17,9 +17,15 @@ class TMachine : public QObject
     Q_OBJECT
 
 public:
-    static constexpr double TankSize = 3000.0; ///< litres
-    static constexpr double LowTank = 450.0;   ///< litres; below, the tank is nearly empty
-    static constexpr int SmallestRate = 50;    ///< litres per hectare
+    static constexpr double StandardTankSize = 3000.0; ///< litres
+    static constexpr double SmallestTankSize = 100.0;
+    static constexpr double LargestTankSize = 12000.0;
+    static constexpr double LowTankShare = 0.15;      ///< below this share, the tank is nearly empty
+    static constexpr double StandardNozzleFlow = 3.0; ///< litres per minute
+    static constexpr double SmallestNozzleFlow = 0.2;
+    static constexpr double LargestNozzleFlow = 6.0;
+    static constexpr double NozzleSpacing = 0.5; ///< m
+    static constexpr int SmallestRate = 50;      ///< litres per hectare
     static constexpr int LargestRate = 400;
     static constexpr int RateStep = 10;
     static constexpr double SmallestFlowFactor = 0.7;
@@ -44,6 +50,8 @@ public:
     double OffLine() const;
     /// The number of the nearest line, 0 without lines.
     int NearestLine() const;
+    /// Metres from one line to the next.
+    double LineSpacing() const;
     /// Hectares.
     double AreaDone() const { return m_AreaDone; }
 
@@ -56,8 +64,15 @@ public:
     void SetSectionOn(int section, bool on);
     /// What really flows: switched on, moving, inside the field, and on ground not yet covered.
     bool IsFlowing(int section) const;
+    TBoom const& Boom() const { return m_Boom; }
+    /// Metres, held to the range of TBoom. What is covered already stays as it is.
+    void SetSectionWidth(int section, double metres);
     double TankLitres() const { return m_TankLitres; }
-    bool IsTankLow() const { return m_TankLitres < LowTank; }
+    /// Litres, held to the range. What no longer fits in runs over.
+    double TankSize() const { return m_TankSize; }
+    void SetTankSize(double litres);
+    double LowTank() const { return m_TankSize * LowTankShare; }
+    bool IsTankLow() const { return m_TankLitres < LowTank(); }
     void FillTank();
     /// Lets everything out.
     void DrainTank();
@@ -67,6 +82,12 @@ public:
     /// What the nozzles give for each litre that the meter counts, held to the range.
     double FlowFactor() const { return m_FlowFactor; }
     void SetFlowFactor(double factor);
+    /// Litres per minute that one nozzle gives at most, by the meter; held to the range.
+    double NozzleFlow() const { return m_NozzleFlow; }
+    void SetNozzleFlow(double litresPerMinute);
+    /// Litres per hectare that really go out by the meter: less than Rate() where the machine drives faster
+    /// than the nozzles can follow.
+    double AppliedRate() const;
     /// Litres per minute that flow now.
     double FlowPerMinute() const;
     /// @}
@@ -76,7 +97,7 @@ Q_SIGNALS:
     void Moved();
     /// \a ground was covered just now, before Moved().
     void Covered(QPolygonF const& ground);
-    /// A switch, the rate or the tank was changed by hand.
+    /// A switch, the rate, the tank, the nozzles or the boom was changed by hand.
     void SwitchesChanged();
     /// The tank has become nearly empty. Once for each filling.
     void TankBecameLow();
@@ -86,7 +107,7 @@ private:
     void EnsurePlane();
     void EnsureLines();
     void Work(TBoom::TEnds const& ends, double distance);
-    void Cover(QPolygonF const& ground, double sectionMetres);
+    void Cover(QPolygonF const& ground, double squareMetres);
     bool MayFlow(int section, TBoom::TEnds const& ends) const;
     double SignedDistance(int* line) const;
     void StopFlow();
@@ -98,6 +119,7 @@ private:
     TFix m_Fix;
     QPointF m_Position;
     double m_Heading = 0.0;
+    TBoom m_Boom;
     bool m_HasEnds = false;
     TBoom::TEnds m_Ends;
     TCoverageMap m_Coverage;
@@ -105,7 +127,9 @@ private:
     bool m_IsMasterOn = true;
     std::array<bool, TBoom::SectionCount> m_IsSectionOn;
     std::array<bool, TBoom::SectionCount> m_IsFlowing;
-    double m_TankLitres = TankSize * 0.8;
+    double m_TankSize = StandardTankSize;
+    double m_TankLitres = StandardTankSize * 0.8;
+    double m_NozzleFlow = StandardNozzleFlow;
     int m_Rate = 200;
     double m_FlowFactor = 1.0;
 };

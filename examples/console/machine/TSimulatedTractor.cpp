@@ -1,6 +1,5 @@
 #include "TSimulatedTractor.h"
 
-#include "TBoom.h"
 #include "TLocalTime.h"
 
 #include <QtMath>
@@ -15,6 +14,8 @@ constexpr double OriginLongitude = 11.6214;
 constexpr double Altitude = 472.0;
 
 constexpr int Passes = 12;
+// The tramlines are there, whatever boom is on the tractor.
+constexpr double LineSpacing = 24.0;
 constexpr double RowLength = 360.0;
 constexpr double Headland = 30.0;
 
@@ -45,7 +46,7 @@ constexpr TSatellite Sky[] = {
 } // namespace
 
 TSimulatedTractor::TSimulatedTractor()
-    : m_Path(TFieldPath::Rows(Passes, RowLength, TBoom::Width))
+    : m_Path(TFieldPath::Rows(Passes, RowLength, LineSpacing))
     , m_Plane(OriginLatitude, OriginLongitude)
 {
     m_Timer.setTimerType(Qt::PreciseTimer);
@@ -109,8 +110,8 @@ QString TSimulatedTractor::Description() const
 
 TField TSimulatedTractor::KnownField() const
 {
-    double const half = TBoom::Width / 2.0;
-    double const east = (Passes - 1) * TBoom::Width + half;
+    double const half = LineSpacing / 2.0;
+    double const east = (Passes - 1) * LineSpacing + half;
     TField field;
     field.boundary = QVector<QPointF>{{-half, Headland},
                                       {east, Headland},
@@ -120,6 +121,7 @@ TField TSimulatedTractor::KnownField() const
                                       {-half, -RowLength - Headland}};
     field.workArea = QPolygonF(QRectF(QPointF(-half, -RowLength), QPointF(east, 0.0)));
     field.hasLines = true;
+    field.lineSpacing = LineSpacing;
     return field;
 }
 

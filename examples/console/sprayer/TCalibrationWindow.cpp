@@ -9,20 +9,13 @@
 
 namespace
 {
-// What one nozzle gives in the minute of the test, by the meter.
-constexpr double ExpectedLitres = 2.0;
-constexpr double CaughtStep = 0.02; // litres
+constexpr double CaughtStep = 0.01; // of what one nozzle gives in the minute of the test, by the meter
 constexpr int RowHeight = 72;
 constexpr int StepButtonWidth = 84;
 constexpr int Gap = 8;
 constexpr int RepeatDelay = 250;
 constexpr int RepeatInterval = 100;
 constexpr QSize ContentSize(420, 480);
-
-double LitresOf(int steps)
-{
-    return ExpectedLitres + steps * CaughtStep;
-}
 } // namespace
 
 TCalibrationWindow::TCalibrationWindow(QWidget* parent, TMachine* machine)
@@ -52,7 +45,7 @@ void TCalibrationWindow::Setup()
     AddWidgetToLayout(MakeCaughtRow(), 0, Qt::Alignment());
     AddWidgetToLayout(m_Correction, 0, Qt::Alignment());
     AddStretchToLayout(1);
-    m_Expected->SetValue(QString::number(ExpectedLitres, 'f', 2));
+    connect(m_Machine, &TMachine::SwitchesChanged, this, &TCalibrationWindow::Sync);
 }
 
 QWidget* TCalibrationWindow::MakeCaughtRow()
@@ -83,7 +76,7 @@ QWidget* TCalibrationWindow::MakeCaughtRow()
 // Each test begins with what the machine works with now.
 void TCalibrationWindow::showEvent(QShowEvent* event)
 {
-    m_CaughtSteps = qRound((m_Machine->FlowFactor() - 1.0) * ExpectedLitres / CaughtStep);
+    m_CaughtSteps = qRound((m_Machine->FlowFactor() - 1.0) / CaughtStep);
     Sync();
     TTaskWindow::showEvent(event);
 }
@@ -96,14 +89,15 @@ void TCalibrationWindow::StepCaught(int steps)
 
 double TCalibrationWindow::Factor() const
 {
-    return LitresOf(m_CaughtSteps) / ExpectedLitres;
+    return 1.0 + m_CaughtSteps * CaughtStep;
 }
 
 void TCalibrationWindow::Sync()
 {
     constexpr double Percent = 100.0;
-    m_Caught->SetValue(QString::number(LitresOf(m_CaughtSteps), 'f', 2));
+    m_Expected->SetValue(QString::number(m_Machine->NozzleFlow(), 'f', 2));
+    m_Caught->SetValue(QString::number(m_Machine->NozzleFlow() * Factor(), 'f', 2));
     m_Correction->SetValue(QString::number((Factor() - 1.0) * Percent, 'f', 0));
-    m_Less->setEnabled(Factor() > TMachine::SmallestFlowFactor + CaughtStep / ExpectedLitres / 2);
-    m_More->setEnabled(Factor() < TMachine::LargestFlowFactor - CaughtStep / ExpectedLitres / 2);
+    m_Less->setEnabled(Factor() > TMachine::SmallestFlowFactor + CaughtStep / 2);
+    m_More->setEnabled(Factor() < TMachine::LargestFlowFactor - CaughtStep / 2);
 }

@@ -140,7 +140,7 @@ void TSprayerFullWindow::Refresh()
     m_Rate->SetValue(QString::number(m_Machine->Rate()));
     m_Dials->SetValue(0, qRound(m_Machine->FlowPerMinute()));
     m_Dials->SetValue(1, qRound(m_Machine->Fix().speed * KilometresPerHour));
-    m_Dials->SetValue(2, qRound(m_Machine->TankLitres() / TMachine::TankSize * PercentOfFull));
+    m_Dials->SetValue(2, qRound(m_Machine->TankLitres() / m_Machine->TankSize() * PercentOfFull));
 }
 
 void TSprayerFullWindow::resizeEvent(QResizeEvent* event)

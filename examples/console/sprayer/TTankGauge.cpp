@@ -22,6 +22,7 @@ TTankGauge::TTankGauge(QWidget* parent, TMachine const& machine, Qt::Orientation
     , m_Orientation(orientation)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    connect(&machine, &TMachine::SwitchesChanged, this, &TTankGauge::Sync);
 }
 
 void TTankGauge::Sync()
@@ -38,7 +39,7 @@ void TTankGauge::Sync()
 QRect TTankGauge::FluidRect() const
 {
     QRect const room = rect().adjusted(Frame, Frame, -Frame, -Frame);
-    double const share = m_Machine.TankLitres() / TMachine::TankSize;
+    double const share = m_Machine.TankLitres() / m_Machine.TankSize();
     if (m_Orientation == Qt::Horizontal)
         return {room.left(), room.top(), qRound(room.width() * share), room.height()};
     int const height = qRound(room.height() * share);

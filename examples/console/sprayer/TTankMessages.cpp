@@ -53,7 +53,7 @@ void TTankMessages::Warn()
         new TMessageDialog(MainScreen, tr("Tank nearly empty"),
                            tr("Less than %1 litres are left in the tank. The sprayer goes on until it "
                               "is empty; fill the tank at the next headland.")
-                               .arg(qRound(TMachine::LowTank)),
+                               .arg(qRound(m_Machine->LowTank())),
                            MESSAGE_OK, true, Picture(QStringLiteral("icon-warning")));
     m_Warning->ShowWindow(true);
 }
