@@ -9,6 +9,8 @@
 #include "TScreen.h"
 #include "TSystemSettings.h"
 #include "TTablePanel.h"
+#include "TUnits.h"
+#include "TUnitSettings.h"
 
 #include <QFile>
 
@@ -39,12 +41,13 @@ qint64 ResidentBytes()
 
 QString Megabytes(qint64 bytes)
 {
-    return TDiagnosticsWindow::tr("%1 MB").arg(static_cast<double>(bytes) / BytesPerMegabyte, 0, 'f', 1);
+    return TUnits::GetValueString(static_cast<double>(bytes) / BytesPerMegabyte, QStringLiteral("MB"), 1,
+                                  nullptr);
 }
 
 QString Milliseconds(double value)
 {
-    return TDiagnosticsWindow::tr("%1 ms").arg(value, 0, 'f', 1);
+    return TUnits::GetValueString(value, UNIT_MILLISECOND, 1, nullptr, 1.0);
 }
 
 QVector<TTableRow> SettingRows()
@@ -79,6 +82,7 @@ void TDiagnosticsWindow::Setup()
     m_Settings = new TTablePanel(content, RowHeight, TextSize, SettingNameShare);
     m_Log = new TLogTail(content,
                          TSystemSettings::GetInternalDrivePath() + QLatin1String(TConsoleShell::LogFile));
+    connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TDiagnosticsWindow::Refresh);
     SetTitle(tr("Diagnostics"));
     Refresh();
 }

@@ -2,12 +2,12 @@
 
 #include "Palette.h"
 #include "TMachine.h"
+#include "TQuantity.h"
 
 #include <QCoreApplication>
 
 namespace
 {
-constexpr double KilometresPerHour = 3.6;
 constexpr int DegreeDigits = 6;
 
 QString Translate(char const* text)
@@ -55,7 +55,7 @@ QColor QualityColor(EFixQuality quality)
 
 QString Degrees(double value, char positive, char negative)
 {
-    return QString::number(qAbs(value), 'f', DegreeDigits) + QStringLiteral("° ") +
+    return TUnits::GetValueString(qAbs(value), UNIT_DEGREE, DegreeDigits, nullptr, 1.0) + QLatin1Char(' ') +
            QLatin1Char(value < 0.0 ? negative : positive);
 }
 } // namespace
@@ -69,10 +69,10 @@ QVector<TTableRow> FixRows(TMachine const& machine)
         {Translate("Position"), QualityText(fix.quality), QualityColor(fix.quality)},
         {Translate("Latitude"), value(Degrees(fix.latitude, 'N', 'S')), {}},
         {Translate("Longitude"), value(Degrees(fix.longitude, 'E', 'W')), {}},
-        {Translate("Altitude"), value(Translate("%1 m").arg(fix.altitude, 0, 'f', 1)), {}},
-        {Translate("Speed"), value(Translate("%1 km/h").arg(fix.speed * KilometresPerHour, 0, 'f', 1)), {}},
+        {Translate("Altitude"), value(Quantities::Altitude.Text(fix.altitude)), {}},
+        {Translate("Speed"), value(Quantities::Speed.Text(fix.speed)), {}},
         {Translate("Satellites"), value(QString::number(fix.satellitesUsed)), {}},
-        {Translate("Dilution"), value(QString::number(fix.dilution, 'f', 1)), {}},
+        {Translate("Dilution"), value(TUnits::GetValueString(fix.dilution, QString(), 1, nullptr)), {}},
         // The whole row: names of recordings and hosts are long.
         {machine.Source().Description(), QString(), {}},
     };

@@ -4,6 +4,7 @@
 #include "TMachine.h"
 #include "TSignalBars.h"
 #include "TSkyPlot.h"
+#include "TUnitSettings.h"
 
 namespace
 {
@@ -29,6 +30,7 @@ void TGnssFixMiniWindow::Setup()
     TMiniWindow::Setup();
     m_Table = new TTablePanel(GetWindowContent(), SmallRowHeight, SmallTextSize);
     m_Table->setGeometry(GetWindowContent()->rect());
+    connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TGnssFixMiniWindow::UpdateView);
     UpdateView();
 }
 
@@ -73,6 +75,7 @@ void TGnssFullWindow::Setup()
     m_Sky = new TSkyPlot(content);
     m_Table = new TTablePanel(content, RowHeight, TextSize);
     m_Bars = new TSignalBars(content);
+    connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TGnssFullWindow::Refresh);
     SetTitle(tr("Position and satellites"));
     Refresh();
 }

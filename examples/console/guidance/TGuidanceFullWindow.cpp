@@ -6,7 +6,9 @@
 #include "TMapCanvas.h"
 #include "TMapLegend.h"
 #include "TPushButton.h"
+#include "TQuantity.h"
 #include "TTaskToolBar.h"
+#include "TUnitSettings.h"
 #include "TValueField.h"
 
 namespace
@@ -17,7 +19,7 @@ constexpr int LightBarHeight = 44;
 constexpr int FieldHeight = 66;
 constexpr int FieldWidth = 168;
 constexpr int Margin = 10;
-constexpr double KilometresPerHour = 3.6;
+constexpr int FullTurn = 360;
 QString const ZoomAttribute = QStringLiteral("Zoom");
 } // namespace
 
@@ -35,9 +37,9 @@ void TGuidanceFullWindow::Setup()
     QWidget* const content = GetWindowContent();
     m_LightBar = new TLightBar(content);
     m_Legend = new TMapLegend(content);
-    m_Speed = new TValueField(content, tr("Speed"), tr("km/h"));
-    m_Heading = new TValueField(content, tr("Heading"), QStringLiteral("°"));
-    m_Area = new TValueField(content, tr("Area done"), tr("ha"));
+    m_Speed = new TValueField(content, tr("Speed"));
+    m_Heading = new TValueField(content, tr("Heading"));
+    m_Area = new TValueField(content, tr("Area done"));
     m_ToolBar = new TTaskToolBar(content, TOOLBAR_VERTICAL_NEAR);
     m_ToolBar->setFixedWidth(TASK_TOOLBAR_BUTTON_WIDTH);
     m_ToolBar->AssignButton(BUTTON_ZOOM_IN, QStringLiteral("icon-zoom-in"), QString(),
@@ -49,6 +51,7 @@ void TGuidanceFullWindow::Setup()
     connect(m_ToolBar->GetButton(BUTTON_ZOOM_OUT), &TPushButton::Clicked, this,
             [this] { SetZoomLevel(m_Canvas->ZoomLevel() - 1); });
     SetZoomLevel(m_Canvas->ZoomLevel());
+    connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TGuidanceFullWindow::Refresh);
     SetTitle(tr("Guidance"));
     Refresh();
 }
@@ -65,11 +68,18 @@ void TGuidanceFullWindow::Refresh()
 {
     m_Canvas->Follow();
     bool const hasFix = m_Machine.Fix().IsValid();
-    QString const none = QStringLiteral("–");
     m_LightBar->SetOffset(m_Machine.OffLine(), hasFix && m_Machine.Field().hasLines);
-    m_Speed->SetValue(hasFix ? QString::number(m_Machine.Fix().speed * KilometresPerHour, 'f', 1) : none);
-    m_Heading->SetValue(hasFix ? QString::number(qRound(m_Machine.Heading()) % 360) : none);
-    m_Area->SetValue(QString::number(m_Machine.AreaDone(), 'f', 2));
+    m_Area->SetValue(Quantities::Area, m_Machine.AreaDone());
+    if (hasFix)
+    {
+        m_Speed->SetValue(Quantities::Speed, m_Machine.Fix().speed);
+        m_Heading->SetValue(Quantities::Heading, qRound(m_Machine.Heading()) % FullTurn);
+    }
+    else
+    {
+        m_Speed->SetUnknown(Quantities::Speed);
+        m_Heading->SetUnknown(Quantities::Heading);
+    }
 }
 
 void TGuidanceFullWindow::resizeEvent(QResizeEvent* event)

@@ -2,6 +2,8 @@
 
 #include "ConsoleText.h"
 #include "Palette.h"
+#include "TQuantity.h"
+#include "TUnitSettings.h"
 
 #include <QPainter>
 
@@ -9,9 +11,10 @@ namespace
 {
 constexpr int LightsPerSide = 7;
 constexpr int CentimetresPerLight = 5;
+constexpr double CentimetresPerMetre = 100.0;
 constexpr int GreenLights = 2;
 constexpr int YellowLights = 4;
-constexpr int NumberWidth = 92;
+constexpr int NumberWidth = 106;
 constexpr int NumberSize = 26;
 constexpr int Gap = 3;
 constexpr int Margin = 6;
@@ -30,16 +33,23 @@ TLightBar::TLightBar(QWidget* parent)
     : QWidget(parent)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, [this] { update(); });
 }
 
 void TLightBar::SetOffset(double metres, bool isKnown)
 {
-    int const centimetres = isKnown ? qRound(metres * 100.0) : 0;
+    int const centimetres = isKnown ? qRound(metres * CentimetresPerMetre) : 0;
     if (centimetres == m_Centimetres && isKnown == m_IsKnown)
         return;
     m_Centimetres = centimetres;
     m_IsKnown = isKnown;
     update();
+}
+
+QString TLightBar::Text() const
+{
+    return m_IsKnown ? Quantities::Offset.Text(qAbs(m_Centimetres) / CentimetresPerMetre)
+                     : QStringLiteral("–");
 }
 
 void TLightBar::paintEvent(QPaintEvent* event)
@@ -48,8 +58,7 @@ void TLightBar::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     ConsoleText::DrawSurface(&painter, rect());
     QRect const number((width() - NumberWidth) / 2, 0, NumberWidth, height());
-    QString const text = m_IsKnown ? tr("%1 cm").arg(qAbs(m_Centimetres)) : QStringLiteral("–");
-    ConsoleText::Draw(&painter, number, Qt::AlignCenter, text, NumberSize, regularTextColor);
+    ConsoleText::Draw(&painter, number, Qt::AlignCenter, Text(), NumberSize, regularTextColor);
 
     int const lightWidth = (number.left() - Margin) / LightsPerSide;
     int const lit =

@@ -13,6 +13,8 @@ public:
 
     /// Metres to the right of the line; with \a isKnown false the bar is dark.
     void SetOffset(double metres, bool isKnown);
+    /// The number as the operator sees it.
+    QString Text() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -8,6 +8,7 @@
 #include "TChoiceRow.h"
 #include "TMachinePage.h"
 #include "TPushButton.h"
+#include "TQuantity.h"
 #include "TScreen.h"
 #include "TTablePanel.h"
 #include "TValueField.h"
@@ -118,7 +119,7 @@ void TMachineSetupWindow::MakeSoundPage(QWidget* page)
     connect(m_Louder, &TPushButton::Clicked, this, [this] { StepVolume(1); });
     for (TPushButton* const step : {m_Quieter, m_Louder})
         step->SetAutoRepeat(true, RepeatDelay, RepeatInterval);
-    m_Volume = new TValueField(page, tr("Volume"), QStringLiteral("%"));
+    m_Volume = new TValueField(page, tr("Volume"));
 }
 
 void TMachineSetupWindow::MakeDisplayPage(QWidget* page)
@@ -181,7 +182,7 @@ void TMachineSetupWindow::SyncSound()
     bool const isSoundOn = Setting(CONFIG_SOUND_ENABLED).toBool();
     int const volume = Setting(CONFIG_SOUND_VOLUME).toInt();
     m_SoundRow->SetChoice(isSoundOn ? 1 : 0);
-    m_Volume->SetValue(QString::number(volume));
+    m_Volume->SetValue(Quantities::Share, volume);
     m_Quieter->setEnabled(isSoundOn && volume > 0);
     m_Louder->setEnabled(isSoundOn && volume < LoudestVolume);
 }

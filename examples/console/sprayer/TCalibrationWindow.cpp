@@ -3,6 +3,8 @@
 #include "TLabel.h"
 #include "TMachine.h"
 #include "TPushButton.h"
+#include "TQuantity.h"
+#include "TUnitSettings.h"
 #include "TValueField.h"
 
 #include <QHBoxLayout>
@@ -36,9 +38,9 @@ void TCalibrationWindow::Setup()
         new TLabel(tr("Hold a jug under one nozzle for one minute, then say how much it caught."), this);
     advice->setWordWrap(true);
     AddWidgetToLayout(advice, 0, Qt::Alignment());
-    m_Expected = new TValueField(this, tr("By the meter"), tr("l"));
-    m_Caught = new TValueField(this, tr("In the jug"), tr("l"));
-    m_Correction = new TValueField(this, tr("Correction"), tr("%"));
+    m_Expected = new TValueField(this, tr("By the meter"));
+    m_Caught = new TValueField(this, tr("In the jug"));
+    m_Correction = new TValueField(this, tr("Correction"));
     for (TValueField* const field : {m_Expected, m_Caught, m_Correction})
         field->setFixedHeight(RowHeight);
     AddWidgetToLayout(m_Expected, 0, Qt::Alignment());
@@ -46,6 +48,7 @@ void TCalibrationWindow::Setup()
     AddWidgetToLayout(m_Correction, 0, Qt::Alignment());
     AddStretchToLayout(1);
     connect(m_Machine, &TMachine::SwitchesChanged, this, &TCalibrationWindow::Sync);
+    connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TCalibrationWindow::Sync);
 }
 
 QWidget* TCalibrationWindow::MakeCaughtRow()
@@ -95,9 +98,9 @@ double TCalibrationWindow::Factor() const
 void TCalibrationWindow::Sync()
 {
     constexpr double Percent = 100.0;
-    m_Expected->SetValue(QString::number(m_Machine->NozzleFlow(), 'f', 2));
-    m_Caught->SetValue(QString::number(m_Machine->NozzleFlow() * Factor(), 'f', 2));
-    m_Correction->SetValue(QString::number((Factor() - 1.0) * Percent, 'f', 0));
+    m_Expected->SetValue(Quantities::Caught, m_Machine->NozzleFlow());
+    m_Caught->SetValue(Quantities::Caught, m_Machine->NozzleFlow() * Factor());
+    m_Correction->SetValue(Quantities::Share, (Factor() - 1.0) * Percent);
     m_Less->setEnabled(Factor() > TMachine::SmallestFlowFactor + CaughtStep / 2);
     m_More->setEnabled(Factor() < TMachine::LargestFlowFactor - CaughtStep / 2);
 }

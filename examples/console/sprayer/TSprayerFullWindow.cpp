@@ -7,10 +7,12 @@
 #include "TDialPages.h"
 #include "TMachine.h"
 #include "TPushButton.h"
+#include "TQuantity.h"
 #include "TScreen.h"
 #include "TSectionButton.h"
 #include "TSprayerModule.h"
 #include "TTankGauge.h"
+#include "TUnitSettings.h"
 #include "TValueField.h"
 
 namespace
@@ -27,10 +29,9 @@ constexpr int StepButtonWidth = 84;
 constexpr int TextSize = 22;
 constexpr int RepeatDelay = 250;
 constexpr int RepeatInterval = 100;
-constexpr int PercentOfFull = 100;
-constexpr int LargestFlow = 300; // l/min
-constexpr int LargestSpeed = 30; // km/h
-constexpr double KilometresPerHour = 3.6;
+constexpr double PercentOfFull = 100.0;
+constexpr double LargestFlow = 300.0;       // l/min
+constexpr double LargestSpeed = 30.0 / 3.6; // m/s
 constexpr int Centred = Qt::AlignHCenter | Qt::AlignVCenter;
 QString const RateAttribute = QStringLiteral("Rate");
 } // namespace
@@ -55,6 +56,7 @@ void TSprayerFullWindow::Setup()
                 SyncMaster();
                 Refresh();
             });
+    connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TSprayerFullWindow::Refresh);
     SyncMaster();
     SetTitle(tr("Sprayer"));
     Refresh();
@@ -118,11 +120,11 @@ void TSprayerFullWindow::MakeFields()
 {
     QWidget* const content = GetWindowContent();
     m_Tank = new TTankGauge(content, *m_Machine, Qt::Vertical);
-    m_Rate = new TValueField(content, tr("Target rate"), tr("l/ha"));
+    m_Rate = new TValueField(content, tr("Target rate"));
     m_Dials = new TDialPages(content);
-    m_Dials->AddDial(tr("Flow"), tr("l/min"), LargestFlow);
-    m_Dials->AddDial(tr("Speed"), tr("km/h"), LargestSpeed);
-    m_Dials->AddDial(tr("Tank"), QStringLiteral("%"), PercentOfFull);
+    m_Dials->AddDial(tr("Flow"), Quantities::Flow, LargestFlow);
+    m_Dials->AddDial(tr("Speed"), Quantities::WholeSpeed, LargestSpeed);
+    m_Dials->AddDial(tr("Tank"), Quantities::Share, PercentOfFull);
 }
 
 void TSprayerFullWindow::SyncMaster()
@@ -137,10 +139,10 @@ void TSprayerFullWindow::SyncMaster()
 void TSprayerFullWindow::Refresh()
 {
     m_Tank->Sync();
-    m_Rate->SetValue(QString::number(m_Machine->Rate()));
-    m_Dials->SetValue(0, qRound(m_Machine->FlowPerMinute()));
-    m_Dials->SetValue(1, qRound(m_Machine->Fix().speed * KilometresPerHour));
-    m_Dials->SetValue(2, qRound(m_Machine->TankLitres() / m_Machine->TankSize() * PercentOfFull));
+    m_Rate->SetValue(Quantities::Rate, m_Machine->Rate());
+    m_Dials->SetValue(0, m_Machine->FlowPerMinute());
+    m_Dials->SetValue(1, m_Machine->Fix().speed);
+    m_Dials->SetValue(2, m_Machine->TankLitres() / m_Machine->TankSize() * PercentOfFull);
 }
 
 void TSprayerFullWindow::resizeEvent(QResizeEvent* event)

@@ -1,8 +1,10 @@
 #include "TSprayerMiniWindow.h"
 
 #include "TMachine.h"
+#include "TQuantity.h"
 #include "TSectionButton.h"
 #include "TTankGauge.h"
+#include "TUnitSettings.h"
 #include "TValueField.h"
 
 namespace
@@ -38,10 +40,11 @@ void TSprayerMiniWindow::Setup()
     }
     m_Tank = new TTankGauge(content, *m_Machine, Qt::Horizontal);
     m_Tank->setGeometry(Left, TankTop, 2 * FieldWidth + FieldGap, TankHeight);
-    m_Flow = new TValueField(content, tr("Flow"), tr("l/min"));
+    m_Flow = new TValueField(content, tr("Flow"));
     m_Flow->setGeometry(Left, FieldTop, FieldWidth, FieldHeight);
-    m_Rate = new TValueField(content, tr("Rate"), tr("l/ha"));
+    m_Rate = new TValueField(content, tr("Rate"));
     m_Rate->setGeometry(Left + FieldWidth + FieldGap, FieldTop, FieldWidth, FieldHeight);
+    connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TSprayerMiniWindow::UpdateView);
     UpdateView();
 }
 
@@ -50,6 +53,6 @@ void TSprayerMiniWindow::UpdateView()
     if (!m_Tank)
         return;
     m_Tank->Sync();
-    m_Flow->SetValue(QString::number(m_Machine->FlowPerMinute(), 'f', 0));
-    m_Rate->SetValue(QString::number(m_Machine->Rate()));
+    m_Flow->SetValue(Quantities::Flow, m_Machine->FlowPerMinute());
+    m_Rate->SetValue(Quantities::Rate, m_Machine->Rate());
 }

@@ -3,13 +3,15 @@
 #include "ConsoleText.h"
 #include "Palette.h"
 #include "TMachine.h"
+#include "TQuantity.h"
+#include "TUnitSettings.h"
 
 #include <QPainter>
 
 namespace
 {
 constexpr int Frame = 3;
-constexpr int LitresSize = 22;
+constexpr int TextSize = 22;
 
 QColor const EmptyColor(20, 22, 25);
 QColor const FullColor(16, 92, 148);
@@ -23,15 +25,16 @@ TTankGauge::TTankGauge(QWidget* parent, TMachine const& machine, Qt::Orientation
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     connect(&machine, &TMachine::SwitchesChanged, this, &TTankGauge::Sync);
+    connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TTankGauge::Sync);
 }
 
 void TTankGauge::Sync()
 {
-    int const litres = qRound(m_Machine.TankLitres());
+    QString const text = Quantities::Tank.Text(m_Machine.TankLitres());
     QRect const fluid = FluidRect();
-    if (litres == m_Litres && fluid == m_Fluid)
+    if (text == m_Text && fluid == m_Fluid)
         return;
-    m_Litres = litres;
+    m_Text = text;
     m_Fluid = fluid;
     update();
 }
@@ -53,6 +56,5 @@ void TTankGauge::paintEvent(QPaintEvent* event)
     ConsoleText::DrawSurface(&painter, rect());
     painter.fillRect(rect().adjusted(Frame, Frame, -Frame, -Frame), EmptyColor);
     painter.fillRect(FluidRect(), m_Machine.IsTankLow() ? LowColor : FullColor);
-    ConsoleText::Draw(&painter, rect(), Qt::AlignCenter, tr("%1 l").arg(qRound(m_Machine.TankLitres())),
-                      LitresSize, regularTextColor);
+    ConsoleText::Draw(&painter, rect(), Qt::AlignCenter, m_Text, TextSize, regularTextColor);
 }

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <QString>
 #include <QWidget>
 
 class TMachine;
 
-/// How full the tank is: a column of fluid with its litres. Repaints only what the level has passed.
+/// How full the tank is: a column of fluid with its volume. It repaints only when one of them changes.
 class TTankGauge : public QWidget
 {
     Q_OBJECT
@@ -13,6 +14,8 @@ public:
     TTankGauge(QWidget* parent, TMachine const& machine, Qt::Orientation orientation);
 
     void Sync();
+    /// The volume as the operator sees it.
+    QString const& Text() const { return m_Text; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -22,6 +25,6 @@ private:
 
     TMachine const& m_Machine;
     Qt::Orientation const m_Orientation;
-    int m_Litres = 0;
+    QString m_Text;
     QRect m_Fluid;
 };

@@ -21,7 +21,10 @@ public:
     void AskToDrain();
 
 private:
+    QString Question() const;
+    QString Warning() const;
     void Warn();
+    void ShowValuesAnew();
 
     TMachine* m_Machine;
     QPointer<TMessageDialog> m_Question;

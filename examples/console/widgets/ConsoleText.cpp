@@ -4,6 +4,7 @@
 #include "Palette.h"
 #include "RenderUtils.h"
 
+#include <QFont>
 #include <QPainter>
 
 void ConsoleText::Draw(QPainter* painter, QRect const& rect, int flags, QString const& text, int pixelSize,
@@ -11,6 +12,13 @@ void ConsoleText::Draw(QPainter* painter, QRect const& rect, int flags, QString 
 {
     KVN::RenderUtils::RenderTextInsideRect(painter, rect, flags, text, pixelSize, MINIMUM_FONT_SIZE, color,
                                            false, true, true, true, false);
+}
+
+int ConsoleText::Width(QString const& text, QFont const& font, int pixelSize)
+{
+    QFont sized = font;
+    sized.setPixelSize(pixelSize);
+    return KVN::RenderUtils::GetTextWidth(text, sized);
 }
 
 void ConsoleText::DrawSurface(QPainter* painter, QRect const& rect)

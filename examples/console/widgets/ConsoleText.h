@@ -2,6 +2,7 @@
 
 #include <QColor>
 
+class QFont;
 class QPainter;
 class QRect;
 class QString;
@@ -12,6 +13,9 @@ namespace ConsoleText
 /// One line in \a rect, shrunk and then elided where it does not fit. \a flags are Qt alignment flags.
 void Draw(QPainter* painter, QRect const& rect, int flags, QString const& text, int pixelSize,
           QColor const& color);
+
+/// How wide that line is where it is not shrunk, in pixels, on a widget with the font \a font.
+int Width(QString const& text, QFont const& font, int pixelSize);
 
 /// An opaque field of the console's surface with a light edge above and a dark one below.
 void DrawSurface(QPainter* painter, QRect const& rect);

@@ -2,6 +2,7 @@
 
 #include "ConsoleText.h"
 #include "Palette.h"
+#include "TUnitSettings.h"
 
 #include <QPainter>
 #include <QtMath>
@@ -17,7 +18,7 @@ constexpr int ValueSize = 26;
 constexpr int ValueHeight = 34;
 constexpr int NumberSize = 15;
 constexpr QSize NumberRoom(56, 20);
-constexpr int Marks = 6;
+constexpr int MostSteps = 7;
 constexpr double FirstAngle = -120.0; // degrees from upright, clockwise
 constexpr double WholeAngle = 240.0;
 constexpr double NumbersAt = 0.72; // of the radius
@@ -33,21 +34,52 @@ QColor const NeedleColor(255, 170, 40);
 QColor const ScaleColor(170, 174, 180);
 } // namespace
 
-TDial::TDial(QWidget* parent, QString const& caption, QString const& unit, int largest)
+TDial::TDial(QWidget* parent, QString const& caption, TQuantity const& quantity, double largest)
     : QWidget(parent)
     , m_Caption(caption)
-    , m_Unit(unit)
-    , m_Largest(qMax(1, largest))
+    , m_Quantity(quantity)
+    , m_Largest(qMax(1.0, largest))
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TDial::ShowUnitsAnew);
+    ShowUnitsAnew();
 }
 
-void TDial::SetValue(int value)
+void TDial::SetValue(double value)
 {
-    if (value == m_Value)
+    QString const text = m_Quantity.Text(value);
+    if (text == m_Text)
         return;
+    m_Text = text;
     m_Value = value;
     update();
+}
+
+// The steps are 1, 2 or 5 times a power of ten, the smallest with which not too many reach the end.
+void TDial::ShowUnitsAnew()
+{
+    constexpr double RoundNumbers[] = {1.0, 2.0, 5.0};
+    double const largest = m_Quantity.Shown(m_Largest);
+    m_Steps = MostSteps + 1;
+    for (double power = std::pow(10.0, std::floor(std::log10(largest / MostSteps))); m_Steps > MostSteps;
+         power *= 10.0)
+    {
+        for (double const number : RoundNumbers)
+        {
+            m_Step = number * power;
+            m_Steps = qCeil(largest / m_Step);
+            if (m_Steps <= MostSteps)
+                break;
+        }
+    }
+    m_Text = m_Quantity.Text(m_Value);
+    DrawFace();
+    update();
+}
+
+double TDial::EndOfScale() const
+{
+    return m_Steps * m_Step;
 }
 
 QRectF TDial::Circle() const
@@ -58,15 +90,15 @@ QRectF TDial::Circle() const
     return {room.center().x() - side / 2, room.center().y() - side / 2, side, side};
 }
 
-double TDial::AngleOf(int value) const
+double TDial::AngleOf(double shown) const
 {
-    return FirstAngle + WholeAngle * qBound(0, value, m_Largest) / m_Largest;
+    return FirstAngle + WholeAngle * qBound(0.0, shown / EndOfScale(), 1.0);
 }
 
-QPointF TDial::PointAt(int value, double radius) const
+QPointF TDial::PointAt(double shown, double radius) const
 {
     QRectF const circle = Circle();
-    double const radians = qDegreesToRadians(AngleOf(value));
+    double const radians = qDegreesToRadians(AngleOf(shown));
     return circle.center() + QPointF(std::sin(radians), -std::cos(radians)) * (radius * circle.width() / 2);
 }
 
@@ -94,9 +126,9 @@ void TDial::DrawScale(QPainter* painter) const
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(QPen(ScaleColor, MarkWidth, Qt::SolidLine, Qt::RoundCap));
     painter->drawArc(Circle(), StartOfArc * SixteenthsPerDegree, -qRound(WholeAngle) * SixteenthsPerDegree);
-    for (int mark = 0; mark <= Marks; ++mark)
+    for (int mark = 0; mark <= m_Steps; ++mark)
     {
-        int const value = m_Largest * mark / Marks;
+        double const value = mark * m_Step;
         painter->drawLine(PointAt(value, MarkFrom), PointAt(value, 1.0));
         QRect number(QPoint(), NumberRoom);
         number.moveCenter(PointAt(value, NumbersAt).toPoint());
@@ -111,10 +143,11 @@ void TDial::paintEvent(QPaintEvent* event)
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_Face);
     QRect const circle = Circle().toRect();
-    ConsoleText::Draw(
-        &painter, QRect(circle.left(), circle.bottom() - ValueHeight, circle.width(), ValueHeight),
-        Qt::AlignCenter, QStringLiteral("%1 %2").arg(m_Value).arg(m_Unit), ValueSize, regularTextColor);
+    ConsoleText::Draw(&painter,
+                      QRect(circle.left(), circle.bottom() - ValueHeight, circle.width(), ValueHeight),
+                      Qt::AlignCenter, m_Text, ValueSize, regularTextColor);
     painter.setRenderHint(QPainter::Antialiasing);
+    double const shown = m_Quantity.Shown(m_Value);
     painter.setPen(QPen(NeedleColor, NeedleWidth, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(PointAt(m_Value, NeedleFrom), PointAt(m_Value, NeedleTo));
+    painter.drawLine(PointAt(shown, NeedleFrom), PointAt(shown, NeedleTo));
 }

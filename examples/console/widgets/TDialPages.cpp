@@ -23,14 +23,14 @@ TDialPages::TDialPages(QWidget* parent)
     connect(m_Previous, &TPushButton::Clicked, m_Pages, &TScrollableWidget::MoveDown);
 }
 
-void TDialPages::AddDial(QString const& caption, QString const& unit, int largest)
+void TDialPages::AddDial(QString const& caption, TQuantity const& quantity, double largest)
 {
-    auto* const dial = new TDial(m_Pages, caption, unit, largest);
+    auto* const dial = new TDial(m_Pages, caption, quantity, largest);
     m_Dials.append(dial);
     m_Pages->AddWidget(dial, SCROLL_STOP_DRAGGABLE);
 }
 
-void TDialPages::SetValue(int dial, int value)
+void TDialPages::SetValue(int dial, double value)
 {
     if (dial >= 0 && dial < m_Dials.size())
         m_Dials[dial]->SetValue(value);

@@ -4,6 +4,7 @@
 #include <QWidget>
 
 class TDial;
+struct TQuantity;
 class TPushButton;
 class TScrollableWidget;
 
@@ -16,8 +17,9 @@ public:
     explicit TDialPages(QWidget* parent);
 
     /// On a page of its own behind the others.
-    void AddDial(QString const& caption, QString const& unit, int largest);
-    void SetValue(int dial, int value);
+    void AddDial(QString const& caption, TQuantity const& quantity, double largest);
+    /// In the unit in which the console counts the quantity.
+    void SetValue(int dial, double value);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -32,6 +32,7 @@ public:
     TTablePanel(QWidget* parent, int rowHeight, int textSize, int nameShare = NameShare);
 
     void SetRows(QVector<TTableRow> const& rows);
+    QVector<TTableRow> const& Rows() const { return m_Rows; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
