@@ -2,6 +2,7 @@
 
 #include "CommonUI.h"
 #include "ConfigManager.h"
+#include "ConsoleSettings.h"
 #include "TCameraModule.h"
 #include "TConsoleOptions.h"
 #include "TDiagnosticsModule.h"
@@ -43,6 +44,7 @@ TConsole::TConsole(TConsoleOptions const& options, QString const& dataFolder)
 {
     SetToolkitOptions();
     m_Shell = std::make_unique<TConsoleShell>(dataFolder);
+    ConsoleSettings::Load(&m_Machine, &m_Job);
     AddModules();
 }
 
@@ -52,8 +54,8 @@ void TConsole::AddModules()
     m_Shell->AddModule(std::make_unique<TSprayerModule>(&m_Machine));
     m_Shell->AddModule(std::make_unique<TGnssModule>(m_Machine));
     m_Shell->AddModule(std::make_unique<TCameraModule>(m_Machine, Screen()->GetCameraOverlayManager()));
-    m_Shell->AddModule(std::make_unique<TDiagnosticsModule>(Screen()));
-    m_Shell->AddModule(std::make_unique<TSetupModule>());
+    m_Shell->AddModule(std::make_unique<TDiagnosticsModule>(Screen(), m_Job));
+    m_Shell->AddModule(std::make_unique<TSetupModule>(&m_Machine, &m_Job));
     auto system = std::make_unique<TSystemModule>(m_Shell->GetPlatform()->GetToolTipMode());
     m_System = system.get();
     m_Shell->AddModule(std::move(system));

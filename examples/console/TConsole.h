@@ -1,6 +1,7 @@
 #pragma once
 
 #include "TConsoleShell.h"
+#include "TJob.h"
 #include "TMachine.h"
 
 #include <QPointer>
@@ -28,11 +29,13 @@ public:
     TConsoleShell& Shell() { return *m_Shell; }
     TScreen* Screen() const { return m_Shell->GetScreen(); }
     TMachine& Machine() { return m_Machine; }
+    TJob& Job() { return m_Job; }
 
 private:
     void AddModules();
 
     TMachine m_Machine;
+    TJob m_Job;
     std::unique_ptr<TConsoleShell> m_Shell;
     QPointer<TSystemModule> m_System; // the shell's
 };

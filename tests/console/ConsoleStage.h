@@ -13,6 +13,8 @@
 
 /// Every slide and every press has come to its end by then.
 constexpr int SettleTime = 500;
+/// The highlight has followed the wheel by then.
+constexpr int HighlightTime = 150;
 
 /// A started console with an operator in front of it.
 struct TStage
@@ -92,19 +94,77 @@ struct TStage
         return isTapped;
     }
 
+    /// Taps the button of that name that lies on top.
+    bool TapOnTop(QString const& objectName)
+    {
+        auto const buttons = console.Screen()->findChildren<TPushButton*>(objectName);
+        bool const isTapped =
+            std::any_of(buttons.begin(), buttons.end(),
+                        [this](TPushButton* button) { return finger.Tap(static_cast<QWidget*>(button)); });
+        time.Pass(SettleTime);
+        return isTapped;
+    }
+    /// Types \a text on the keys of the pad that is up.
+    bool TypeOnPad(QString const& text)
+    {
+        return std::all_of(text.begin(), text.end(),
+                           [this](QChar character) { return TapOnTop(QStringLiteral("Key ") + character); });
+    }
+    /// The same by the wheel and its enter key.
+    bool TypeByWheel(QString const& text)
+    {
+        return std::all_of(text.begin(), text.end(),
+                           [this](QChar character)
+                           { return EnterByWheel(Button(QStringLiteral("Key ") + character)); });
+    }
+    /// Turns the wheel to \a button, unless it stands there already, and presses its enter key.
+    bool EnterByWheel(TPushButton* button)
+    {
+        bool const isThere = button && StandOn(button);
+        Enter();
+        return isThere;
+    }
+    /// As TurnTo(), also where the wheel stands on \a button already. What it stands on is lighter.
+    bool StandOn(TPushButton* button)
+    {
+        constexpr int MostStops = 40;
+        for (int i = 0; i < MostStops; ++i)
+        {
+            qint64 const before = LightOf(button);
+            Turn(1, HighlightTime);
+            qint64 const after = LightOf(button);
+            if (after < before)
+                Turn(-1);
+            if (after != before)
+                return true;
+        }
+        return false;
+    }
+    static qint64 LightOf(QWidget* widget)
+    {
+        QImage const picture = widget->grab().toImage();
+        qint64 light = 0;
+        for (int y = 0; y < picture.height(); ++y)
+        {
+            for (int x = 0; x < picture.width(); ++x)
+                light += qGray(picture.pixel(x, y));
+        }
+        return light;
+    }
+
     /// Brings a module's full view up.
     void ShowFull(KVN::MorvaneID const& id)
     {
         Manager()->DisplayFullView(IdOf(id), false);
         time.Pass(SettleTime);
     }
-    void Turn(int notches)
+    void Turn(int notches, int pause = SettleTime)
     {
         constexpr int Notch = 120;
         for (int i = 0; i < qAbs(notches); ++i)
         {
             finger.Wheel(notches > 0 ? -Notch : Notch);
-            time.Pass(SettleTime);
+            time.Pass(pause);
         }
     }
     void Enter()

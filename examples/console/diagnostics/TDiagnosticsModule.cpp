@@ -5,9 +5,9 @@
 
 #include <QCoreApplication>
 
-TDiagnosticsModule::TDiagnosticsModule(QWidget* screen)
+TDiagnosticsModule::TDiagnosticsModule(QWidget* screen, TJob const& job)
     : m_Canvas(nullptr)
-    , m_Window(&m_Canvas, screen)
+    , m_Window(&m_Canvas, screen, job)
 {
     m_Canvas.SetBackground(PixmapNames::BkgDiagnostics800x600);
 }

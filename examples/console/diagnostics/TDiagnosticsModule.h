@@ -5,11 +5,13 @@
 #include "TCanvas.h"
 #include "TDiagnosticsWindow.h"
 
+class TJob;
+
 /// What the console knows about itself. Its button brings it up and sends it back.
 class TDiagnosticsModule : public IConsoleModule
 {
 public:
-    explicit TDiagnosticsModule(QWidget* screen);
+    TDiagnosticsModule(QWidget* screen, TJob const& job);
 
     static KVN::MorvaneID Id();
     void RegisterViews(TScreen* screen) override;

@@ -5,7 +5,9 @@
 #include "PixmapManager.h"
 #include "TConsoleShell.h"
 #include "TFrameGraph.h"
+#include "TJob.h"
 #include "TLogTail.h"
+#include "TQuantity.h"
 #include "TScreen.h"
 #include "TSystemSettings.h"
 #include "TTablePanel.h"
@@ -23,7 +25,7 @@ constexpr int Margin = 16;
 constexpr int GraphHeight = 180;
 constexpr int RowHeight = 34;
 constexpr int TextSize = 17;
-constexpr int RowCount = 5;
+constexpr int RowCount = 8;
 constexpr int SettingNameShare = 64;
 constexpr int TableHeight = RowCount * RowHeight;
 constexpr double BytesPerMegabyte = 1024.0 * 1024.0;
@@ -66,8 +68,9 @@ QVector<TTableRow> SettingRows()
 }
 } // namespace
 
-TDiagnosticsWindow::TDiagnosticsWindow(QWidget* canvas, QWidget* screen)
+TDiagnosticsWindow::TDiagnosticsWindow(QWidget* canvas, QWidget* screen, TJob const& job)
     : TFullWindow(canvas)
+    , m_Job(job)
     , m_Meter(screen)
 {
     UseTimer(RefreshInterval);
@@ -83,6 +86,7 @@ void TDiagnosticsWindow::Setup()
     m_Log = new TLogTail(content,
                          TSystemSettings::GetInternalDrivePath() + QLatin1String(TConsoleShell::LogFile));
     connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TDiagnosticsWindow::Refresh);
+    connect(&m_Job, &TJob::Changed, this, &TDiagnosticsWindow::Refresh);
     SetTitle(tr("Diagnostics"));
     Refresh();
 }
@@ -91,11 +95,18 @@ void TDiagnosticsWindow::Refresh()
 {
     KVN::PixmapManager const* const pixmaps = tscreenPixmapManager();
     m_Graph->update();
-    m_Numbers->SetRows({{tr("Frames painted"), QString::number(m_Meter.Count()), {}},
-                        {tr("Mean frame"), Milliseconds(m_Meter.Mean()), {}},
-                        {tr("Longest frame"), Milliseconds(m_Meter.Longest()), {}},
-                        {tr("Memory"), Megabytes(ResidentBytes()), {}},
-                        {tr("Resized art"), Megabytes(pixmaps ? pixmaps->CachedBytes() : 0), {}}});
+    m_Numbers->SetRows(
+        {{tr("Frames painted"), QString::number(m_Meter.Count()), {}},
+         {tr("Mean frame"), Milliseconds(m_Meter.Mean()), {}},
+         {tr("Longest frame"), Milliseconds(m_Meter.Longest()), {}},
+         {tr("Memory"), Megabytes(ResidentBytes()), {}},
+         {tr("Resized art"), Megabytes(pixmaps ? pixmaps->CachedBytes() : 0), {}},
+         {tr("Operator"), m_Job.Operator().isEmpty() ? QStringLiteral("–") : m_Job.Operator(), {}},
+         {tr("Begun"),
+          Quantities::Date.Text(m_Job.StartDay()) + QLatin1Char(' ') +
+              Quantities::TimeOfDay.Text(m_Job.StartTime()),
+          {}},
+         {tr("Server"), m_Job.Server(), {}}});
     m_Settings->SetRows(SettingRows());
     m_Log->Sync();
 }

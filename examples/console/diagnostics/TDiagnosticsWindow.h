@@ -4,16 +4,17 @@
 #include "TFullWindow.h"
 
 class TFrameGraph;
+class TJob;
 class TLogTail;
 class TTablePanel;
 
-/// For the service technician: frames, memory, settings and the log.
+/// For the service technician: frames, memory, the job, settings and the log.
 class TDiagnosticsWindow : public TFullWindow
 {
     Q_OBJECT
 
 public:
-    TDiagnosticsWindow(QWidget* canvas, QWidget* screen);
+    TDiagnosticsWindow(QWidget* canvas, QWidget* screen, TJob const& job);
 
     void Setup() override;
     void Refresh() override;
@@ -24,6 +25,7 @@ protected:
 private:
     void Arrange();
 
+    TJob const& m_Job;
     TFrameMeter m_Meter;
     TFrameGraph* m_Graph = nullptr;
     TTablePanel* m_Numbers = nullptr;

@@ -2,13 +2,13 @@
 
 #include "ConfigManager.h"
 #include "TChoiceRow.h"
+#include "TQuantity.h"
+#include "TUnitSettings.h"
 
 #include <QCoreApplication>
-#include <QResizeEvent>
 
 namespace
 {
-constexpr int Gap = 8;
 constexpr int MostChoices = 4;
 
 /// A thing that the machine has in one of a few ways. Its choice is kept as a number, the first at first.
@@ -17,7 +17,9 @@ struct TEquipment
     int setting;
     char const* caption;
     char const* toolTip;
-    char const* choices[MostChoices];
+    char const* choices[MostChoices]; ///< none where they are lengths
+    double lengths[MostChoices] = {}; ///< metres
+    int lengthCount = 0;
 };
 
 constexpr TEquipment Equipment[] = {
@@ -33,11 +35,15 @@ constexpr TEquipment Equipment[] = {
     {90003,
      QT_TRANSLATE_NOOP("TMachinePage", "Boom height"),
      QT_TRANSLATE_NOOP("TMachinePage", "How high the boom runs above the crop"),
-     {"40 cm", "50 cm", "60 cm", "75 cm"}},
+     {},
+     {0.4, 0.5, 0.6, 0.75},
+     4},
     {90004,
      QT_TRANSLATE_NOOP("TMachinePage", "Overlap"),
      QT_TRANSLATE_NOOP("TMachinePage", "How far two tracks cover each other"),
-     {"0 cm", "10 cm", "20 cm", nullptr}},
+     {},
+     {0.0, 0.1, 0.2},
+     3},
     {90005,
      QT_TRANSLATE_NOOP("TMachinePage", "Pump"),
      QT_TRANSLATE_NOOP("TMachinePage", "Which pump feeds the boom"),
@@ -66,7 +72,9 @@ constexpr TEquipment Equipment[] = {
     {90010,
      QT_TRANSLATE_NOOP("TMachinePage", "Light bar step"),
      QT_TRANSLATE_NOOP("TMachinePage", "How far off track one light stands for"),
-     {"2 cm", "5 cm", "10 cm", nullptr}},
+     {},
+     {0.02, 0.05, 0.1},
+     3},
 };
 
 QString Text(char const* text)
@@ -82,18 +90,19 @@ QStringList ChoicesOf(TEquipment const& equipment)
         if (choice)
             choices.append(Text(choice));
     }
+    for (int i = 0; i < equipment.lengthCount; ++i)
+        choices.append(Quantities::Offset.Text(equipment.lengths[i]));
     return choices;
 }
 } // namespace
 
 TMachinePage::TMachinePage(QWidget* parent)
-    : TScrollArea(parent, true, false)
-    , m_Content(new QWidget(this))
+    : TSetupPage(parent)
 {
     for (TEquipment const& equipment : Equipment)
     {
         auto* const row =
-            new TChoiceRow(m_Content, Text(equipment.caption), Text(equipment.toolTip), ChoicesOf(equipment));
+            new TChoiceRow(Content(), Text(equipment.caption), Text(equipment.toolTip), ChoicesOf(equipment));
         connect(row, &TChoiceRow::Chosen, this,
                 [row, setting = equipment.setting](int choice)
                 {
@@ -101,24 +110,19 @@ TMachinePage::TMachinePage(QWidget* parent)
                     row->SetChoice(choice);
                 });
         m_Rows.append(row);
+        AddLine(row);
     }
-    setWidget(m_Content);
-    // The setup's own background lies behind the rows.
-    m_Content->setAutoFillBackground(false);
-    viewport()->setAutoFillBackground(false);
+    connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TMachinePage::ShowUnitsAnew);
+}
+
+void TMachinePage::ShowUnitsAnew()
+{
+    for (int i = 0; i < m_Rows.size(); ++i)
+        m_Rows[i]->SetTexts(ChoicesOf(Equipment[i]));
 }
 
 void TMachinePage::Sync()
 {
     for (int i = 0; i < m_Rows.size(); ++i)
         m_Rows[i]->SetChoice(ConfigManager::Instance()->Read(Equipment[i].setting).toInt());
-}
-
-void TMachinePage::resizeEvent(QResizeEvent* event)
-{
-    TScrollArea::resizeEvent(event);
-    int const width = viewport()->width();
-    m_Content->setFixedSize(width, m_Rows.size() * (TChoiceRow::Height + Gap) - Gap);
-    for (int i = 0; i < m_Rows.size(); ++i)
-        m_Rows[i]->setGeometry(0, i * (TChoiceRow::Height + Gap), width - Gap, TChoiceRow::Height);
 }

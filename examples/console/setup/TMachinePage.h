@@ -1,14 +1,11 @@
 #pragma once
 
-#include "TScrollArea.h"
-
-#include <QVector>
+#include "TSetupPage.h"
 
 class TChoiceRow;
 
-/// What the machine is fitted with, row by row: more than fit, so the page scrolls under the finger and with
-/// the wheel. Every choice takes effect at once and stays.
-class TMachinePage : public TScrollArea
+/// What the machine is fitted with, row by row. Every choice takes effect at once and stays.
+class TMachinePage : public TSetupPage
 {
     Q_OBJECT
 
@@ -18,10 +15,8 @@ public:
     /// Takes the choices up from the settings.
     void Sync();
 
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
 private:
-    QWidget* m_Content;
+    void ShowUnitsAnew();
+
     QVector<TChoiceRow*> m_Rows;
 };

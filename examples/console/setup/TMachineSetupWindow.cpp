@@ -6,10 +6,13 @@
 #include "PixmapNames.h"
 #include "SoundVolume.h"
 #include "TChoiceRow.h"
+#include "TDisplayPage.h"
+#include "TJobPage.h"
 #include "TMachinePage.h"
 #include "TPushButton.h"
 #include "TQuantity.h"
 #include "TScreen.h"
+#include "TSprayerPage.h"
 #include "TTablePanel.h"
 #include "TValueField.h"
 
@@ -46,11 +49,15 @@ constexpr TPage Pages[] = {
     {QT_TRANSLATE_NOOP("TMachineSetupWindow", "Sound"),
      QT_TRANSLATE_NOOP("TMachineSetupWindow", "What the console lets you hear")},
     {QT_TRANSLATE_NOOP("TMachineSetupWindow", "Display"),
-     QT_TRANSLATE_NOOP("TMachineSetupWindow", "What the screen looks like")},
+     QT_TRANSLATE_NOOP("TMachineSetupWindow", "What the screen looks like, and in which units you read it")},
     {QT_TRANSLATE_NOOP("TMachineSetupWindow", "System"),
      QT_TRANSLATE_NOOP("TMachineSetupWindow", "Versions, and switching the console off")},
     {QT_TRANSLATE_NOOP("TMachineSetupWindow", "Machine"),
      QT_TRANSLATE_NOOP("TMachineSetupWindow", "What the console knows of the machine")},
+    {QT_TRANSLATE_NOOP("TMachineSetupWindow", "Sprayer"),
+     QT_TRANSLATE_NOOP("TMachineSetupWindow", "How tank, nozzles and boom are built")},
+    {QT_TRANSLATE_NOOP("TMachineSetupWindow", "Job"),
+     QT_TRANSLATE_NOOP("TMachineSetupWindow", "Who works, since when, and for whom")},
 };
 
 QVariant Setting(int id)
@@ -64,8 +71,10 @@ void Store(int id, QVariant const& value)
 }
 } // namespace
 
-TMachineSetupWindow::TMachineSetupWindow(QWidget* canvas)
+TMachineSetupWindow::TMachineSetupWindow(QWidget* canvas, TMachine* machine, TJob* job)
     : TFullWindow(canvas)
+    , m_Machine(machine)
+    , m_Job(job)
 {
     UseTimer(FollowInterval);
 }
@@ -77,9 +86,11 @@ void TMachineSetupWindow::Setup()
     for (int page = 0; page < PAGE_COUNT; ++page)
         m_Pages.append(new QWidget(GetWindowContent()));
     MakeSoundPage(m_Pages[PAGE_SOUND]);
-    MakeDisplayPage(m_Pages[PAGE_DISPLAY]);
+    m_DisplayPage = new TDisplayPage(m_Pages[PAGE_DISPLAY]);
     MakeSystemPage(m_Pages[PAGE_SYSTEM]);
     m_MachinePage = new TMachinePage(m_Pages[PAGE_MACHINE]);
+    m_RowPages = {m_DisplayPage, m_MachinePage, new TSprayerPage(m_Pages[PAGE_SPRAYER], m_Machine),
+                  new TJobPage(m_Pages[PAGE_JOB], m_Job)};
     AddControlButton(CloseButton, QStringLiteral("icon-tick-larger"), tr("Close the setup"));
     connect(GetControlButtons()[CloseButton], &TPushButton::Clicked, this, &TMachineSetupWindow::HideWindow);
     SetButtonStartOffset(Margin);
@@ -120,19 +131,6 @@ void TMachineSetupWindow::MakeSoundPage(QWidget* page)
     for (TPushButton* const step : {m_Quieter, m_Louder})
         step->SetAutoRepeat(true, RepeatDelay, RepeatInterval);
     m_Volume = new TValueField(page, tr("Volume"));
-}
-
-void TMachineSetupWindow::MakeDisplayPage(QWidget* page)
-{
-    m_ButtonSizeRow =
-        new TChoiceRow(page, tr("Size of the buttons"), tr("How large the buttons of the bars are"),
-                       {tr("Normal"), tr("Large"), tr("Largest")});
-    connect(m_ButtonSizeRow, &TChoiceRow::Chosen, this,
-            [this](int choice)
-            {
-                Store(CONFIG_BUTTON_SIZE, choice);
-                Sync();
-            });
 }
 
 void TMachineSetupWindow::MakeSystemPage(QWidget* page)
@@ -190,7 +188,7 @@ void TMachineSetupWindow::SyncSound()
 void TMachineSetupWindow::Sync()
 {
     SyncSound();
-    m_ButtonSizeRow->SetChoice(Setting(CONFIG_BUTTON_SIZE).toInt());
+    m_DisplayPage->Sync();
     m_MachinePage->Sync();
 }
 
@@ -238,10 +236,10 @@ void TMachineSetupWindow::Arrange()
     m_Volume->setGeometry(StepButtonWidth + Gap, volumeTop, width - 2 * (StepButtonWidth + Gap),
                           TChoiceRow::Height);
     m_Louder->setGeometry(width - StepButtonWidth, volumeTop, StepButtonWidth, TChoiceRow::Height);
-    m_ButtonSizeRow->setGeometry(0, 0, width, TChoiceRow::Height);
     m_About->setGeometry(0, 0, width, AboutRows * AboutRowHeight);
     m_SwitchOff->setGeometry(0, AboutRows * AboutRowHeight + Margin, width / 2, PageButtonHeight);
-    m_MachinePage->setGeometry(0, 0, width, pageRoom.height());
+    for (TSetupPage* const page : qAsConst(m_RowPages))
+        page->setGeometry(0, 0, width, pageRoom.height());
     PositionControlButtons();
 }
 

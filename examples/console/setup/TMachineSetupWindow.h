@@ -5,7 +5,11 @@
 #include <QVector>
 
 class TChoiceRow;
+class TDisplayPage;
+class TJob;
+class TMachine;
 class TMachinePage;
+class TSetupPage;
 class TTablePanel;
 class TValueField;
 
@@ -16,7 +20,7 @@ class TMachineSetupWindow : public TFullWindow
     Q_OBJECT
 
 public:
-    explicit TMachineSetupWindow(QWidget* canvas);
+    TMachineSetupWindow(QWidget* canvas, TMachine* machine, TJob* job);
 
     void Setup() override;
     void Refresh() override;
@@ -35,12 +39,13 @@ private:
         PAGE_DISPLAY,
         PAGE_SYSTEM,
         PAGE_MACHINE,
+        PAGE_SPRAYER,
+        PAGE_JOB,
         PAGE_COUNT
     };
 
     void MakePageButtons();
     void MakeSoundPage(QWidget* page);
-    void MakeDisplayPage(QWidget* page);
     void MakeSystemPage(QWidget* page);
     void ShowPage(int page);
     void StepVolume(int step);
@@ -48,6 +53,8 @@ private:
     void SyncSound();
     void Arrange();
 
+    TMachine* m_Machine;
+    TJob* m_Job;
     int m_Page = PAGE_SOUND;
     QVector<TPushButton*> m_PageButtons;
     QVector<QWidget*> m_Pages;
@@ -55,8 +62,9 @@ private:
     TPushButton* m_Quieter = nullptr;
     TPushButton* m_Louder = nullptr;
     TValueField* m_Volume = nullptr;
-    TChoiceRow* m_ButtonSizeRow = nullptr;
     TTablePanel* m_About = nullptr;
     TPushButton* m_SwitchOff = nullptr;
+    TDisplayPage* m_DisplayPage = nullptr;
     TMachinePage* m_MachinePage = nullptr;
+    QVector<TSetupPage*> m_RowPages;
 };

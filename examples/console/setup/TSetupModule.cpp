@@ -6,9 +6,9 @@
 
 #include <QCoreApplication>
 
-TSetupModule::TSetupModule()
+TSetupModule::TSetupModule(TMachine* machine, TJob* job)
     : m_Canvas(nullptr)
-    , m_Window(&m_Canvas)
+    , m_Window(&m_Canvas, machine, job)
 {
     m_Canvas.SetBackground(PixmapNames::SetupScreenBackgroundDark800x600);
 }

@@ -5,11 +5,14 @@
 #include "TCanvas.h"
 #include "TMachineSetupWindow.h"
 
+class TJob;
+class TMachine;
+
 /// The setup of the console, which takes the whole screen.
 class TSetupModule : public IConsoleModule
 {
 public:
-    TSetupModule();
+    TSetupModule(TMachine* machine, TJob* job);
 
     static KVN::MorvaneID Id();
     void RegisterViews(TScreen* screen) override;

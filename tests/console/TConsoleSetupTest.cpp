@@ -1,0 +1,597 @@
+#include "ConfigManager.h"
+#include "ConsoleSettings.h"
+#include "ConsoleStage.h"
+#include "TDiagnosticsModule.h"
+#include "TDial.h"
+#include "TEditButton.h"
+#include "TEditWidget.h"
+#include "TestCase.h"
+#include "TGuidanceModule.h"
+#include "TKey.h"
+#include "TLightBar.h"
+#include "TMachineSetupWindow.h"
+#include "TMessageDialog.h"
+#include "TSelectWidget.h"
+#include "TSetupModule.h"
+#include "TSprayerModule.h"
+#include "TSprayerPage.h"
+#include "TTablePanel.h"
+#include "TTankGauge.h"
+#include "TUnitSettings.h"
+#include "TUnitsNumberPad.h"
+#include "TValueField.h"
+#include "TValueRow.h"
+
+#include <QListWidget>
+#include <QScrollBar>
+#include <QTemporaryDir>
+
+namespace
+{
+enum EPage
+{
+    PAGE_DISPLAY = 1,
+    PAGE_SPRAYER = 4,
+    PAGE_JOB = 5
+};
+
+/// A started console whose setup shows a page.
+struct TSetupStage : TStage
+{
+    explicit TSetupStage(QString const& folder)
+        : TStage(folder)
+    {
+    }
+    TSetupStage(QString const& folder, int page)
+        : TStage(folder)
+    {
+        OpenByTouch(page);
+    }
+
+    static QString NameOfPage(int page) { return QStringLiteral("setup-page-%1").arg(page); }
+    bool OpenByTouch(int page)
+    {
+        if (Manager()->GetFullViewId() != IdOf(TSetupModule::Id()))
+            Tap(SpecialButton(TSetupModule::Id()));
+        return Tap(Button(NameOfPage(page)));
+    }
+    bool OpenByWheel(int page)
+    {
+        GoBackToTheScreen();
+        // The setup's button stands below the bar, in a group of its own.
+        if (!TurnTo(SpecialButton(TSetupModule::Id())->parentWidget()))
+            return false;
+        Enter();
+        return EnterByWheel(SpecialButton(TSetupModule::Id())) && EnterByWheel(Button(NameOfPage(page)));
+    }
+    /// Three ways out of a page that do not end its edits.
+    void Leave(int way)
+    {
+        if (way == 0)
+            Button(NameOfPage(0))->click();
+        else if (way == 1)
+            ShowFull(TGuidanceModule::Id());
+        else
+            console.Screen()->findChild<TMachineSetupWindow*>()->HideWindow();
+        time.Pass(SettleTime);
+    }
+    /// Takes the row number \a row of the list that the button \a name opens; it is not the selected one.
+    bool Choose(QString const& name, int row, bool isByWheel)
+    {
+        TEditButton* const button = Edit(name);
+        if (!(isByWheel ? EnterByWheel(button) : Tap(button)))
+            return false;
+        if (isByWheel)
+        {
+            Turn(row - qRound(button->GetCurrentValue()));
+            Enter();
+            return true;
+        }
+        auto* const list = button->GetEditWidget()->findChild<QListWidget*>();
+        QRect const item = list->visualItemRect(list->item(row));
+        finger.Tap(list->viewport()->mapTo(console.Screen(), item.center()));
+        time.Pass(SettleTime);
+        return TapOnTop(QStringLiteral("icon-tick-larger"));
+    }
+    TPushButton* KeyOnPad(QString const& name) const
+    {
+        auto const pads = console.Screen()->findChildren<TUnitsNumberPad*>();
+        for (TUnitsNumberPad const* const pad : pads)
+        {
+            if (pad->isVisible())
+                return pad->findChild<TKey*>(name);
+        }
+        return nullptr;
+    }
+    /// The text of a button, whether its page is shown or not.
+    QString Shown(QString const& name) const
+    {
+        auto const* const button = console.Screen()->findChild<TEditButton*>(name);
+        return button ? button->GetText() : QString();
+    }
+    bool HasRow(QString const& name, QString const& value) const
+    {
+        auto const tables = console.Screen()->findChildren<TTablePanel*>();
+        for (TTablePanel const* const table : tables)
+        {
+            for (TTableRow const& row : table->Rows())
+            {
+                if (row.name == name && row.value.endsWith(value))
+                    return true;
+            }
+        }
+        return false;
+    }
+    /// Everything that the console shows with a unit, whether it is seen or not: of the sprayer, the
+    /// guidance, the position and the setup, but for the values of the diagnostics.
+    QStringList AllTexts() const
+    {
+        TScreen* const screen = console.Screen();
+        QStringList texts;
+        for (TValueField const* const field : screen->findChildren<TValueField*>())
+            texts += field->Text().value + QLatin1Char(' ') + field->Text().unit;
+        for (TDial const* const dial : screen->findChildren<TDial*>())
+            texts += dial->Text();
+        for (TTankGauge const* const gauge : screen->findChildren<TTankGauge*>())
+            texts += gauge->Text();
+        for (TLightBar const* const bar : screen->findChildren<TLightBar*>())
+            texts += bar->Text();
+        for (TTablePanel const* const table : screen->findChildren<TTablePanel*>())
+        {
+            for (TTableRow const& row : table->Rows())
+                texts += row.value;
+        }
+        for (TSetupRow* const row : screen->findChildren<TSetupRow*>())
+        {
+            for (TPushButton const* const button : row->findChildren<TPushButton*>())
+                texts += button->GetText();
+        }
+        texts += screen->findChild<TValueRow*>()->Text();
+        return texts;
+    }
+    static int CountOf(QStringList const& texts, char const* unit)
+    {
+        return int(std::count_if(texts.begin(), texts.end(),
+                                 [unit](QString const& text) { return text.endsWith(QLatin1String(unit)); }));
+    }
+
+    TEditButton* Edit(QString const& name) const { return qobject_cast<TEditButton*>(Button(name)); }
+    bool IsEditOpen() const
+    {
+        auto const edits = console.Screen()->findChildren<TEditWidget*>();
+        return std::any_of(edits.begin(), edits.end(),
+                           [](TEditWidget const* edit) { return edit->isVisible(); });
+    }
+    /// Whatever was edited, nothing is left of it and the screen is free.
+    bool IsQuiet() const { return !IsEditOpen() && console.Screen()->GetLockingWidgets().isEmpty(); }
+
+    /// What the machine or the job knows of \a setting.
+    QString Known(int setting)
+    {
+        TMachine const& machine = console.Machine();
+        TJob const& job = console.Job();
+        switch (setting)
+        {
+        case ConsoleSettings::SETTING_TANK_SIZE:
+            return QString::number(machine.TankSize());
+        case ConsoleSettings::SETTING_NOZZLE_FLOW:
+            return QString::number(machine.NozzleFlow());
+        case ConsoleSettings::SETTING_START_DAY:
+            return QDate::fromJulianDay(qint64(job.StartDay())).toString(Qt::ISODate);
+        case ConsoleSettings::SETTING_START_TIME:
+            return QString::number(job.StartTime());
+        case ConsoleSettings::SETTING_SERVER:
+            return job.Server();
+        default:
+            return QString::number(
+                machine.Boom().SectionWidth(setting - ConsoleSettings::SETTING_SECTION_WIDTH));
+        }
+    }
+};
+
+void ValueRows()
+{
+    QTest::addColumn<int>("page");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<int>("setting");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("known");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<int>("steps"); // of the wheel; 0 where it walks over the keys
+    QTest::newRow("tank") << int(PAGE_SPRAYER) << "setup-tank" << int(ConsoleSettings::SETTING_TANK_SIZE)
+                          << "4150"
+                          << "4150"
+                          << "4150 L" << 23;
+    QTest::newRow("nozzle") << int(PAGE_SPRAYER) << "setup-nozzle"
+                            << int(ConsoleSettings::SETTING_NOZZLE_FLOW) << "1250"
+                            << "1.25"
+                            << "1250 mL/min" << 0;
+    QTest::newRow("first section") << int(PAGE_SPRAYER) << "setup-section-1"
+                                   << int(ConsoleSettings::SETTING_SECTION_WIDTH) << "2.5"
+                                   << "2.5"
+                                   << "2.50 m" << -10;
+    QTest::newRow("last section") << int(PAGE_SPRAYER) << "setup-section-8"
+                                  << ConsoleSettings::SETTING_SECTION_WIDTH + 7 << "4.05"
+                                  << "4.05"
+                                  << "4.05 m" << 21;
+    QTest::newRow("day") << int(PAGE_JOB) << "setup-start-day" << int(ConsoleSettings::SETTING_START_DAY)
+                         << "24/12/2025"
+                         << "2025-12-24"
+                         << "24/12/2025" << 0;
+    QTest::newRow("time") << int(PAGE_JOB) << "setup-start-time" << int(ConsoleSettings::SETTING_START_TIME)
+                          << "17:45"
+                          << "17.75"
+                          << "17:45" << 0;
+    QTest::newRow("server") << int(PAGE_JOB) << "setup-server" << int(ConsoleSettings::SETTING_SERVER)
+                            << "10.1.0.7"
+                            << "10.1.0.7"
+                            << "10.1.0.7" << 0;
+}
+} // namespace
+
+/// The setup of the console, where values are edited: by touch, and by the wheel with its two keys alone.
+class TConsoleSetupTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aValueIsEditedByTouch_data() { ValueRows(); }
+
+    void aValueIsEditedByTouch()
+    {
+        QFETCH(int, page);
+        QFETCH(QString, button);
+        QFETCH(int, setting);
+        QFETCH(QString, typed);
+        QFETCH(QString, known);
+        QFETCH(QString, shown);
+        QTemporaryDir folder;
+        {
+            TSetupStage stage(folder.path(), page);
+            QString const before = stage.Known(setting);
+            QVERIFY(stage.Tap(stage.Button(button)));
+            QVERIFY(stage.TypeOnPad(typed));
+            QCOMPARE(stage.Known(setting), before);
+            QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger")));
+            QCOMPARE(stage.Known(setting), known);
+            QCOMPARE(stage.Edit(button)->GetText(), shown);
+            QVERIFY(stage.IsQuiet());
+        }
+        TSetupStage stage(folder.path(), page);
+        QCOMPARE(stage.Known(setting), known);
+        QCOMPARE(stage.Edit(button)->GetText(), shown);
+    }
+
+    void aCancelledEditLeavesTheMachineAsItIs_data() { ValueRows(); }
+
+    void aCancelledEditLeavesTheMachineAsItIs()
+    {
+        QFETCH(int, page);
+        QFETCH(QString, button);
+        QFETCH(int, setting);
+        QFETCH(QString, typed);
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), page);
+        QString const before = stage.Known(setting);
+        QString const shown = stage.Edit(button)->GetText();
+        for (bool const isByKey : {false, true})
+        {
+            QVERIFY(stage.Tap(stage.Button(button)));
+            QVERIFY(stage.TypeOnPad(typed));
+            stage.Turn(isByKey ? 1 : 0);
+            if (isByKey)
+                stage.finger.Key(Qt::Key_Escape);
+            else
+                QVERIFY(stage.TapOnTop(QStringLiteral("icon-cross-larger")));
+            stage.time.Pass(2 * SettleTime);
+            QVERIFY(stage.IsQuiet());
+            QCOMPARE(stage.Known(setting), before);
+            QCOMPARE(stage.Edit(button)->GetText(), shown);
+        }
+    }
+
+    // From the first step of the wheel on: to the setup, to its page, to the row and over the keys.
+    void aValueIsEditedByTheWheelAlone_data() { ValueRows(); }
+
+    void aValueIsEditedByTheWheelAlone()
+    {
+        QFETCH(int, page);
+        QFETCH(QString, button);
+        QFETCH(int, setting);
+        QFETCH(QString, typed);
+        QFETCH(QString, known);
+        QFETCH(int, steps);
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path());
+        QVERIFY(stage.OpenByWheel(page));
+        QString const before = stage.Known(setting);
+        QVERIFY(stage.EnterByWheel(stage.Button(button)));
+        QVERIFY(stage.IsEditOpen());
+        if (steps != 0)
+            stage.Turn(steps);
+        else
+            QVERIFY(stage.TypeByWheel(typed));
+        QCOMPARE(stage.Known(setting), before);
+        if (steps != 0)
+            stage.Enter();
+        else
+            QVERIFY(stage.EnterByWheel(stage.KeyOnPad(QStringLiteral("icon-tick-larger"))));
+        QCOMPARE(stage.Known(setting), known);
+        QVERIFY(stage.IsQuiet());
+        // The wheel is back where it was.
+        stage.Enter();
+        QVERIFY(stage.IsEditOpen());
+        stage.finger.Key(Qt::Key_Escape);
+        stage.time.Pass(2 * SettleTime);
+        QVERIFY(stage.IsQuiet());
+        QCOMPARE(stage.Known(setting), known);
+    }
+
+    void aValueOutOfItsBoundsIsRefused()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-tank"))));
+        QVERIFY(stage.TypeOnPad(QStringLiteral("99999")));
+        QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger")));
+        QCOMPARE(stage.console.Machine().TankSize(), TMachine::StandardTankSize);
+        // The message first, then the pad.
+        QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger")));
+        QVERIFY(stage.TypeOnPad(QStringLiteral("5000")));
+        QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger")));
+        QCOMPARE(stage.console.Machine().TankSize(), 5000.0);
+        QVERIFY(stage.IsQuiet());
+    }
+
+    void aNozzleIsTypedInAnyUnit()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-nozzle"))));
+        auto* const edit = stage.Edit(QStringLiteral("setup-nozzle"))->GetEditWidget();
+        auto* const pad = edit->findChild<TUnitsNumberPad*>();
+        QVERIFY(pad && pad->GetUnitsButton());
+        QVERIFY(stage.Tap(pad->GetUnitsButton()));
+        stage.Turn(1);
+        stage.Enter();
+        QVERIFY(stage.TypeOnPad(QStringLiteral("1.25")));
+        QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger")));
+        QCOMPARE(stage.console.Machine().NozzleFlow(), 1.25);
+        QVERIFY(stage.IsQuiet());
+    }
+
+    void theWorkingWidthFollowsItsSections()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        auto* const width = stage.console.Screen()->findChild<TValueRow*>();
+        QCOMPARE(width->Text(), QStringLiteral("24.00 m"));
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-section-4"))));
+        QVERIFY(stage.TypeOnPad(QStringLiteral("1.5")));
+        QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger")));
+        QCOMPARE(width->Text(), QStringLiteral("22.50 m"));
+        QCOMPARE(stage.console.Machine().Boom().Width(), 22.5);
+    }
+
+    void theJobIsToldByTheDiagnostics()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), PAGE_JOB);
+        stage.console.Job().SetOperator(QStringLiteral("Anna"));
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-start-time"))));
+        QVERIFY(stage.TypeOnPad(QStringLiteral("6:05")));
+        QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger")));
+        stage.ShowFull(TDiagnosticsModule::Id());
+        QVERIFY(stage.HasRow(QStringLiteral("Operator"), QStringLiteral("Anna")));
+        QVERIFY(stage.HasRow(QStringLiteral("Begun"), QStringLiteral("6:05")));
+        QVERIFY(stage.HasRow(QStringLiteral("Server"), QStringLiteral("0.0.0.0")));
+    }
+
+    // Units, language, dates and clock
+
+    void theUnitSystemIsChosenFromItsList_data()
+    {
+        QTest::addColumn<bool>("isByWheel");
+        QTest::newRow("by touch") << false;
+        QTest::newRow("by wheel") << true;
+    }
+
+    void theUnitSystemIsChosenFromItsList()
+    {
+        QFETCH(bool, isByWheel);
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path());
+        QVERIFY(isByWheel ? stage.OpenByWheel(PAGE_DISPLAY) : stage.OpenByTouch(PAGE_DISPLAY));
+        QVERIFY(stage.Choose(QStringLiteral("setup-units"), 2, isByWheel));
+        QCOMPARE(int(TUnitSettings::Instance()->Choices().system), int(UNIT_SYSTEM_US));
+        QCOMPARE(ConfigManager::Instance()->Read(CONFIG_UNIT_SYSTEM).toInt(), int(UNIT_SYSTEM_US));
+        QCOMPARE(stage.Edit(QStringLiteral("setup-units"))->GetText(), QStringLiteral("US"));
+        QVERIFY(stage.IsQuiet());
+    }
+
+    void theLanguageIsChosenFromItsList_data() { theUnitSystemIsChosenFromItsList_data(); }
+
+    void theLanguageIsChosenFromItsList()
+    {
+        QFETCH(bool, isByWheel);
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path());
+        stage.console.Job().SetStartDay(double(QDate(2025, 12, 24).toJulianDay()));
+        QVERIFY(isByWheel ? stage.OpenByWheel(PAGE_DISPLAY) : stage.OpenByTouch(PAGE_DISPLAY));
+        QVERIFY(stage.Choose(QStringLiteral("setup-language"), 2, isByWheel));
+        QCOMPARE(ConfigManager::Instance()->Read(CONFIG_LOCALE).toString(), QStringLiteral("en_US"));
+        QCOMPARE(stage.Shown(QStringLiteral("setup-start-day")), QStringLiteral("12/24/2025"));
+        QCOMPARE(stage.Shown(QStringLiteral("setup-section-1")), QStringLiteral("3.00 m"));
+        QVERIFY(stage.Choose(QStringLiteral("setup-language"), 4, isByWheel));
+        QCOMPARE(ConfigManager::Instance()->Read(CONFIG_LOCALE).toString(), QStringLiteral("de_DE"));
+        QCOMPARE(stage.Shown(QStringLiteral("setup-start-day")), QStringLiteral("24/12/2025"));
+        QCOMPARE(stage.Shown(QStringLiteral("setup-section-1")), QStringLiteral("3,00 m"));
+        QVERIFY(stage.IsQuiet());
+    }
+
+    void aLanguageThatIsNotOfferedStaysWhatItIs()
+    {
+        QTemporaryDir folder;
+        {
+            TStage const stage(folder.path());
+            ConfigManager::Instance()->Write(CONFIG_LOCALE, QStringLiteral("fi_FI"), true);
+        }
+        TSetupStage stage(folder.path(), PAGE_DISPLAY);
+        QCOMPARE(stage.Shown(QStringLiteral("setup-language")), QStringLiteral("suomi"));
+        QCOMPARE(ConfigManager::Instance()->Read(CONFIG_LOCALE).toString(), QStringLiteral("fi_FI"));
+    }
+
+    void datesAndClockFollowTheirRows()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), PAGE_DISPLAY);
+        stage.console.Job().SetStartDay(double(QDate(2025, 12, 24).toJulianDay()));
+        stage.console.Job().SetStartTime(17.75);
+        auto* const dates = stage.console.Screen()->findChild<TSelectWidget*>();
+        auto const buttons = dates->findChildren<TPushButton*>();
+        QVERIFY(stage.Tap(buttons[1]));
+        QCOMPARE(stage.Shown(QStringLiteral("setup-start-day")), QStringLiteral("24/2025/12"));
+        QVERIFY(stage.Tap(buttons[0]));
+        QCOMPARE(stage.Shown(QStringLiteral("setup-start-day")), QStringLiteral("24/12/2025"));
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("12 hours"))));
+        QCOMPARE(stage.Shown(QStringLiteral("setup-start-time")), QStringLiteral("5:45 pm"));
+    }
+
+    void theUnitSystemSwitchesEverythingAtOnce()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        stage.ShowFull(TSprayerModule::Id());
+        stage.ShowFull(TGuidanceModule::Id());
+        // What the views show is a little older than what they would show anew.
+        Q_EMIT TUnitSettings::Instance()->Changed();
+        QStringList const metric = stage.AllTexts();
+        for (char const* const unit : {" L", " km/h", " ha", " L/ha", " L/min", " m", " cm", " mL/min"})
+            QVERIFY2(stage.CountOf(metric, unit) > 0, unit);
+        // Without any time for a refresh.
+        ConfigManager::Instance()->Write(CONFIG_UNIT_SYSTEM, int(UNIT_SYSTEM_US), false);
+        QStringList const imperial = stage.AllTexts();
+        for (char const* const unit : {" L", " km/h", " ha", " L/ha", " L/min", " m", " cm", " mL/min"})
+            QVERIFY2(stage.CountOf(imperial, unit) == 0, unit);
+        for (char const* const unit :
+             {" gal", " mph", " ac", " gal/ac", " gal/min", " ft", " in", " fl oz/min"})
+            QVERIFY2(stage.CountOf(imperial, unit) > 0, unit);
+        QCOMPARE(imperial.size(), metric.size());
+        ConfigManager::Instance()->Write(CONFIG_UNIT_SYSTEM, int(UNIT_SYSTEM_METRIC), false);
+        QCOMPARE(stage.AllTexts(), metric);
+    }
+
+    void aMessageThatIsUpSwitchesItsUnits()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path());
+        stage.console.Machine().DrainTank();
+        stage.time.Pass(SettleTime);
+        auto* const message = stage.console.Screen()->findChild<TMessageDialog*>();
+        QVERIFY(message->GetMessageString().contains(QStringLiteral("450 L")));
+        ConfigManager::Instance()->Write(CONFIG_UNIT_SYSTEM, int(UNIT_SYSTEM_US), false);
+        QVERIFY(message->GetMessageString().contains(QStringLiteral("119 gal")));
+    }
+
+    void aTankIsTypedInGallons()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        ConfigManager::Instance()->Write(CONFIG_UNIT_SYSTEM, int(UNIT_SYSTEM_US), false);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-tank"))));
+        QVERIFY(stage.TypeOnPad(QStringLiteral("1000")));
+        QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger")));
+        QVERIFY(qAbs(stage.console.Machine().TankSize() - 3785.412) < 1e-3);
+        QCOMPARE(stage.Shown(QStringLiteral("setup-tank")), QStringLiteral("1000 gal"));
+    }
+
+    // What is under edit when something else happens
+
+    void anEditEndsWithItsPage_data() { ValueRows(); }
+
+    void anEditEndsWithItsPage()
+    {
+        QFETCH(int, page);
+        QFETCH(QString, button);
+        QFETCH(int, setting);
+        QFETCH(QString, typed);
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), page);
+        QString const before = stage.Known(setting);
+        QString const shown = stage.Edit(button)->GetText();
+        // Another page, another view, and the setup away for good.
+        for (int way = 0; way < 3; ++way)
+        {
+            QVERIFY(stage.Tap(stage.Button(button)));
+            QVERIFY(stage.TypeOnPad(typed.left(2)));
+            stage.Leave(way);
+            QVERIFY(stage.IsQuiet());
+            QVERIFY(stage.OpenByTouch(page));
+            QVERIFY(stage.IsQuiet());
+            QCOMPARE(stage.Edit(button)->GetText(), shown);
+            QCOMPARE(stage.Known(setting), before);
+        }
+    }
+
+    void aListEndsWithItsPage()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), PAGE_DISPLAY);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-units"))));
+        stage.Turn(1);
+        QVERIFY(stage.IsEditOpen());
+        stage.Leave(0);
+        QVERIFY(stage.IsQuiet());
+        QVERIFY(stage.OpenByTouch(PAGE_DISPLAY));
+        QCOMPARE(stage.Shown(QStringLiteral("setup-units")), QStringLiteral("Metric"));
+    }
+
+    void aSourceThatScrollsAwayTakesItsEditAlong()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        auto* const page = stage.console.Screen()->findChild<TSprayerPage*>();
+        page->setFixedHeight(150);
+        stage.time.Pass(SettleTime);
+        QVERIFY(page->verticalScrollBar()->maximum() > 0);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-tank"))));
+        QVERIFY(stage.IsEditOpen());
+        page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
+        stage.time.Pass(SettleTime);
+        page->verticalScrollBar()->setValue(0);
+        stage.time.Pass(SettleTime);
+        QVERIFY(stage.TypeOnPad(QStringLiteral("700")));
+        QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger")));
+        QCOMPARE(stage.console.Machine().TankSize(), 700.0);
+        QVERIFY(stage.IsQuiet());
+    }
+
+    void aMachineThatChangesDoesNotDisturbTheOperator()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-tank"))));
+        stage.Turn(2);
+        stage.console.Machine().SetTankSize(2000.0);
+        stage.console.Machine().SetRate(150);
+        QCOMPARE(stage.Edit(QStringLiteral("setup-tank"))->GetCurrentValue(), 3100.0);
+        stage.finger.Key(Qt::Key_Escape);
+        stage.time.Pass(2 * SettleTime);
+        QCOMPARE(stage.Shown(QStringLiteral("setup-tank")), QStringLiteral("2000 L"));
+    }
+
+    void aConsoleThatStopsTakesAnOpenEditAlong_data() { ValueRows(); }
+
+    void aConsoleThatStopsTakesAnOpenEditAlong()
+    {
+        QFETCH(int, page);
+        QFETCH(QString, button);
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path(), page);
+        QVERIFY(stage.Tap(stage.Button(button)));
+        QVERIFY(stage.IsEditOpen());
+    }
+};
+
+COMMONUI_TEST(TConsoleSetupTest)
+#include "TConsoleSetupTest.moc"
