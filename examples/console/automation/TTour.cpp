@@ -241,9 +241,106 @@ void TTour::ShowSetup()
     m_Operator.Drag(middle, middle - QPoint(0, SCREEN_HEIGHT / 4), DragSteps);
     Settle();
     Picture(QStringLiteral("setup-machine-scrolled"));
+    ShowSprayerSetup();
+    ShowJobSetup();
+    ShowUnits();
     PressButton(QStringLiteral("icon-tick-larger"));
     Settle();
     Picture(QStringLiteral("large-buttons"));
+    ShowSprayerInOtherUnits();
+}
+
+void TTour::ShowSprayerSetup()
+{
+    PressButton(QStringLiteral("setup-page-4"));
+    Settle();
+    Picture(QStringLiteral("setup-sprayer"));
+    PressButton(QStringLiteral("setup-tank"));
+    Settle();
+    Picture(QStringLiteral("tank-under-edit"));
+    for (int notch = 0; notch < 2; ++notch)
+    {
+        m_Operator.Wheel(-WheelNotch);
+        m_Time->Pass(WideStep);
+    }
+    Picture(QStringLiteral("tank-by-wheel"));
+    EndEdit(Qt::Key_Return);
+    PressButton(QStringLiteral("setup-nozzle"));
+    Settle();
+    Picture(QStringLiteral("nozzle-under-edit"));
+    EndEdit(Qt::Key_Escape);
+    PressButton(QStringLiteral("setup-section-8"));
+    Settle();
+    Picture(QStringLiteral("section-under-edit"));
+    EndEdit(Qt::Key_Escape);
+}
+
+void TTour::ShowJobSetup()
+{
+    PressButton(QStringLiteral("setup-page-5"));
+    Settle();
+    Picture(QStringLiteral("setup-job"));
+    for (QString const& name : {QStringLiteral("setup-start-day"), QStringLiteral("setup-start-time"),
+                                QStringLiteral("setup-server")})
+    {
+        PressButton(name);
+        Settle();
+        Picture(name + QStringLiteral("-under-edit"));
+        EndEdit(Qt::Key_Escape);
+    }
+}
+
+void TTour::ShowUnits()
+{
+    PressButton(QStringLiteral("setup-page-1"));
+    Settle();
+    PressButton(QStringLiteral("setup-language"));
+    Settle();
+    Picture(QStringLiteral("list-of-languages"));
+    EndEdit(Qt::Key_Escape);
+    PressButton(QStringLiteral("setup-units"));
+    Settle();
+    Picture(QStringLiteral("list-of-units"));
+    m_Operator.Wheel(-WheelNotch);
+    m_Time->Pass(WideStep);
+    EndEdit(Qt::Key_Return);
+    Picture(QStringLiteral("imperial-units"));
+    PressButton(QStringLiteral("setup-page-4"));
+    Settle();
+    Picture(QStringLiteral("setup-sprayer-in-imperial-units"));
+    PressButton(QStringLiteral("setup-tank"));
+    Settle();
+    Picture(QStringLiteral("tank-in-gallons"));
+    EndEdit(Qt::Key_Escape);
+    PressButton(QStringLiteral("setup-page-3"));
+    Settle();
+    Picture(QStringLiteral("setup-machine-in-imperial-units"));
+}
+
+void TTour::ShowSprayerInOtherUnits()
+{
+    DragOffRight(TSprayerModule::Id());
+    Settle();
+    Picture(QStringLiteral("sprayer-in-imperial-units"));
+    PressButton(QStringLiteral("sprayer-calibrate"));
+    Settle();
+    Picture(QStringLiteral("calibration-in-imperial-units"));
+    PressButton(QStringLiteral("icon-cross-larger"));
+    Settle();
+    DragOffRight(TGuidanceModule::Id());
+    Settle();
+}
+
+// The wheel's keys rest until it is touched.
+void TTour::EndEdit(Qt::Key key)
+{
+    for (int const units : {WheelNotch, -WheelNotch})
+    {
+        m_Operator.Wheel(units);
+        m_Time->Pass(WideStep);
+    }
+    m_Operator.Key(key);
+    m_Time->Pass(WideStep);
 }
 
 void TTour::ShowDiagnostics()

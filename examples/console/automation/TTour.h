@@ -32,6 +32,10 @@ private:
     void ShowCamera();
     void ShowWheel();
     void ShowSetup();
+    void ShowSprayerSetup();
+    void ShowJobSetup();
+    void ShowUnits();
+    void ShowSprayerInOtherUnits();
     void ShowDiagnostics();
     void ShowSystemToolBar();
     void ShowOffScreenButtons();
@@ -43,6 +47,7 @@ private:
     void PressButton(QString const& objectName);
     void PressNavigation(KVN::MorvaneID const& id);
     void DragOffRight(KVN::MorvaneID const& id);
+    void EndEdit(Qt::Key key);
     void SwipeUp();
     void SwipeDown();
     bool IsScreenshotOnStick() const;
