@@ -335,12 +335,17 @@ void TEditWidgetPlacesTest::listGoesAboveAtTheTopOfTheRoom()
 {
     TEditPlacesStage stage(TEditPlacesStage::ListItem(4));
     stage.window.m_Usable = QRect(0, 30, SCREEN_WIDTH, 700);
-    // 320 pixels of box fit exactly between the top of the room and the value.
     stage.OpenOver(QRect(100, 411, 800, 40));
     QCOMPARE(stage.Box(), QRect(100, 30, 250, 320));
-    // They fit below, exactly.
+    // The 320 pixels of the box fit below, exactly.
     stage.OpenOver(QRect(100, 370, 800, 40));
     QCOMPARE(stage.Box(), QRect(100, 410, 250, 320));
+    // They fit above, exactly.
+    stage.window.m_Usable.setHeight(600);
+    stage.OpenOver(QRect(100, 350, 800, 40));
+    QCOMPARE(stage.Box(), QRect(100, 30, 250, 320));
+    stage.OpenOver(QRect(100, 349, 800, 40));
+    QCOMPARE(stage.Box().y(), 389);
 }
 
 void TEditWidgetPlacesTest::listBelowIsShortenedToTwoRowsAtLeast()
