@@ -178,6 +178,8 @@ private:
         int x = m_Value.right() + 1;
         if (x + 2 * StepWidth - 1 > m_Usable.right())
             x = m_Value.left() - 2 * StepWidth;
+        if (x < m_Usable.left())
+            x = m_Usable.right() + 1 - 2 * StepWidth;
         int y = m_Value.top() + (m_Value.height() - StepHeight) / 2;
         if (y + StepHeight - 1 > m_Usable.bottom())
             y = m_Usable.bottom() - StepHeight + 1;

@@ -134,6 +134,7 @@ private Q_SLOTS:
     void minusAndPlusStandRightOfTheValue();
     void okAndCancelStandBelowThem();
     void stackJumpsLeftAtTheEdge();
+    void stackCoversTheEndOfAValueAsWideAsTheScreen();
     void stackMovesUpAtTheBottom();
     void padStandsBelowTheValue();
     void padWithoutPlusStandsUnderTheValue();
@@ -947,6 +948,17 @@ void TEditWidgetPlacesTest::stackJumpsLeftAtTheEdge()
     QCOMPARE(stage.Minus()->x(), 521);
     QCOMPARE(stage.Plus()->x(), 591);
     QCOMPARE(stage.FloatingOk()->x(), 591);
+}
+
+void TEditWidgetPlacesTest::stackCoversTheEndOfAValueAsWideAsTheScreen()
+{
+    TEditPlacesStage stage(TEditPlacesStage::NumberItem());
+    int const width = stage.window.GetUsableRect().width();
+    stage.OpenOver(QRect(20, 300, width - 40, 40));
+    QRect const usable = stage.window.GetUsableRect();
+    QCOMPARE(stage.Plus()->geometry().right(), usable.right());
+    QVERIFY(usable.contains(stage.Minus()->geometry()));
+    QVERIFY(usable.contains(stage.FloatingCancel()->geometry()));
 }
 
 void TEditWidgetPlacesTest::stackMovesUpAtTheBottom()

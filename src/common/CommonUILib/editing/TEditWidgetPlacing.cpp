@@ -432,9 +432,13 @@ void TEditWidget::PlaceFloatingButtons(QRect const& usable)
         return;
     QRect const value = m_ValueButton->geometry();
     QSize const button = m_Plus->size();
+    int const right = usable.right() + 1 - 2 * button.width();
     int x = value.right() + 1;
-    if (x + 2 * button.width() > usable.right() + 1)
+    if (x > right)
         x = value.x() - 2 * button.width();
+    // A value as wide as the screen leaves no room at either side: the buttons cover its end.
+    if (x < usable.left())
+        x = right;
     int y = value.y() + (value.height() - button.height()) / 2;
     y -= qMax(0, y + RowsOfStack() * button.height() - (usable.bottom() + 1));
     MoveStack(QPoint(x, y));
