@@ -17,6 +17,7 @@
 #include "TSprayerPage.h"
 #include "TTablePanel.h"
 #include "TTankGauge.h"
+#include "TTextEditWidget.h"
 #include "TUnitSettings.h"
 #include "TUnitsNumberPad.h"
 #include "TValueField.h"
@@ -92,6 +93,26 @@ struct TSetupStage : TStage
         finger.Tap(list->viewport()->mapTo(console.Screen(), item.center()));
         time.Pass(SettleTime);
         return TapOnTop(QStringLiteral("icon-tick-larger"));
+    }
+    /// Has the operator's name edited, and answers its button; null where it cannot be reached.
+    TPushButton* OpenName(bool isByWheel)
+    {
+        if (!(isByWheel ? OpenByWheel(PAGE_JOB) : OpenByTouch(PAGE_JOB)))
+            return nullptr;
+        TPushButton* const name = Button(QStringLiteral("setup-operator"));
+        return (isByWheel ? EnterByWheel(name) : Tap(name)) ? name : nullptr;
+    }
+    bool IsTextOpen() const
+    {
+        auto const* const edit = console.Screen()->findChild<TTextEditWidget*>();
+        return edit && edit->isVisible();
+    }
+    TPushButton* KeyOnKeyboard(QString const& name) const
+    {
+        auto const keys = console.Screen()->findChildren<TKey*>(name);
+        auto const seen =
+            std::find_if(keys.begin(), keys.end(), [](TKey const* key) { return key->isVisible(); });
+        return seen == keys.end() ? nullptr : *seen;
     }
     TPushButton* KeyOnPad(QString const& name) const
     {
@@ -325,6 +346,69 @@ private Q_SLOTS:
         stage.time.Pass(2 * SettleTime);
         QVERIFY(stage.IsQuiet());
         QCOMPARE(stage.Known(setting), known);
+    }
+
+    void theOperatorTellsHisName_data() { theUnitSystemIsChosenFromItsList_data(); }
+
+    void theOperatorTellsHisName()
+    {
+        QFETCH(bool, isByWheel);
+        QTemporaryDir folder;
+        {
+            TSetupStage stage(folder.path());
+            TPushButton* const name = stage.OpenName(isByWheel);
+            QVERIFY(name && stage.IsTextOpen());
+            QString const typed = QStringLiteral("ANA");
+            QVERIFY(isByWheel ? stage.TypeByWheel(typed) : stage.TypeOnPad(typed));
+            QCOMPARE(stage.console.Job().Operator(), QString());
+            QVERIFY(isByWheel ? stage.EnterByWheel(stage.KeyOnKeyboard(QStringLiteral("icon-tick")))
+                              : stage.TapOnTop(QStringLiteral("icon-tick")));
+            QCOMPARE(stage.console.Job().Operator(), QStringLiteral("ANA"));
+            QCOMPARE(name->GetText(), QStringLiteral("ANA"));
+            QVERIFY(!stage.IsTextOpen() && stage.IsQuiet());
+        }
+        TStage next(folder.path());
+        QCOMPARE(next.console.Job().Operator(), QStringLiteral("ANA"));
+    }
+
+    void aNameThatIsGivenUpStaysWhatItWas_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("by its button") << -2;
+        QTest::newRow("by the back key") << -1;
+        QTest::newRow("with its page") << 0;
+        QTest::newRow("with the view") << 1;
+        QTest::newRow("with the setup") << 2;
+    }
+
+    void aNameThatIsGivenUpStaysWhatItWas()
+    {
+        QFETCH(int, way);
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path());
+        stage.console.Job().SetOperator(QStringLiteral("Eva"));
+        TPushButton* const name = stage.OpenName(false);
+        QVERIFY(name && stage.TypeOnPad(QStringLiteral("X")));
+        stage.Turn(way == -1 ? 1 : 0);
+        if (way == -2)
+            QVERIFY(stage.TapOnTop(QStringLiteral("icon-cross")));
+        else if (way == -1)
+            stage.finger.Key(Qt::Key_Escape);
+        else
+            stage.Leave(way);
+        stage.time.Pass(2 * SettleTime);
+        QVERIFY(!stage.IsTextOpen() && stage.IsQuiet());
+        QVERIFY(stage.OpenByTouch(PAGE_JOB));
+        QVERIFY(!stage.IsTextOpen() && stage.IsQuiet());
+        QCOMPARE(name->GetText(), QStringLiteral("Eva"));
+        QCOMPARE(stage.console.Job().Operator(), QStringLiteral("Eva"));
+    }
+
+    void aConsoleThatStopsTakesTheKeyboardAlong()
+    {
+        QTemporaryDir folder;
+        TSetupStage stage(folder.path());
+        QVERIFY(stage.OpenName(false) && stage.IsTextOpen());
     }
 
     void aValueOutOfItsBoundsIsRefused()

@@ -280,6 +280,14 @@ void TTour::ShowJobSetup()
     PressButton(QStringLiteral("setup-page-5"));
     Settle();
     Picture(QStringLiteral("setup-job"));
+    PressButton(QStringLiteral("setup-operator"));
+    Settle();
+    for (QString const& key : {QStringLiteral("Key A"), QStringLiteral("Key N"), QStringLiteral("Key N")})
+        PressButton(key);
+    Settle();
+    Picture(QStringLiteral("operator-under-edit"));
+    PressButton(QStringLiteral("icon-tick"));
+    Settle();
     for (QString const& name : {QStringLiteral("setup-start-day"), QStringLiteral("setup-start-time"),
                                 QStringLiteral("setup-server")})
     {

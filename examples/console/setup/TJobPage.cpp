@@ -6,6 +6,7 @@
 #include "TEditRow.h"
 #include "TJob.h"
 #include "TQuantity.h"
+#include "TTextRow.h"
 
 namespace
 {
@@ -25,10 +26,25 @@ TJobPage::TJobPage(QWidget* parent, TJob* job)
     : TSetupPage(parent)
     , m_Job(job)
 {
+    AddOperator();
     AddStart();
     AddServer();
     connect(job, &TJob::Changed, this, &TJobPage::Sync);
     Sync();
+}
+
+void TJobPage::AddOperator()
+{
+    m_Operator = new TTextRow(Content(), tr("Operator"), QStringLiteral("setup-operator"),
+                              tr("The name of whoever works with the machine"));
+    m_Operator->SetLongest(TJob::LongestOperatorName);
+    connect(m_Operator, &TTextRow::Edited, this,
+            [this](QString const& name)
+            {
+                m_Job->SetOperator(name);
+                Store(ConsoleSettings::SETTING_OPERATOR, m_Job->Operator());
+            });
+    AddLine(m_Operator);
 }
 
 void TJobPage::AddStart()
@@ -74,6 +90,7 @@ void TJobPage::AddServer()
 
 void TJobPage::Sync()
 {
+    m_Operator->SetText(m_Job->Operator());
     m_Start->SetValue(START_DAY, m_Job->StartDay());
     m_Start->SetValue(START_TIME, m_Job->StartTime());
     m_Server->SetAddress(0, m_Job->Server());
