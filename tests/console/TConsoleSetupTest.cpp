@@ -147,27 +147,31 @@ struct TSetupStage : TStage
     /// guidance, the position and the setup, but for the values of the diagnostics.
     QStringList AllTexts() const
     {
-        TScreen* const screen = console.Screen();
         QStringList texts;
-        for (TValueField const* const field : screen->findChildren<TValueField*>())
+        auto const fields = console.Screen()->findChildren<TValueField*>();
+        for (TValueField const* const field : fields)
             texts += field->Text().value + QLatin1Char(' ') + field->Text().unit;
-        for (TDial const* const dial : screen->findChildren<TDial*>())
+        auto const dials = console.Screen()->findChildren<TDial*>();
+        for (TDial const* const dial : dials)
             texts += dial->Text();
-        for (TTankGauge const* const gauge : screen->findChildren<TTankGauge*>())
+        auto const gauges = console.Screen()->findChildren<TTankGauge*>();
+        for (TTankGauge const* const gauge : gauges)
             texts += gauge->Text();
-        for (TLightBar const* const bar : screen->findChildren<TLightBar*>())
-            texts += bar->Text();
-        for (TTablePanel const* const table : screen->findChildren<TTablePanel*>())
+        auto const tables = console.Screen()->findChildren<TTablePanel*>();
+        for (TTablePanel const* const table : tables)
         {
             for (TTableRow const& row : table->Rows())
                 texts += row.value;
         }
-        for (TSetupRow* const row : screen->findChildren<TSetupRow*>())
+        auto const rows = console.Screen()->findChildren<TSetupRow*>();
+        for (TSetupRow const* const row : rows)
         {
-            for (TPushButton const* const button : row->findChildren<TPushButton*>())
+            auto const buttons = row->findChildren<TPushButton*>();
+            for (TPushButton const* const button : buttons)
                 texts += button->GetText();
         }
-        texts += screen->findChild<TValueRow*>()->Text();
+        texts += console.Screen()->findChild<TLightBar*>()->Text();
+        texts += console.Screen()->findChild<TValueRow*>()->Text();
         return texts;
     }
     static int CountOf(QStringList const& texts, char const* unit)

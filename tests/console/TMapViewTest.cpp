@@ -12,9 +12,11 @@ QRect const View(20, 10, 300, 240);
 
 struct TStage
 {
-    TStage()
+    /// Between the lines, in metres; 0 for as wide as the boom is.
+    explicit TStage(double lineSpacing = 0.0)
         : source(new TTestSource)
     {
+        source->m_Field.lineSpacing = lineSpacing;
         source->m_Field.hasLines = true;
         source->m_Field.boundary = QPolygonF(QRectF(-60, -200, 200, 260));
         machine = std::make_unique<TMachine>(std::unique_ptr<IPositionSource>(source));
@@ -76,9 +78,17 @@ private Q_SLOTS:
         QVERIFY(!map.Follow());
     }
 
+    void anotherBoomShowsWithoutAMovement_data()
+    {
+        QTest::addColumn<double>("lineSpacing");
+        QTest::newRow("with lines of its own") << 0.0;
+        QTest::newRow("on tramlines") << 24.0;
+    }
+
     void anotherBoomShowsWithoutAMovement()
     {
-        TStage stage;
+        QFETCH(double, lineSpacing);
+        TStage const stage(lineSpacing);
         TMapView map(*stage.machine);
         map.SetView(View);
         map.Follow();
