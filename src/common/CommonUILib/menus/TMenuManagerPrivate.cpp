@@ -1,0 +1,213 @@
+#include "TMenuManagerPrivate.h"
+
+TMenuManagerPrivate::TMenuManagerPrivate(bool keepsRoot)
+    : m_KeepsRoot(keepsRoot)
+{
+}
+
+bool TMenuManagerPrivate::IsKnown(int menuID) const
+{
+    return m_States.find(menuID) != m_States.end();
+}
+
+bool TMenuManagerPrivate::IsShown(int menuID) const
+{
+    auto const found = m_States.find(menuID);
+    return found != m_States.end() && found->second.isShown;
+}
+
+TMenuDisplayState TMenuManagerPrivate::GetState(int menuID) const
+{
+    auto const found = m_States.find(menuID);
+    return found == m_States.end() ? TMenuDisplayState() : found->second;
+}
+
+void TMenuManagerPrivate::AddMenu(int menuID)
+{
+    TMenuDisplayState state;
+    state.isShown = menuID == m_RootMenuID;
+    if (state.isShown)
+        m_ShownOrder << menuID;
+    m_States.emplace(menuID, state);
+}
+
+void TMenuManagerPrivate::RemoveMenu(int menuID, Elements const& elements)
+{
+    if (IsShown(menuID))
+        HideMenu(menuID, false, elements);
+    m_States.erase(menuID);
+}
+
+void TMenuManagerPrivate::ShowMenu(int menuID, int parentMenuID, int parentElementID, bool keepOpenChildren,
+                                   bool forced)
+{
+    auto const found = m_States.find(menuID);
+    if (found == m_States.end())
+        return;
+    HideAllChildren(parentMenuID, !keepOpenChildren);
+    auto const parent = m_States.find(parentMenuID);
+    if (parent != m_States.end())
+        parent->second.children.insert(menuID);
+    TMenuDisplayState& state = found->second;
+    state.isShown = true;
+    state.isClosedByUser = false;
+    state.parentMenuID = parentMenuID;
+    state.parentElementID = parentElementID;
+    state.isForcedShortcut = forced;
+    m_ShownOrder.removeAll(menuID);
+    m_ShownOrder << menuID;
+}
+
+void TMenuManagerPrivate::HideAllChildren(int menuID, bool all)
+{
+    QSet<int> const children = GetState(menuID).children;
+    for (int const child : children)
+    {
+        TMenuDisplayState const state = GetState(child);
+        if (all || state.shortcutIDs.isEmpty() || !state.isForcedShortcut)
+            RecursiveHide(child);
+    }
+}
+
+// A list of what is still to be hidden instead of calls of itself, for menus nested however deep. A menu
+// gives its children away before they are hidden: so a circle comes to its end.
+void TMenuManagerPrivate::RecursiveHide(int menuID)
+{
+    QList<int> waiting{menuID};
+    while (!waiting.isEmpty())
+    {
+        int const id = waiting.takeLast();
+        auto const found = m_States.find(id);
+        if (found == m_States.end())
+            continue;
+        TMenuDisplayState& state = found->second;
+        state.isShown = false;
+        state.isForcedShortcut = false;
+        waiting += state.children.values();
+        state.children.clear();
+        // It may have been opened from one menu after another, and stand with each of them.
+        for (auto& other : m_States)
+            other.second.children.remove(id);
+        m_ShownOrder.removeAll(id);
+    }
+}
+
+void TMenuManagerPrivate::HideMenu(int menuID, bool byUser, Elements const& elements)
+{
+    auto const found = m_States.find(menuID);
+    if (found == m_States.end())
+        return;
+    RecursiveHide(menuID);
+    EnsureShortcuts(elements, menuID);
+    found->second.isClosedByUser |= byUser;
+}
+
+void TMenuManagerPrivate::HideAll(Elements const& elements)
+{
+    if (m_KeepsRoot)
+    {
+        // A menu may have led back to it.
+        for (auto& other : m_States)
+            other.second.children.remove(m_RootMenuID);
+    }
+    HideAllChildren(m_RootMenuID, true);
+    // Those that were opened from nowhere are no children of the root.
+    QList<int> const shown = m_ShownOrder;
+    for (int const id : shown)
+    {
+        if (id != m_RootMenuID || !m_KeepsRoot)
+            RecursiveHide(id);
+    }
+    EnsureShortcuts(elements);
+}
+
+void TMenuManagerPrivate::SetMenusEnabled(bool enabled, bool hide, Elements const& elements)
+{
+    m_MenusEnabled = enabled;
+    if (enabled)
+        EnsureShortcuts(elements);
+    else if (hide)
+        HideAll(elements);
+}
+
+void TMenuManagerPrivate::ForceToShortcut(int menuID, Elements const& elements)
+{
+    auto const found = m_States.find(menuID);
+    if (found == m_States.end())
+        return;
+    found->second.isForcedShortcut = true;
+    found->second.isClosedByUser = false;
+    EnsureShortcuts(elements);
+}
+
+void TMenuManagerPrivate::EnsureShortcuts(Elements const& elements)
+{
+    EnsureShortcuts(elements, TActivationConfig::NoMenu);
+}
+
+void TMenuManagerPrivate::EnsureShortcuts(Elements const& elements, int exceptMenuID)
+{
+    if (!m_MenusEnabled)
+        return;
+    for (TMenuStateCopy const& menu : elements)
+    {
+        if (!HasOpenChild(menu))
+            EnsureShortcutsOf(menu, exceptMenuID);
+    }
+}
+
+// One that stands open as a shortcut does not count: others may join it.
+bool TMenuManagerPrivate::HasOpenChild(TMenuStateCopy const& menu) const
+{
+    auto const found = m_States.find(menu.menuID);
+    if (found == m_States.end())
+        return true; // on its way into or out of the list: nothing is opened from it
+    for (TElementState const& element : menu.elements)
+    {
+        int const target = element.GetActivationConfig().GetMenuToToggle();
+        if (found->second.children.contains(target) && !m_States.at(target).isForcedShortcut)
+            return true;
+    }
+    return false;
+}
+
+void TMenuManagerPrivate::EnsureShortcutsOf(TMenuStateCopy const& menu, int exceptMenuID)
+{
+    for (TElementState const& element : menu.elements)
+    {
+        int const target = element.GetActivationConfig().GetMenuToToggle();
+        auto const found = m_States.find(target);
+        if (!element.IsVisible() || target == exceptMenuID || found == m_States.end())
+            continue;
+        if (!found->second.shortcutIDs.isEmpty() && !found->second.isClosedByUser)
+            ShowMenu(target, menu.menuID, element.GetID(), true, false);
+    }
+}
+
+void TMenuManagerPrivate::UpdateFromElements(TMenuStateCopy const& menu, Elements const& elements)
+{
+    auto const found = m_States.find(menu.menuID);
+    if (found == m_States.end())
+        return;
+    QSet<int> shortcutIDs;
+    bool isAnyVisible = false;
+    for (TElementState const& element : menu.elements)
+    {
+        int const target = element.GetActivationConfig().GetMenuToToggle();
+        if (element.IsVisible() && element.IsShortcut())
+            shortcutIDs.insert(element.GetID());
+        if (!element.IsVisible() && IsShown(target))
+            HideMenu(target, false, elements);
+        isAnyVisible = isAnyVisible || element.IsVisible();
+    }
+    TMenuDisplayState& state = found->second;
+    if (state.isForcedShortcut && !isAnyVisible)
+        HideMenu(menu.menuID, false, elements);
+    if (state.shortcutIDs != shortcutIDs)
+    {
+        state.isForcedShortcut = state.isShown;
+        HideAllChildren(menu.menuID, true);
+        state.shortcutIDs = shortcutIDs;
+    }
+    EnsureShortcuts(elements);
+}

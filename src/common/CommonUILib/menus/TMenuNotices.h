@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QMetaObject>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QObject>
+#include <QPair>
+#include <QSet>
+
+#include <memory>
+#include <utility>
+
+/// What the menus of a manager have to tell, on its way into the manager's thread. Of notices that ask for
+/// another look at the same thing one waits at a time: menus that change faster than they can be looked at
+/// fill no event queue, and the look that waits sees their last state.
+///
+/// Called from any thread. Who calls it shares it, so that it may outlive the manager.
+class TMenuNotices : public std::enable_shared_from_this<TMenuNotices>
+{
+public:
+    enum EKind
+    {
+        ELEMENT_LIST = 0,
+        ELEMENT_STATE = 1,
+        ENABLED_STATE = 2
+    };
+
+    explicit TMenuNotices(QObject* receiver)
+        : m_Receiver(receiver)
+    {
+    }
+
+    /// Nothing is delivered any more; for the receiver's destructor.
+    void Close()
+    {
+        QMutexLocker const locker(&m_Mutex);
+        m_Receiver = nullptr;
+    }
+
+    /// Calls \a look from the receiver's event loop, unless the same waits there already.
+    template<typename TLook>
+    void Post(EKind kind, int menuID, TLook look)
+    {
+        QPair<int, int> const notice(kind, menuID);
+        QMutexLocker const locker(&m_Mutex);
+        if (!m_Receiver || m_Waiting.contains(notice))
+            return;
+        m_Waiting.insert(notice);
+        QMetaObject::invokeMethod(
+            m_Receiver,
+            [self = shared_from_this(), notice, look]
+            {
+                self->Take(notice);
+                look();
+            },
+            Qt::QueuedConnection);
+    }
+
+    /// Calls \a command from the receiver's event loop. What is posted later is looked at after it, even if
+    /// the same waits before it: the look has to see what the command did.
+    template<typename TCommand>
+    void Send(TCommand command)
+    {
+        QMutexLocker const locker(&m_Mutex);
+        m_Waiting.clear();
+        if (m_Receiver)
+            QMetaObject::invokeMethod(m_Receiver, std::move(command), Qt::QueuedConnection);
+    }
+
+private:
+    // What changes from here on needs another look.
+    void Take(QPair<int, int> const& notice)
+    {
+        QMutexLocker const locker(&m_Mutex);
+        m_Waiting.remove(notice);
+    }
+
+    QMutex m_Mutex;
+    QObject* m_Receiver;
+    QSet<QPair<int, int>> m_Waiting; // kind and menu
+};
