@@ -25,6 +25,26 @@ function(commonui_configure_library target exportName)
     set_target_properties(${target} PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
         DEFINE_SYMBOL ${exportName}_EXPORTS)
     target_precompile_headers(${target} PRIVATE "${PROJECT_SOURCE_DIR}/cmake/QtHeaders.h")
+    commonui_find_new_classes(${target})
+endfunction()
+
+# AUTOMOC of an existing build looks at the list of sources only when a header that it knows has changed. When the folder of the
+# caller is configured to its end, moc is made to look if the list of the target is another one.
+function(commonui_find_new_classes target)
+    cmake_language(EVAL CODE "cmake_language(DEFER CALL commonui_notice_sources [[${target}]])")
+endfunction()
+
+function(commonui_notice_sources target)
+    get_target_property(sources ${target} SOURCES)
+    set(seen "${CMAKE_CURRENT_BINARY_DIR}/${target}-sources.txt")
+    set(former "")
+    if(EXISTS "${seen}")
+        file(READ "${seen}" former)
+    endif()
+    if(NOT former STREQUAL "${sources}")
+        file(REMOVE "${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/timestamp")
+        file(WRITE "${seen}" "${sources}")
+    endif()
 endfunction()
 
 # commonui_sources(target PUBLIC_HEADERS... | PRIVATE...): adds files of the current folder to a library.
