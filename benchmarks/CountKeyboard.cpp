@@ -2,9 +2,9 @@
 // keys as stock buttons, for an instruction counter. Usage: count-keyboard (own | stock | plain) (shift |
 // open) COUNT
 //
-// The stock keys stand in a grid, with the same texts, font and skin, by a style sheet; the plain ones without
-// the skin, in the style Fusion. For "shift" they are built and painted for the first time: that is what a
-// keyboard does that makes its keys anew.
+// The stock keys stand in a grid, with the same texts, font and skin, by a style sheet; the plain ones
+// without the skin, in the style Fusion. For "shift" they are built and painted for the first time: that is
+// what a keyboard does that makes its keys anew.
 
 #include "BenchScreen.h"
 #include "CountArguments.h"
