@@ -382,44 +382,39 @@ void TMenuManager::ElementActivated(int menuID, int elementID)
         Q_EMIT MenuStateChanged();
 }
 
-void TMenuManager::HideMenu(int menuID)
+template<typename TDecision>
+void TMenuManager::Decide(TDecision decision)
 {
     QWriteLocker locker(&m_Lock);
-    HandleHideMenu(menuID);
+    decision();
     locker.unlock();
     Q_EMIT MenuStateChanged();
+}
+
+void TMenuManager::HideMenu(int menuID)
+{
+    Decide([this, menuID] { HandleHideMenu(menuID); });
 }
 
 void TMenuManager::ShowMenu(int menuID)
 {
-    QWriteLocker locker(&m_Lock);
-    HandleShowMenu(menuID);
-    locker.unlock();
-    Q_EMIT MenuStateChanged();
+    Decide([this, menuID] { HandleShowMenu(menuID); });
 }
 
 void TMenuManager::HideAllMenus()
 {
-    QWriteLocker locker(&m_Lock);
-    HandleHideAllMenus();
-    locker.unlock();
-    Q_EMIT MenuStateChanged();
+    Decide([this] { HandleHideAllMenus(); });
 }
 
 void TMenuManager::OnToggleMenu(int menuID, int parentMenuID, int parentElementID)
 {
-    QWriteLocker locker(&m_Lock);
-    HandleToggleMenu(menuID, parentMenuID, parentElementID);
-    locker.unlock();
-    Q_EMIT MenuStateChanged();
+    Decide([this, menuID, parentMenuID, parentElementID]
+           { HandleToggleMenu(menuID, parentMenuID, parentElementID); });
 }
 
 void TMenuManager::OnForceToShortcut(int menuID)
 {
-    QWriteLocker locker(&m_Lock);
-    HandleForceToShortcut(menuID);
-    locker.unlock();
-    Q_EMIT MenuStateChanged();
+    Decide([this, menuID] { HandleForceToShortcut(menuID); });
 }
 
 void TMenuManager::OnHideMenu(int menuID)

@@ -134,6 +134,8 @@ private:
     bool Start(int menuID, TMenuState* menu);
     void Connect(int menuID, TMenuState* menu);
     void PostLook(int menuID);
+    template<typename TDecision>
+    void Decide(TDecision decision);
     void OnMenuDestroyed(int menuID);
     TMenuStateCopy CloneInternal(int menuID) const;
 
