@@ -38,6 +38,17 @@ int IndexOf(double value)
     return int(
         qBound(double(std::numeric_limits<int>::min()), value, double(std::numeric_limits<int>::max())));
 }
+
+// What is not a number counts as 0.
+double Held(double low, double value, double high)
+{
+    return qBound(low, std::isnan(value) ? 0.0 : value, high);
+}
+
+bool HasSteps(TEditItem const& item)
+{
+    return item.kind == EDIT_KIND_STEPPED && !item.discreteValues.isEmpty();
+}
 } // namespace
 
 TEditWidget::TEditWidget(QWidget* parent, TEditItem const* item)
@@ -230,8 +241,7 @@ void TEditWidget::SetMaximumValue(float maximum)
 
 double TEditWidget::GetMaximumValue()
 {
-    bool const isStepped = m_Item.kind == EDIT_KIND_STEPPED && !m_Item.discreteValues.isEmpty();
-    return isStepped ? m_Item.discreteValues.constLast() : m_Item.maximum;
+    return HasSteps(m_Item) ? m_Item.discreteValues.constLast() : m_Item.maximum;
 }
 
 void TEditWidget::SetMinimumValue(float minimum)
@@ -242,8 +252,7 @@ void TEditWidget::SetMinimumValue(float minimum)
 
 double TEditWidget::GetMinimumValue()
 {
-    bool const isStepped = m_Item.kind == EDIT_KIND_STEPPED && !m_Item.discreteValues.isEmpty();
-    return isStepped ? m_Item.discreteValues.constFirst() : m_Item.minimum;
+    return HasSteps(m_Item) ? m_Item.discreteValues.constFirst() : m_Item.minimum;
 }
 
 // The pad may be up.
@@ -714,8 +723,7 @@ void TEditWidget::ShowParts()
     }
     UpdateFloatingIncDecButtons();
     ShowFloatingOkCancel();
-    m_ListOk->setVisible(isList && m_ShowListButtons);
-    m_ListCancel->setVisible(isList && m_ShowListButtons);
+    ShowListButtons(m_ShowListButtons);
 }
 
 // A pad that nobody sees takes no key.
@@ -837,7 +845,7 @@ double TEditWidget::AcceptableValue()
     TBounds const bounds = DefaultBounds();
     if (std::isfinite(m_Item.value) && !(bounds.low < bounds.high))
         return m_Item.value;
-    return qBound(bounds.low, std::isnan(m_Item.value) ? 0.0 : m_Item.value, bounds.high);
+    return Held(bounds.low, m_Item.value, bounds.high);
 }
 
 void TEditWidget::OnCancelEdit()
@@ -913,8 +921,7 @@ bool TEditWidget::GetIncrementedValues(double& down, double& up, double& min, do
     if (m_Item.kind != EDIT_KIND_NUMERIC || !(increment > 0.0) || !std::isfinite(increment))
         return false;
     TBounds const bounds = DefaultBounds();
-    double const value = ValueUnderEdit();
-    double const current = ToDisplayUnit(qBound(bounds.low, std::isnan(value) ? 0.0 : value, bounds.high));
+    double const current = ToDisplayUnit(Held(bounds.low, ValueUnderEdit(), bounds.high));
     GetMinMaxInCurrentUnits(min, max);
     // The grid of a range that begins below zero goes through zero.
     double const base = qMax(0.0, std::ceil(min / increment) * increment);
