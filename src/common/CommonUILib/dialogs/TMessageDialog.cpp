@@ -5,7 +5,6 @@
 #include "Metrics.h"
 #include "PixmapNames.h"
 #include "TButtonBar.h"
-#include "TMMICapableWidgetNavigator.h"
 #include "TPushButton.h"
 #include "TScreen.h"
 #include "TScrollableTextContainer.h"
@@ -169,21 +168,14 @@ void TMessageDialog::ContentsChanged()
     if (!isVisible())
         return;
     AdjustForShow();
-    RefreshWheel();
-}
-
-// What the wheel found before the dialog had its size is out of order, and a text is a stop only where it is
-// scrolled.
-void TMessageDialog::RefreshWheel()
-{
-    if (TMMICapableWidgetNavigator* const navigator = MainScreen ? MainScreen->GetMMINavigator() : nullptr)
-        navigator->RefreshChildren();
+    tscreenRefreshMMIWidgets(this);
 }
 
 void TMessageDialog::showEvent(QShowEvent* event)
 {
     TPopupWindow::showEvent(event);
-    RefreshWheel();
+    // It has its size only now, and a text is a stop only where it is scrolled.
+    tscreenRefreshMMIWidgets(this);
 }
 
 TScrollableTextContainer* TMessageDialog::GetTextContainer() const

@@ -126,7 +126,6 @@ private:
 
     void MakeButtons();
     void ContentsChanged();
-    void RefreshWheel();
     void Answer(void (TMessageDialog::*signal)(), void (TMessageDialog::*end)());
     int PictureWidth() const;
     int HeightOfFrame() const;

@@ -4,7 +4,6 @@
 #include "Metrics.h"
 #include "PixmapNames.h"
 #include "TListControl.h"
-#include "TMMICapableWidgetNavigator.h"
 #include "TPushButton.h"
 #include "TScreen.h"
 #include "TUnits.h"
@@ -1110,12 +1109,4 @@ bool TEditWidget::OnMMIBack()
 bool TEditWidget::UseDefaultMMIHighlight()
 {
     return false;
-}
-
-// What the wheel found before the parts had their places is out of order.
-void TEditWidget::RefreshWheel()
-{
-    TMMICapableWidgetNavigator* const navigator = MainScreen ? MainScreen->GetMMINavigator() : nullptr;
-    if (navigator && isVisible())
-        navigator->RefreshChildren();
 }

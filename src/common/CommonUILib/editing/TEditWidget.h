@@ -280,7 +280,6 @@ private:
     bool UseInlineNumberPad(QWidget* widget) const;
     void UpdateFloatingIncDecButtons();
     void ShowFloatingOkCancel();
-    void RefreshWheel();
 
     void SetPositionInternal(QPoint position, QSize size, QSize requested, QWidget* source);
     void PlaceValueButton(QPoint position, QSize size);

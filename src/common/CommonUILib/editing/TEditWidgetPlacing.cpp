@@ -134,7 +134,7 @@ void TEditWidget::SetPositionInternal(QPoint position, QSize size, QSize request
     else
         SetKeyPadPosition();
     ClipToSource();
-    RefreshWheel();
+    tscreenRefreshMMIWidgets(this);
     update();
 }
 

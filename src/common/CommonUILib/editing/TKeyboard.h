@@ -242,7 +242,6 @@ private:
     QSize FrameSize() const;
     void PlaceKeys();
     void GroundKeys();
-    void RefreshWheel();
 
     int AccentToIndex(QChar character) const;
     bool IsAccentKey(QChar character);

@@ -8,7 +8,6 @@
 #include "PixmapManager.h"
 #include "PixmapNames.h"
 #include "TKey.h"
-#include "TMMICapableWidgetNavigator.h"
 #include "TScreen.h"
 
 #include <QPointer>
@@ -132,7 +131,7 @@ void TKeyboard::ApplyLayout(EKeyboardLayout layout, bool capitals)
     bool const moved = LayoutKeys();
     HideUnusedKeys();
     if (moved)
-        RefreshWheel();
+        tscreenRefreshMMIWidgets(this);
     PrepareFaces();
     if (!m_TellLater)
         Q_EMIT GeometryChanged();
@@ -557,14 +556,6 @@ void TKeyboard::GroundKeys()
                                        : frame->copy(key->geometry().translated(m_Grid.keys.topLeft())));
 }
 
-// What the wheel found before the keys had their places is out of order.
-void TKeyboard::RefreshWheel()
-{
-    TMMICapableWidgetNavigator* const navigator = MainScreen ? MainScreen->GetMMINavigator() : nullptr;
-    if (navigator && isVisible())
-        navigator->RefreshChildren();
-}
-
 void TKeyboard::SetFullWidthMode(bool fullWidth)
 {
     if (fullWidth == m_FullWidthMode)
@@ -578,7 +569,7 @@ void TKeyboard::Reposition()
     if (m_Keys.isEmpty())
         return;
     if (LayoutKeys())
-        RefreshWheel();
+        tscreenRefreshMMIWidgets(this);
     PrepareFaces();
     Q_EMIT GeometryChanged();
 }

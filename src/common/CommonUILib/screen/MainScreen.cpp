@@ -1,8 +1,11 @@
 #include "MainScreen.h"
 
 #include "ConfigManager.h"
+#include "TMMICapableWidgetNavigator.h"
 #include "TScreen.h"
 #include "TSoundServer.h"
+
+#include <QWidget>
 
 TScreen* MainScreen = nullptr;
 
@@ -33,4 +36,11 @@ void tscreenPushMMIWidget(QWidget* widget)
 {
     if (MainScreen)
         MainScreen->PushMMIWidget(widget);
+}
+
+void tscreenRefreshMMIWidgets(QWidget const* widget)
+{
+    TMMICapableWidgetNavigator* const navigator = MainScreen ? MainScreen->GetMMINavigator() : nullptr;
+    if (navigator && widget->isVisible())
+        navigator->RefreshChildren();
 }

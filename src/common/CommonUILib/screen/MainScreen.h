@@ -28,4 +28,7 @@ COMMONUILIB_EXPORT KVN::PixmapManager* tscreenPixmapManager();
 /// 0 while it is hidden.
 COMMONUILIB_EXPORT int tscreenSystemToolBarHeight();
 COMMONUILIB_EXPORT void tscreenPushMMIWidget(QWidget* widget);
+/// The wheel looks for its stops again: parts of \a widget came, went or took another place since it last
+/// did. Without effect while \a widget is hidden.
+COMMONUILIB_EXPORT void tscreenRefreshMMIWidgets(QWidget const* widget);
 /// @}

@@ -399,6 +399,11 @@ TSoundServer* TScreen::GetSoundServerPtr() const
     return m_SoundServer;
 }
 
+bool TScreen::IsGuideActive() const
+{
+    return false;
+}
+
 void TScreen::RaiseToBelowTooltips(QWidget* widget)
 {
     if (!widget)

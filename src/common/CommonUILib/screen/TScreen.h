@@ -234,6 +234,8 @@ public:
     /// NotifyScreenLock(false) is emitted.
     void RemoveLockingWidget(QWidget* widget) override;
     virtual TSoundServer* GetSoundServerPtr() const;
+    /// Whether the operator reads a guide. For screens that have one; the base answers false.
+    virtual bool IsGuideActive() const;
     /// Puts a button on the system tool bar, takes it off, and shows or hides it there; see
     /// TSystemToolBar::AddButton().
     virtual void AddSystemToolBarButton(TSystemToolBarButton* button);
@@ -246,6 +248,7 @@ Q_SIGNALS:
     void NotifyScreenLock(bool locked);
     /// For hosts: the console is asked to stop.
     void RequestShutdown(int code);
+    /// A guide came up or went; IsGuideActive() has the new answer already.
     void GuideStateChanged();
     void SystemToolbarGeometryChanged();
     void OffscreenButtonsShown();
