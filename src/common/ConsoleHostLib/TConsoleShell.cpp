@@ -4,6 +4,7 @@
 #include "MainScreen.h"
 #include "THostPlatform.h"
 #include "TInputRouter.h"
+#include "TMenuManager.h"
 #include "TMMICapableWidgetNavigator.h"
 #include "TScreen.h"
 #include "TSqliteConfigManager.h"
@@ -82,6 +83,7 @@ void TConsoleShell::BuildScreen()
     m_Screen->SetMMINavigator(m_Navigator.get());
     new TInputRouter(m_Navigator.get(), this);
     m_HostPlatform = std::make_unique<THostPlatform>(m_Screen.get());
+    m_MenuManager = std::make_unique<TMenuManager>();
 }
 
 TScreen* TConsoleShell::GetScreen() const
@@ -97,6 +99,11 @@ TMMICapableWidgetNavigator* TConsoleShell::GetNavigator() const
 THostPlatform* TConsoleShell::GetPlatform() const
 {
     return m_HostPlatform.get();
+}
+
+TMenuManager* TConsoleShell::GetMenuManager() const
+{
+    return m_MenuManager.get();
 }
 
 void TConsoleShell::WatchUsb(QString const& folder)
@@ -139,6 +146,7 @@ void TConsoleShell::Stop()
     m_Screen->hide();
     while (!m_Modules.empty())
         m_Modules.pop_back();
+    m_MenuManager.reset();
     m_HostPlatform.reset();
     m_Navigator.reset();
     m_Screen.reset();

@@ -10,6 +10,7 @@
 
 class IConsoleModule;
 class THostPlatform;
+class TMenuManager;
 class TMMICapableWidgetNavigator;
 class TScreen;
 class TUsbWatch;
@@ -49,6 +50,8 @@ public:
     TScreen* GetScreen() const;
     TMMICapableWidgetNavigator* GetNavigator() const;
     THostPlatform* GetPlatform() const;
+    /// That of all modules, for a TMenuCanvas and for what they offer on it.
+    TMenuManager* GetMenuManager() const;
 
     /// Tells the platform of USB sticks from now on: those of the system, or, where one is named, \a folder
     /// in place of a stick. Once; until then there is no stick.
@@ -84,6 +87,7 @@ private:
     std::unique_ptr<TScreen> m_Screen;
     std::unique_ptr<TMMICapableWidgetNavigator> m_Navigator;
     std::unique_ptr<THostPlatform> m_HostPlatform;
+    std::unique_ptr<TMenuManager> m_MenuManager;
     std::vector<std::unique_ptr<IConsoleModule>> m_Modules;
     bool m_HasStarted = false;
 };

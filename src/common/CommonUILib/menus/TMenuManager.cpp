@@ -166,6 +166,13 @@ bool TMenuManager::GetMenusEnabled() const
     return m_MenusEnabled;
 }
 
+bool TMenuManager::IsMenuEnabled(int menuID) const
+{
+    QReadLocker const locker(&m_Lock);
+    TMenuState const* const menu = GetMenuInternal(menuID);
+    return menu && menu->IsEnabled();
+}
+
 int TMenuManager::GetRootMenuID() const
 {
     QReadLocker const locker(&m_Lock);

@@ -43,6 +43,8 @@ public:
     TMenuStateCopy GetMenuElements(int menuID) const;
     std::vector<TMenuStateCopy> GetAllMenuElements() const;
     bool GetMenusEnabled() const;
+    /// Of one menu, whoever disabled it. False for an unknown one.
+    bool IsMenuEnabled(int menuID) const;
 
     /// Guards the manager's state. In one thread it is taken before the lock of a menu.
     QReadWriteLock* GetLock() const { return &m_Lock; }
