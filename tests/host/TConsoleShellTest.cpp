@@ -7,6 +7,8 @@
 #include "TestModule.h"
 #include "TestSupport.h"
 #include "THostPlatform.h"
+#include "TMenuManager.h"
+#include "TMenuState.h"
 #include "TMMICapableWidgetNavigator.h"
 #include "TNavigationBar.h"
 #include "TOffScreenButtons.h"
@@ -98,6 +100,20 @@ private Q_SLOTS:
         QCOMPARE(console.shell.GetScreen()->GetMMINavigator(), console.shell.GetNavigator());
         QCOMPARE(console.Manager()->GetFullViewId(), console.first->m_ViewId);
         QVERIFY(console.first->m_Full.isVisible());
+    }
+
+    void allModulesHaveOneManagerOfMenusUntilTheStop()
+    {
+        QTemporaryDir folder;
+        TConsole console(folder.path());
+        TMenuManager* const manager = console.shell.GetMenuManager();
+        QVERIFY(manager);
+        QCOMPARE(manager->GetRootMenuID(), -1);
+        TMenuState menu(QStringLiteral("Menu"));
+        QCOMPARE(manager->AddMenu(&menu), 0);
+        QCOMPARE(console.shell.GetMenuManager(), manager);
+        console.shell.Stop();
+        QVERIFY(!console.shell.GetMenuManager());
     }
 
     void aRestartBringsTheLayoutBack()
