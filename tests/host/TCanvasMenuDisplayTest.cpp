@@ -158,6 +158,11 @@ private Q_SLOTS:
         stage.Touch(stage.Button("shortcuts", "drain"));
         stage.Touch(stage.Button("shortcuts", "record"));
         QCOMPARE(stage.receiver.TakeCalls(), (QList<int>{1, 0}));
+        stage.manager.HideMenu(stage.field.GetMenuID());
+        stage.Settle();
+        QCOMPARE(stage.NamesOnBar("shortcuts"), QStringList{"drain"});
+        stage.Touch(stage.Button("shortcuts", "drain"));
+        QCOMPARE(stage.receiver.TakeCalls(), QList<int>{1});
     }
 
     void aShortcutThatOpensAMenuBringsTheMenusUp()
@@ -279,6 +284,16 @@ private Q_SLOTS:
         QCOMPARE(stage.NamesOnBar("menus"), (QStringList{"between", "tank"}));
     }
 
+    void anElementInThePlaceOfAnotherIsSeen()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        stage.root.RemoveElement(stage.toField);
+        stage.root.InsertElement(0, TMenuStage::Element("other", TActivationConfig(), false));
+        stage.Settle();
+        QCOMPARE(stage.NamesOnBar("menus"), (QStringList{"other", "tank"}));
+    }
+
     void aFingerOnAnElementThatGoesDoesNoHarm()
     {
         TMenuStage stage;
@@ -313,6 +328,42 @@ private Q_SLOTS:
         stage.Settle();
         QVERIFY(stage.Button("tank", "drain")->y() < before);
         QCOMPARE(stage.receiver.TakeCalls(), QList<int>());
+    }
+
+    void whatIsScrolledStaysWhereItIsWhenAnElementComes()
+    {
+        TMenuStage stage;
+        for (int i = 0; i < 25; ++i)
+            stage.Add(stage.tank, "more");
+        stage.Unfold();
+        stage.Open("menus", "tank");
+        TFinger finger(stage.screen.get());
+        QPoint const place = stage.screen->mapFromGlobal(stage.Bar("tank")->mapToGlobal(QPoint(36, 300)));
+        finger.Press(place);
+        finger.Move({place - QPoint(0, 60), place - QPoint(0, 120)});
+        finger.Lift();
+        stage.Settle();
+        int const scrolled = stage.Button("tank", "drain")->y();
+        QVERIFY(scrolled < 0);
+        stage.Add(stage.tank, "last");
+        stage.Settle();
+        QCOMPARE(stage.Button("tank", "drain")->y(), scrolled);
+        stage.Change(stage.tank, stage.drain, [](TElementState& e) { e.SetEnabled(false); });
+        QCOMPARE(stage.Button("tank", "drain")->y(), scrolled);
+    }
+
+    void aLongMenuStaysCutWhenTheButtonsGrow()
+    {
+        TMenuStage stage;
+        for (int i = 0; i < 25; ++i)
+            stage.Add(stage.tank, "more");
+        stage.Unfold();
+        stage.Open("menus", "tank");
+        constexpr int HalfLarger = 2;
+        ConfigManager::Instance()->Write(CONFIG_BUTTON_SIZE, HalfLarger, false);
+        stage.Bar("tank")->repaint();
+        QCOMPARE(stage.Button("tank", "drain")->height(), ButtonHeight * 3 / 2);
+        QCOMPARE(stage.Bar("tank")->height(), stage.Strip().height());
     }
 
     void aLongRootMenuLeavesShortcutsInSight()
@@ -479,6 +530,42 @@ private Q_SLOTS:
         stage.Canvas()->RemoveLockingWidget(&lock);
     }
 
+    void menusLieAboveAFullWindowThatComesLater()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        TFullWindow later(nullptr);
+        later.ensurePolished();
+        stage.Canvas()->SetFullWindow(&later, false);
+        QObjectList const children = stage.Canvas()->children();
+        QVERIFY(children.indexOf(stage.Bar("menus")) > children.indexOf(&later));
+        QVERIFY(children.indexOf(stage.FoldButton()) > children.indexOf(&later));
+        stage.Canvas()->SetFullWindow(&stage.first->m_Full, false);
+    }
+
+    void theStripFollowsTheSizeOfTheCanvas()
+    {
+        TMenuStage stage;
+        stage.Canvas()->resize(800, 500);
+        QCOMPARE(stage.OnCanvas(stage.FoldButton()).right() + 1, 800);
+        stage.Unfold();
+        QCOMPARE(stage.OnCanvas(stage.Bar("menus")).right() + 1, 800);
+    }
+
+    void theWheelPressesTheShortcutOfAFoldedMenu()
+    {
+        TMenuStage stage;
+        stage.Change(stage.root, stage.toTank, [](TElementState& e) { e.SetShortcut(true); });
+        stage.Touch(stage.Button("shortcuts", "tank"));
+        stage.Touch(stage.FoldButton());
+        stage.navigator.PushWidget(stage.Bar("shortcuts"));
+        stage.navigator.OnWheelRight();
+        stage.Tick();
+        QCOMPARE(stage.Selected(), QStringLiteral("tank"));
+        stage.Enter();
+        QVERIFY(!stage.manager.GetMenuDisplayState(stage.tank.GetMenuID()).isShown);
+    }
+
     void theWheelOpensMenusAndBackClosesThem()
     {
         TMenuStage stage;
@@ -525,6 +612,18 @@ private Q_SLOTS:
         stage.Enter();
         QVERIFY(stage.Bar("field"));
         QCOMPARE(stage.Selected(), QStringLiteral("record"));
+    }
+
+    void theWheelReachesWhatHasComeMeanwhile()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        stage.navigator.PushWidget(stage.Bar("menus"));
+        stage.Add(stage.root, "new");
+        stage.Settle();
+        stage.navigator.OnWheelLeft();
+        stage.Tick();
+        QCOMPARE(stage.Selected(), QStringLiteral("new"));
     }
 
     void theWheelBringsTheLastElementOfALongMenuIn()
@@ -584,6 +683,12 @@ private Q_SLOTS:
                                             QStringLiteral("Arrived")));
         QVERIFY(!stage.FollowToTheEnd());
         QCOMPARE(stage.receiver.m_Arrivals, QList<bool>{false});
+        stage.screen.Manager()->OnDraggedOffRight(stage.second->m_ViewId);
+        stage.screen.FinishSlides();
+        QVERIFY(!stage.Display()->FollowPath(Path({"field"}), nullptr, QString()));
+        stage.screen.Manager()->OnDraggedOffRight(stage.first->m_ViewId);
+        stage.screen.FinishSlides();
+        QVERIFY(stage.Display()->FollowPath(Path({"field"}), nullptr, QString()));
         stage.screen->SetMMINavigator(nullptr);
         QVERIFY(!stage.Display()->FollowPath(Path({"field"}), nullptr, QString()));
     }

@@ -50,7 +50,7 @@ bool TMenuBar::SetItems(std::vector<TItem> const& items)
     return FollowUserSize() || isOther;
 }
 
-// Now, where it makes a difference to the other bars, instead of when it is painted.
+// Whether that makes a difference to the other bars.
 bool TMenuBar::FollowUserSize()
 {
     int const wantedBefore = m_WantedHeight;
@@ -123,16 +123,29 @@ void TMenuBar::ArrangeButtons()
 {
     if (m_IsFilling || m_IsCutting)
         return;
-    // Scrolled buttons go back to the top of the bar.
+    int const scrolled = FirstButtonTop();
     SetButtonOffset(0);
     TBaseToolBar::ArrangeButtons(TASK_TOOLBAR_BUTTON_HEIGHT, ButtonGap);
-    TakeHeight();
+    m_WantedHeight = height();
+    CutToRoom();
+    // What the operator has scrolled to stays, as far as there is still something to scroll.
+    if (scrolled < 0)
+        dragButtons(scrolled);
 }
 
-// The base has made the bar as high as its buttons.
-void TMenuBar::TakeHeight()
+int TMenuBar::FirstButtonTop() const
 {
-    m_WantedHeight = height();
+    int top = 0;
+    for (ButtonDetails const& details : m_Buttons)
+    {
+        if (details.button && details.visible)
+            top = qMin(top, details.button->y());
+    }
+    return top;
+}
+
+void TMenuBar::CutToRoom()
+{
     if (height() <= m_Room)
         return;
     QScopedValueRollback<bool> const cutting(m_IsCutting, true);
@@ -140,12 +153,18 @@ void TMenuBar::TakeHeight()
     dragButtons(0);
 }
 
+// Its height is its own doing.
 void TMenuBar::resizeEvent(QResizeEvent* event)
 {
     if (event->oldSize().width() != event->size().width())
         TTaskToolBar::resizeEvent(event);
-    else if (!m_IsCutting)
-        TakeHeight();
+}
+
+// The base would follow the operator's choice beyond the room.
+void TMenuBar::paintEvent(QPaintEvent* event)
+{
+    FollowUserSize();
+    TTaskToolBar::paintEvent(event);
 }
 
 bool TMenuBar::OnMMIBack()

@@ -49,6 +49,7 @@ Q_SIGNALS:
 
 protected:
     void ArrangeButtons() override;
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -62,7 +63,8 @@ private:
     int TakeButtonFor(TItem const& item, std::vector<TSlot>& former);
     void OnClicked(int buttonID);
     bool FollowUserSize();
-    void TakeHeight();
+    int FirstButtonTop() const;
+    void CutToRoom();
 
     bool const m_IsShortcuts;
     std::vector<TSlot> m_Slots;

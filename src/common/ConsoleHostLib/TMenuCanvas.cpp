@@ -27,18 +27,13 @@ TCanvasMenuDisplay* TMenuCanvas::GetMenuDisplay() const
     return m_Display.get();
 }
 
-// A full window that was given to the canvas later than the menus lies above them so far.
-void TMenuCanvas::showEvent(QShowEvent* event)
-{
-    for (TFullWindow* const window : findChildren<TFullWindow*>(QString(), Qt::FindDirectChildrenOnly))
-        m_Display->StackAbove(window);
-    TCanvas::showEvent(event);
-}
-
+// A full window lies above the menus when it comes. One that is built on the canvas is known as such only
+// when it has been polished.
 void TMenuCanvas::childEvent(QChildEvent* event)
 {
     TCanvas::childEvent(event);
-    auto* const window = event->polished() ? qobject_cast<TFullWindow*>(event->child()) : nullptr;
+    auto* const window =
+        event->added() || event->polished() ? qobject_cast<TFullWindow*>(event->child()) : nullptr;
     if (window && m_Display)
         m_Display->StackAbove(window);
 }

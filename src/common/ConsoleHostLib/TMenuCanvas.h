@@ -23,7 +23,6 @@ public:
     TCanvasMenuDisplay* GetMenuDisplay() const;
 
 protected:
-    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void childEvent(QChildEvent* event) override;
 
