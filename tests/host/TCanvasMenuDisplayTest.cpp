@@ -7,6 +7,7 @@
 #include "TestCase.h"
 #include "TMenuStage.h"
 #include "TModalWidget.h"
+#include "TObstructionManager.h"
 #include "TToolTip.h"
 #include "TToolTipMode.h"
 
@@ -423,6 +424,14 @@ private Q_SLOTS:
         QVERIFY(!seen.contains(0));
         QVERIFY(leftmost >= stage.Canvas()->GetLeftLimit());
         QVERIFY(leftmost - WINDOW_TOOLBAR_BUTTON_WIDTH < stage.Canvas()->GetLeftLimit());
+
+        QWidget mini(stage.screen.get());
+        mini.setGeometry(0, 0, stage.Canvas()->width() / 2, 100);
+        stage.screen->GetObstructionManager()->RegisterObstruction(&mini, OBSTRUCTION_LEFT);
+        mini.show();
+        QVERIFY(stage.Canvas()->GetLeftLimit() > leftmost);
+        for (auto const* const bar : stage.Canvas()->findChildren<TTaskToolBar*>())
+            QVERIFY(!bar->isVisible() || stage.OnCanvas(bar).left() >= stage.Canvas()->GetLeftLimit());
     }
 
     void aRemovedMenuGoesFromTheScreen()
@@ -527,7 +536,14 @@ private Q_SLOTS:
         }
         for (auto* const bar : stage.Canvas()->findChildren<TTaskToolBar*>())
             QVERIFY(order.indexOf(bar) < order.indexOf(fade));
+        stage.Canvas()->UpdateFullWindowGeometry();
+        QObjectList const& children = stage.Canvas()->children();
+        QVERIFY(children.indexOf(stage.Bar("field")) > children.indexOf(&stage.first->m_Full));
+        QVERIFY(children.indexOf(stage.Bar("field")) < children.indexOf(fade));
         stage.Canvas()->RemoveLockingWidget(&lock);
+        stage.first->m_Full.raise();
+        QVERIFY(children.indexOf(stage.Bar("field")) > children.indexOf(&stage.first->m_Full));
+        QVERIFY(children.indexOf(stage.FoldButton()) > children.indexOf(&stage.first->m_Full));
     }
 
     void menusLieAboveAFullWindowThatComesLater()
@@ -552,7 +568,7 @@ private Q_SLOTS:
         QCOMPARE(stage.OnCanvas(stage.Bar("menus")).right() + 1, 800);
     }
 
-    void theWheelPressesTheShortcutOfAFoldedMenu()
+    void aShortcutBringsItsOpenMenuFromBehindTheFold()
     {
         TMenuStage stage;
         stage.Change(stage.root, stage.toTank, [](TElementState& e) { e.SetShortcut(true); });
@@ -563,7 +579,12 @@ private Q_SLOTS:
         stage.Tick();
         QCOMPARE(stage.Selected(), QStringLiteral("tank"));
         stage.Enter();
-        QVERIFY(!stage.manager.GetMenuDisplayState(stage.tank.GetMenuID()).isShown);
+        QVERIFY(stage.Bar("tank"));
+        stage.Touch(stage.FoldButton());
+        stage.Touch(stage.Button("shortcuts", "tank"));
+        QVERIFY(stage.Bar("tank"));
+        stage.Touch(stage.Button("shortcuts", "tank"));
+        QVERIFY(!stage.Bar("tank"));
     }
 
     void theWheelOpensMenusAndBackClosesThem()
@@ -634,6 +655,7 @@ private Q_SLOTS:
         stage.Add(stage.tank, "last");
         stage.Unfold();
         stage.Open("menus", "tank");
+        stage.navigator.PushWidget(stage.Bar("tank"));
         stage.navigator.OnWheelLeft();
         stage.Tick();
         QCOMPARE(stage.Selected(), QStringLiteral("last"));
@@ -660,7 +682,11 @@ private Q_SLOTS:
         QVERIFY(stage.Display()->FollowPath(Path({"field", "lines", "left"}), &stage.receiver,
                                             QStringLiteral("Arrived")));
         QVERIFY(stage.FollowToTheEnd());
+        for (int i = 0; i < 10; ++i)
+            stage.Tick();
+        QVERIFY(stage.Bar("field"));
         QVERIFY(stage.Bar("lines"));
+        QCOMPARE(stage.Selected(), QStringLiteral("left"));
         QCOMPARE(stage.receiver.TakeCalls(), QList<int>{2});
     }
 
@@ -689,26 +715,369 @@ private Q_SLOTS:
         stage.screen.Manager()->OnDraggedOffRight(stage.first->m_ViewId);
         stage.screen.FinishSlides();
         QVERIFY(stage.Display()->FollowPath(Path({"field"}), nullptr, QString()));
+        QWidget lock(stage.screen.get());
+        lock.show();
+        stage.screen->AddLockingWidget({&lock, QString(), KVN::MODAL_GLOBAL, {}});
+        QVERIFY(!stage.Display()->FollowPath(Path({"field"}), nullptr, QString()));
+        stage.screen->RemoveLockingWidget(&lock);
         stage.screen->SetMMINavigator(nullptr);
         QVERIFY(!stage.Display()->FollowPath(Path({"field"}), nullptr, QString()));
     }
 
-    void theCanvasMayGoWhileAnElementActs()
+    void aMenuStandsLeftOfTheOneItWasOpenedFrom()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        stage.Open("menus", "field");
+        stage.manager.ShowMenu(stage.tank.GetMenuID());
+        stage.Open("field", "lines");
+        int const field = stage.OnCanvas(stage.Bar("field")).left();
+        QCOMPARE(stage.OnCanvas(stage.Bar("lines")).left(), field - WINDOW_TOOLBAR_BUTTON_WIDTH);
+        auto const* const drain = stage.Canvas()->findChild<TPushButton*>(QStringLiteral("drain"));
+        QCOMPARE(stage.OnCanvas(drain).left(), field - 2 * WINDOW_TOOLBAR_BUTTON_WIDTH);
+    }
+
+    void aMenuFollowsItsOpenerWhenThatIsDragged()
+    {
+        TMenuStage stage;
+        for (int i = 0; i < 25; ++i)
+            stage.Add(stage.root, "more");
+        stage.Unfold();
+        stage.Open("menus", "tank");
+        int const before = stage.OnCanvas(stage.Bar("tank")).top();
+        TFinger finger(stage.screen.get());
+        QPoint const place = stage.screen->mapFromGlobal(stage.Bar("menus")->mapToGlobal(QPoint(36, 300)));
+        finger.Press(place);
+        finger.Move({place - QPoint(0, 40), place - QPoint(0, 80)});
+        finger.Lift();
+        int const after = stage.OnCanvas(stage.Bar("tank")).top();
+        QVERIFY(after < before);
+        QCOMPARE(after, stage.OnCanvas(stage.Button("menus", "tank")).top());
+    }
+
+    void aScrolledMenuThatShrinksHasNoGap()
+    {
+        TMenuStage stage;
+        QList<int> more;
+        for (int i = 0; i < 25; ++i)
+            more << stage.Add(stage.tank, "more");
+        stage.Unfold();
+        stage.Open("menus", "tank");
+        stage.navigator.PushWidget(stage.Bar("tank"));
+        stage.navigator.OnWheelLeft();
+        stage.Tick();
+        QVERIFY(stage.Button("tank", "drain")->y() < 0);
+        for (int const id : qAsConst(more))
+        {
+            TElementState element = stage.tank.GetElement(id);
+            element.SetVisible(false);
+            stage.tank.SetElement(element);
+        }
+        stage.Settle();
+        QCOMPARE(stage.Bar("tank")->height(), ButtonHeight);
+        QCOMPARE(stage.Button("tank", "drain")->y(), 0);
+    }
+
+    void anElementThatHidesAllAndOpensAMenuTakesTheWheelThere()
+    {
+        TMenuStage stage;
+        stage.tank.AddElement(TMenuStage::Element(
+            "onward", TActivationConfig(stage.field.GetMenuID(), ELEMENT_HIDE_ALL), false));
+        stage.Unfold();
+        stage.navigator.PushWidget(stage.Bar("menus"));
+        stage.Open("menus", "tank");
+        stage.navigator.PushWidget(stage.Bar("tank"));
+        stage.navigator.OnWheelRight();
+        stage.Tick();
+        QCOMPARE(stage.Selected(), QStringLiteral("onward"));
+        stage.Enter();
+        QVERIFY(!stage.Bar("tank"));
+        QCOMPARE(stage.Selected(), QStringLiteral("record"));
+    }
+
+    void theWheelStandsOnTheOpenerWhenTheMenuHidesItself()
+    {
+        TMenuStage stage;
+        stage.Add(stage.field, "done", false, ELEMENT_HIDE_MENU);
+        stage.Unfold();
+        stage.navigator.PushWidget(stage.Bar("menus"));
+        stage.navigator.OnWheelRight();
+        stage.navigator.OnWheelLeft();
+        stage.Tick();
+        stage.Enter();
+        stage.navigator.OnWheelLeft();
+        stage.Tick();
+        QCOMPARE(stage.Selected(), QStringLiteral("done"));
+        stage.Enter();
+        QVERIFY(!stage.Bar("field"));
+        for (int i = 0; i < 10; ++i)
+            stage.Tick();
+        QCOMPARE(stage.Selected(), QStringLiteral("field"));
+    }
+
+    void aTouchLeavesTheWheelWhereItIs()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        stage.navigator.PushWidget(stage.Bar("menus"));
+        stage.navigator.OnWheelRight();
+        stage.Tick();
+        QString const selected = stage.Selected();
+        stage.Open("menus", "field");
+        stage.Tick();
+        QCOMPARE(stage.Selected(), selected);
+    }
+
+    void aMenuThatOpensLongAfterThePressDoesNotTakeTheWheel()
+    {
+        TMenuStage stage;
+        stage.Change(
+            stage.root, stage.toTank,
+            [&stage](TElementState& e)
+            { e.SetActivationConfig(TActivationConfig(&stage.receiver, "Note", ELEMENT_HIDE_NONE, 7)); });
+        stage.Unfold();
+        stage.navigator.PushWidget(stage.Bar("menus"));
+        stage.navigator.OnWheelRight();
+        stage.Tick();
+        QCOMPARE(stage.Selected(), QStringLiteral("tank"));
+        stage.Enter();
+        stage.screen.m_Clock.Advance(501);
+        stage.manager.OnToggleMenu(stage.tank.GetMenuID(), stage.root.GetMenuID(), stage.toTank);
+        stage.Settle();
+        QVERIFY(stage.Bar("tank"));
+        stage.Tick();
+        QCOMPARE(stage.Selected(), QStringLiteral("tank"));
+    }
+
+    void theWheelClosesAMenuWithoutElements()
+    {
+        TMenuStage stage;
+        stage.tank.RemoveElement(stage.drain);
+        stage.Unfold();
+        stage.navigator.PushWidget(stage.Bar("menus"));
+        stage.navigator.OnWheelRight();
+        stage.Tick();
+        QCOMPARE(stage.Selected(), QStringLiteral("tank"));
+        stage.Enter();
+        QVERIFY(stage.manager.GetMenuDisplayState(stage.tank.GetMenuID()).isShown);
+        stage.Enter();
+        QVERIFY(!stage.manager.GetMenuDisplayState(stage.tank.GetMenuID()).isShown);
+    }
+
+    void menusThatOpenEachOtherStandStill()
+    {
+        TMenuStage stage;
+        TMenuStage::AddOpener(stage.tank, "self", stage.tank);
+        TMenuStage::AddOpener(stage.lines, "back-to-field", stage.field);
+        stage.Unfold();
+        stage.Open("menus", "field");
+        stage.Open("field", "lines");
+        stage.Open("lines", "back-to-field");
+        stage.manager.ShowMenu(stage.tank.GetMenuID());
+        stage.Settle();
+        stage.Touch(stage.Canvas()->findChild<TPushButton*>(QStringLiteral("self")));
+        QList<QRect> before;
+        QList<TTaskToolBar*> const bars = stage.Canvas()->findChildren<TTaskToolBar*>();
+        for (auto const* const bar : bars)
+            before << bar->geometry();
+        for (int i = 0; i < 5; ++i)
+        {
+            stage.Display()->Arrange();
+            stage.manager.OnElementListChanged(stage.field.GetMenuID());
+            stage.Settle();
+        }
+        for (int i = 0; i < bars.size(); ++i)
+            QCOMPARE(bars.at(i)->geometry(), before.at(i));
+    }
+
+    void aDisplayMadeAfterToolTipsLetsMenusHideAgain()
+    {
+        TMenuStage stage;
+        stage.platform.GetToolTipMode()->SetOn(true);
+        stage.second.reset();
+        stage.first->m_Full.setParent(nullptr);
+        stage.first->m_Canvas.reset();
+        stage.platform.GetToolTipMode()->SetOn(false);
+        stage.first->m_Canvas = std::make_unique<TMenuCanvas>(nullptr, stage.manager);
+        int const hide = stage.Add(stage.tank, "hide", false, ELEMENT_HIDE_MENU);
+        stage.manager.ShowMenu(stage.tank.GetMenuID());
+        stage.manager.ElementActivated(stage.tank.GetMenuID(), hide);
+        QVERIFY(!stage.manager.GetMenuDisplayState(stage.tank.GetMenuID()).isShown);
+    }
+
+    void whileToolTipsAreReadOnlyTheOperatorClosesMenus()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        stage.Open("menus", "field");
+        stage.Open("field", "lines");
+        stage.platform.GetToolTipMode()->SetOn(true);
+        stage.Change(stage.field, stage.toLines, [](TElementState& e) { e.SetVisible(false); });
+        QVERIFY(!stage.manager.GetMenuDisplayState(stage.lines.GetMenuID()).isShown);
+        QVERIFY(stage.Canvas()->findChild<TPushButton*>(QStringLiteral("left"))->isVisible());
+        stage.manager.OnToggleMenu(stage.field.GetMenuID(), -1, -1);
+        stage.Settle();
+        QVERIFY(!stage.Bar("field"));
+        QVERIFY(!stage.Canvas()->findChild<TPushButton*>(QStringLiteral("left"))->isVisible());
+    }
+
+    void whatWouldHaveGoneGoesWhenToolTipsHaveBeenRead()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        stage.Open("menus", "field");
+        stage.platform.GetToolTipMode()->SetOn(true);
+        stage.Change(stage.root, stage.toField, [](TElementState& e) { e.SetVisible(false); });
+        QVERIFY(stage.Canvas()->findChild<TPushButton*>(QStringLiteral("record"))->isVisible());
+        stage.platform.GetToolTipMode()->SetOn(false);
+        stage.Settle();
+        QVERIFY(!stage.Canvas()->findChild<TPushButton*>(QStringLiteral("record"))->isVisible());
+    }
+
+    void aRemovedMenuGoesEvenWhileToolTipsAreRead()
     {
         TMenuStage stage;
         stage.Unfold();
         stage.Open("menus", "tank");
-        stage.receiver.m_OnCall = [&stage]
+        stage.platform.GetToolTipMode()->SetOn(true);
+        stage.manager.RemoveMenu(stage.tank.GetMenuID());
+        stage.Settle();
+        QVERIFY(!stage.Bar("tank"));
+    }
+
+    void menusComeOnACanvasThatIsShownAlready()
+    {
+        TMenuStage stage;
+        TCanvas canvas(stage.screen.get());
+        canvas.show();
+        TCanvasMenuDisplay display(stage.manager, &canvas);
+        auto const* const fold =
+            canvas.findChild<TPushButton*>(QLatin1String(TCanvasMenuDisplay::FoldButtonName));
+        QVERIFY(fold->isVisible());
+        QCOMPARE(display.GetMenuShownOrder(), QList<int>{stage.root.GetMenuID()});
+    }
+
+    void thereIsNothingBeforeAMenuIsOpen()
+    {
+        TMenuStage stage;
+        TMenuManager manager;
+        TCanvas canvas(stage.screen.get());
+        canvas.show();
+        TCanvasMenuDisplay display(manager, &canvas);
+        auto const* const fold =
+            canvas.findChild<TPushButton*>(QLatin1String(TCanvasMenuDisplay::FoldButtonName));
+        QVERIFY(!fold->isVisible());
+        TMenuState menu(QStringLiteral("Late"));
+        manager.SetRootMenuID(manager.AddMenu(&menu), true);
+        QTRY_VERIFY(fold->isVisible());
+    }
+
+    void buttonsThatGrowBeforeTheOperatorsEyesPushTheShortcutsDown()
+    {
+        TMenuStage stage;
+        stage.Change(stage.field, stage.record, [](TElementState& e) { e.SetShortcut(true); });
+        stage.Unfold();
+        constexpr int HalfLarger = 2;
+        ConfigManager::Instance()->Write(CONFIG_BUTTON_SIZE, HalfLarger, false);
+        stage.Bar("menus")->repaint();
+        stage.Settle();
+        QCOMPARE(stage.OnCanvas(stage.Bar("shortcuts")).top(),
+                 stage.OnCanvas(stage.Bar("menus")).bottom() + 1);
+        QCOMPARE(stage.Bar("menus")->height(), 3 * ButtonHeight);
+    }
+
+    void whatIsFoldedAwayIsDrawnWhenItComesBack()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        stage.Open("menus", "tank");
+        TPushButton const* const button = stage.Button("tank", "drain");
+        stage.Touch(stage.FoldButton());
+        stage.Change(stage.tank, stage.drain, [](TElementState& e) { e.SetName(QStringLiteral("New")); });
+        QCOMPARE(button->GetText(), QStringLiteral("DRAIN"));
+        stage.Touch(stage.FoldButton());
+        QCOMPARE(button->GetText(), QStringLiteral("New"));
+    }
+
+    void aColourSaysMoreThanAnOpenMenu()
+    {
+        TMenuStage stage;
+        stage.Change(stage.root, stage.toTank, [](TElementState& e) { e.SetControlID(MENU_CONTROL_BAD); });
+        stage.Unfold();
+        QImage const before = stage.Button("menus", "tank")->grab().toImage();
+        stage.Open("menus", "tank");
+        QCOMPARE(stage.Button("menus", "tank")->grab().toImage(), before);
+    }
+
+    void aValueThatGoesBackBeforeItIsReportedIsDrawnAsItIs()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        stage.Open("menus", "field");
+        auto const rename = [&stage](int id, QString const& name)
         {
-            stage.first->m_Full.setParent(nullptr);
-            stage.first->m_Canvas.reset();
+            TElementState element = stage.field.GetElement(id);
+            element.SetName(name);
+            stage.field.SetElement(element);
         };
-        TFinger(stage.screen.get()).Touch(stage.Button("tank", "drain"));
+        // The second of these waits for the display's next look.
+        rename(stage.toLines, QStringLiteral("1"));
+        QCoreApplication::sendPostedEvents();
+        rename(stage.toLines, QStringLiteral("2"));
+        QCoreApplication::sendPostedEvents();
+        rename(stage.record, QStringLiteral("passing"));
+        TMenuStage::PassPace(stage.Display());
+        QCOMPARE(stage.Button("field", "record")->GetText(), QStringLiteral("passing"));
+        rename(stage.record, QStringLiteral("RECORD"));
+        stage.Settle();
+        stage.Settle();
+        QCOMPARE(stage.Button("field", "record")->GetText(), QStringLiteral("RECORD"));
+    }
+
+    void theCanvasMayGoWhenMenusUnfold()
+    {
+        TMenuStage stage;
+        connect(stage.Display(), &TMenuDisplayManager::MenuVisibilityChanged, &stage.receiver,
+                [&stage] { stage.DropCanvas(); });
+        stage.Change(stage.root, stage.toTank, [](TElementState& e) { e.SetShortcut(true); });
+        TFinger(stage.screen.get()).Touch(stage.Button("shortcuts", "tank"));
+        stage.Settle();
+        QVERIFY(!stage.first->m_Canvas);
+    }
+
+    void theCanvasMayGoWhenAMenuOpens()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        connect(stage.Display(), &TMenuDisplayManager::MenuShownOrderChanged, &stage.receiver,
+                [&stage] { stage.DropCanvas(); });
+        stage.manager.ShowMenu(stage.tank.GetMenuID());
         QCoreApplication::processEvents();
         QVERIFY(!stage.first->m_Canvas);
-        QCOMPARE(stage.receiver.TakeCalls(), QList<int>{1});
-        stage.manager.HideAllMenus();
-        stage.Settle();
+    }
+
+    void theCanvasMayGoWhenAMenuIsToggled()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        connect(&stage.root, &TMenuState::ToggleMenu, &stage.receiver, [&stage] { stage.DropCanvas(); });
+        TFinger(stage.screen.get()).Touch(stage.Button("menus", "tank"));
+        QVERIFY(!stage.first->m_Canvas);
+    }
+
+    void theCanvasMayGoWhenTheWheelLeavesAMenu()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        stage.Open("menus", "tank");
+        stage.navigator.PushWidget(stage.Bar("tank"));
+        stage.navigator.OnWheelRight();
+        stage.Tick();
+        connect(&stage.manager, &TMenuManager::MenuStateChanged, &stage.receiver,
+                [&stage] { stage.DropCanvas(); });
+        stage.navigator.OnBack();
+        QVERIFY(!stage.first->m_Canvas);
+        stage.Tick();
     }
 
     void theMenusLookLikeThis()

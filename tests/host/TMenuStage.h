@@ -172,6 +172,13 @@ public:
         return QStringList(names.begin(), names.end());
     }
 
+    /// The view loses its canvas, with the menus on it.
+    void DropCanvas()
+    {
+        first->m_Full.setParent(nullptr);
+        first->m_Canvas.reset();
+    }
+
     void Touch(QWidget* widget)
     {
         QVERIFY(widget);

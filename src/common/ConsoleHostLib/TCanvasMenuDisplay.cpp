@@ -3,15 +3,22 @@
 #include "MainScreen.h"
 #include "Metrics.h"
 #include "TCanvas.h"
+#include "TLocalTime.h"
 #include "TMenuBar.h"
 #include "TMenuElementButton.h"
 #include "TMenuManager.h"
 #include "TMMICapableWidgetNavigator.h"
 #include "TMMIDef.h"
+#include "TObstructionManager.h"
 #include "TScreen.h"
 #include "TTaskToolBarButton.h"
 
+#include <QPointer>
 #include <QTimer>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
 
 char const* const TCanvasMenuDisplay::RootBarName = "menus";
 char const* const TCanvasMenuDisplay::ShortcutBarName = "shortcuts";
@@ -20,18 +27,27 @@ char const* const TCanvasMenuDisplay::FoldButtonName = "fold-menus";
 namespace
 {
 constexpr int PaceMs = 40;
-constexpr int Nothing = -1;
+constexpr int NoMenu = -1;
+constexpr QPair<int, int> NoElement(NoMenu, NoMenu);
 constexpr QChar PathSeparator = QLatin1Char('/');
-// How much of the shortcuts a long root menu leaves in sight.
+// How many of the shortcuts a long root menu leaves in sight.
 constexpr int LeastShortcuts = 2;
+// A menu that opens later than this after a press does so on its own account.
+constexpr qint64 PressEffectMs = 500;
 
-std::vector<TMenuBar::TItem> Items(int menuID, std::vector<TElementState> const& elements, bool isMenuEnabled)
+std::vector<TMenuBar::TItem> Items(int menuID, std::vector<TElementState>&& elements, bool isMenuEnabled)
 {
     std::vector<TMenuBar::TItem> items;
     items.reserve(elements.size());
-    for (TElementState const& element : elements)
-        items.push_back({menuID, element, isMenuEnabled});
+    for (TElementState& element : elements)
+        items.push_back({menuID, std::move(element), isMenuEnabled});
     return items;
+}
+
+bool IsAnyDirty(std::vector<TElementState> const& elements)
+{
+    return std::any_of(elements.begin(), elements.end(),
+                       [](TElementState const& element) { return element.IsDirty(); });
 }
 } // namespace
 
@@ -41,23 +57,28 @@ TCanvasMenuDisplay::TCanvasMenuDisplay(TMenuManager& manager, TCanvas* canvas)
     , m_FoldButton(new TTaskToolBarButton(canvas, 0))
     , m_ShortcutBar(new TMenuBar(canvas, true))
     , m_Pace(new QTimer(this))
-    , m_PressedMenu(Nothing)
-    , m_PressedElement(Nothing)
 {
     m_FoldButton->SetObjectName(QLatin1String(FoldButtonName), NAME_EXPLICIT);
     m_FoldButton->SetIcon(QStringLiteral("icon-menu"), QSize(), true);
     m_FoldButton->SetToolTip(tr("Shows the menus or folds them away"));
     connect(m_FoldButton, &TPushButton::Clicked, this, &TCanvasMenuDisplay::ToggleMenus);
     m_ShortcutBar->setObjectName(QLatin1String(ShortcutBarName));
-    connect(m_ShortcutBar, &TMenuBar::ElementPressed, this, &TCanvasMenuDisplay::OnElementPressed);
+    connect(m_ShortcutBar, &TMenuBar::ElementPressed, this, &TCanvasMenuDisplay::OnPressed);
+    connect(m_ShortcutBar, &TMenuBar::HeightChanged, this, &TCanvasMenuDisplay::Arrange,
+            Qt::QueuedConnection);
     m_Pace->setSingleShot(true);
     m_Pace->setInterval(PaceMs);
     connect(m_Pace, &QTimer::timeout, this, &TCanvasMenuDisplay::CatchUp);
     connect(canvas, &TCanvas::OnShow, this, &TCanvasMenuDisplay::OnCanvasShown);
+    connect(canvas, &TCanvas::OnHide, this, &TCanvasMenuDisplay::OnCanvasHidden);
     if (MainScreen)
         connect(MainScreen, &TScreen::SystemToolbarGeometryChanged, this, &TCanvasMenuDisplay::Arrange);
     UpdateAutoHideState();
+    // Another display may have left it otherwise.
+    HandleMenuAutoHideStateChanged();
     Arrange();
+    if (canvas->isVisible())
+        OnCanvasShown();
 }
 
 TCanvasMenuDisplay::~TCanvasMenuDisplay()
@@ -70,10 +91,19 @@ TCanvasMenuDisplay::~TCanvasMenuDisplay()
 
 void TCanvasMenuDisplay::ToggleMenus()
 {
-    m_AreMenusVisible = !m_AreMenusVisible;
+    SetMenusVisible(!m_AreMenusVisible);
+    Q_EMIT MenuVisibilityChanged();
+}
+
+void TCanvasMenuDisplay::SetMenusVisible(bool visible)
+{
+    m_AreMenusVisible = visible;
+    // They were not drawn behind the fold.
+    for (int const menuID : qAsConst(m_Order))
+        m_StaleMenus.insert(menuID);
+    ShowStaleMenus();
     Arrange();
     tscreenRefreshMMIWidgets(m_Canvas);
-    Q_EMIT MenuVisibilityChanged();
 }
 
 bool TCanvasMenuDisplay::AreMenusVisible() const
@@ -89,19 +119,24 @@ QList<int> TCanvasMenuDisplay::GetMenuShownOrder()
 bool TCanvasMenuDisplay::FollowPath(TMMIDef const& def, QObject* callback, QString const& method)
 {
     TMMICapableWidgetNavigator* const navigator = MainScreen ? MainScreen->GetMMINavigator() : nullptr;
-    QStringList path = def.ToPath(true, PathSeparator).split(PathSeparator, Qt::SkipEmptyParts);
-    if (!navigator || path.isEmpty() || !m_Canvas->isVisible())
+    QStringList const path = def.ToPath(true, PathSeparator).split(PathSeparator, Qt::SkipEmptyParts);
+    int const root = GetMenuManager().GetRootMenuID();
+    if (!navigator || path.isEmpty() || !m_Order.contains(root))
         return false;
-    path.prepend(QLatin1String(RootBarName));
+    if (!m_Canvas->isVisible() || !MainScreen->GetLockingWidgets().isEmpty())
+        return false;
+    QPointer<TMenuBar> const start(BarOf(root));
     if (!m_AreMenusVisible)
         ToggleMenus();
-    navigator->FollowPath(MainScreen, path, callback, method);
+    if (start)
+        navigator->FollowPath(start, path, callback, method);
     return true;
 }
 
 void TCanvasMenuDisplay::HandleMenuAutoHideStateChanged()
 {
     GetMenuManager().SetAutoHideAllowed(GetCanAutoHide());
+    OnMenuStateChanged();
 }
 
 void TCanvasMenuDisplay::OnMenuListChanged()
@@ -122,7 +157,7 @@ void TCanvasMenuDisplay::OnElementListChanged(int menuID)
 
 void TCanvasMenuDisplay::OnElementStateChanged(int menuID)
 {
-    if (!BarOf(menuID))
+    if (!m_Order.contains(menuID))
         return;
     m_StaleMenus.insert(menuID);
     LookSoon();
@@ -130,15 +165,56 @@ void TCanvasMenuDisplay::OnElementStateChanged(int menuID)
 
 void TCanvasMenuDisplay::OnElementPressed(int menuID, int elementID)
 {
-    m_PressedMenu = menuID;
-    m_PressedElement = elementID;
-    GetMenuManager().ElementActivated(menuID, elementID);
+    OnPressed(menuID, elementID, false);
+}
+
+void TCanvasMenuDisplay::OnPressed(int menuID, int elementID, bool isByWheel)
+{
+    m_Press = {{menuID, elementID}, isByWheel, TLocalTime::getCurrentTime()};
+    // It would be closed unseen.
+    if (!m_AreMenusVisible && IsOpenBehindTheFold(m_Press.element))
+        ToggleMenus();
+    else
+        GetMenuManager().ElementActivated(menuID, elementID);
+}
+
+// An element that does nothing but open a menu which is open behind the fold.
+bool TCanvasMenuDisplay::IsOpenBehindTheFold(TElementKey const& opener) const
+{
+    if (m_OpenedFrom.key(opener, NoMenu) == NoMenu)
+        return false;
+    std::vector<TElementState> const elements = GetMenuManager().GetElementsState(opener.first);
+    return std::any_of(elements.begin(), elements.end(),
+                       [&opener](TElementState const& element) {
+                           return element.GetID() == opener.second &&
+                                  !element.GetActivationConfig().GetReceiver();
+                       });
 }
 
 void TCanvasMenuDisplay::OnCanvasShown()
 {
+    // After the canvas itself, which takes the limit up at each of its showings.
+    TObstructionManager* const obstructions = MainScreen ? MainScreen->GetObstructionManager() : nullptr;
+    if (obstructions)
+    {
+        disconnect(obstructions, nullptr, this, nullptr);
+        connect(obstructions, &TObstructionManager::ObstructionLimitChanged, this,
+                &TCanvasMenuDisplay::OnLeftLimitChanged);
+    }
     m_AreMenusStale = true;
     CatchUp();
+}
+
+void TCanvasMenuDisplay::OnCanvasHidden()
+{
+    m_Press = NoPress;
+}
+
+// It moves at every frame of a slide.
+void TCanvasMenuDisplay::OnLeftLimitChanged()
+{
+    if (Columns() != m_ArrangedColumns)
+        Arrange();
 }
 
 // At once when it has been quiet.
@@ -154,47 +230,79 @@ void TCanvasMenuDisplay::CatchUp()
         return;
     m_Pace->start();
     QList<int> const orderBefore = m_Order;
+    bool const wereMenusVisible = m_AreMenusVisible;
     bool const hasOpenedOrClosed = m_AreMenusStale;
-    if (m_AreMenusStale)
-        FollowOpenMenus();
-    QSet<int> stale;
-    stale.swap(m_StaleMenus);
-    bool isOther = hasOpenedOrClosed;
-    for (int const menuID : qAsConst(m_Order))
-        isOther = (stale.contains(menuID) && ShowElements(menuID)) || isOther;
-    isOther = ShowShortcuts() || isOther;
-    if (isOther)
+    TMenuBar* const pressed = m_AreMenusStale ? FollowOpenMenus() : nullptr;
+    m_AreMenusVisible = m_AreMenusVisible || pressed;
+    if (ShowStaleMenus() || hasOpenedOrClosed)
     {
         Arrange();
         tscreenRefreshMMIWidgets(m_Canvas);
     }
-    if (hasOpenedOrClosed)
-        EnterOpened();
-    if (m_Order != orderBefore)
+    if (pressed && std::exchange(m_Press, NoPress).isByWheel)
+        tscreenPushMMIWidget(pressed);
+    QPointer<TCanvasMenuDisplay> const self(this);
+    if (m_AreMenusVisible != wereMenusVisible)
+        Q_EMIT MenuVisibilityChanged();
+    if (self && m_Order != orderBefore)
         Q_EMIT MenuShownOrderChanged();
 }
 
-void TCanvasMenuDisplay::FollowOpenMenus()
+// Answers the bar of the menu that the last press has opened, if any.
+TMenuBar* TCanvasMenuDisplay::FollowOpenMenus()
 {
     m_AreMenusStale = false;
+    QList<int> const order = MenusToShow();
+    for (int const menuID : qAsConst(m_Order))
+    {
+        if (!order.contains(menuID))
+            CloseBar(menuID);
+    }
+    RemoveForgottenBars();
+    m_Order = order;
+    QHash<int, TElementKey> const openedBefore = std::exchange(m_OpenedFrom, {});
+    bool const isFreshPress = TLocalTime::getCurrentTime() - m_Press.time <= PressEffectMs;
+    TMenuBar* pressed = nullptr;
+    for (int const menuID : qAsConst(m_Order))
+    {
+        TMenuBar* const bar = OpenBar(menuID);
+        TElementKey const opener = OpenerOf(menuID);
+        m_OpenedFrom.insert(menuID, opener);
+        // Whether it is enabled may have changed too.
+        m_StaleMenus.insert(menuID);
+        bool const isOpenedThere = openedBefore.value(menuID, NoElement) != opener;
+        if (isFreshPress && isOpenedThere && opener == m_Press.element)
+            pressed = bar;
+    }
+    return pressed;
+}
+
+QList<int> TCanvasMenuDisplay::MenusToShow() const
+{
     int const root = GetMenuManager().GetRootMenuID();
     QList<int> order = GetMenuManager().GetMenuShownOrder();
     if (order.removeAll(root) > 0)
         order.prepend(root);
-    m_Opened.clear();
-    for (int const menuID : qAsConst(m_Order))
+    if (GetCanAutoHide())
+        return order;
+    // What the operator reads about stays beside what it was opened from, unless he closes it himself.
+    QList<int> const shown = MenusInColumns();
+    for (int const menuID : shown)
     {
-        if (!order.contains(menuID))
-            RemoveBar(menuID);
+        int const parent = m_OpenedFrom.value(menuID, NoElement).first;
+        bool const isParentThere = parent == NoMenu || order.contains(parent);
+        bool const isWanted =
+            GetMenuManager().GetMenu(menuID) && !GetMenuManager().GetMenuDisplayState(menuID).isClosedByUser;
+        if (!order.contains(menuID) && isParentThere && isWanted)
+            order.append(menuID);
     }
-    for (int const menuID : qAsConst(order))
-    {
-        if (!BarOf(menuID))
-            AddBar(menuID);
-        // Whether it is enabled may have changed too.
-        m_StaleMenus.insert(menuID);
-    }
-    m_Order = order;
+    return order;
+}
+
+TCanvasMenuDisplay::TElementKey TCanvasMenuDisplay::OpenerOf(int menuID) const
+{
+    TMenuDisplayState const state = GetMenuManager().GetMenuDisplayState(menuID);
+    return state.parentMenuID == NoMenu ? NoElement : TElementKey(state.parentMenuID, state.parentElementID);
 }
 
 TMenuBar* TCanvasMenuDisplay::BarOf(int menuID) const
@@ -203,44 +311,74 @@ TMenuBar* TCanvasMenuDisplay::BarOf(int menuID) const
     return found == m_Bars.end() ? nullptr : found->second;
 }
 
-void TCanvasMenuDisplay::AddBar(int menuID)
+TMenuBar* TCanvasMenuDisplay::OpenBar(int menuID)
 {
+    if (TMenuBar* const bar = BarOf(menuID))
+        return bar;
     auto* const bar = new TMenuBar(m_Canvas, false);
     bar->hide();
     // Above the full window, but below what fades the canvas and what stands above that.
     bar->stackUnder(m_FoldButton);
-    connect(bar, &TMenuBar::ElementPressed, this, &TCanvasMenuDisplay::OnElementPressed);
+    connect(bar, &TMenuBar::ElementPressed, this, &TCanvasMenuDisplay::OnPressed);
     connect(bar, &TMenuBar::BackPressed, this, [this, menuID] { LeaveMenu(menuID); });
+    connect(bar, &TMenuBar::HeightChanged, this, &TCanvasMenuDisplay::Arrange, Qt::QueuedConnection);
+    connect(bar, &TMenuBar::dragged, this, &TCanvasMenuDisplay::ArrangeColumns);
     m_Bars.emplace(menuID, bar);
-    m_Opened << menuID;
+    return bar;
 }
 
-void TCanvasMenuDisplay::RemoveBar(int menuID)
+void TCanvasMenuDisplay::CloseBar(int menuID)
 {
-    TMenuBar* const bar = BarOf(menuID);
-    m_Bars.erase(menuID);
+    BarOf(menuID)->hide();
     m_Pool.RemoveMenu(menuID);
-    // It may be the one whose signal is handled.
-    bar->hide();
-    bar->deleteLater();
+}
+
+void TCanvasMenuDisplay::RemoveForgottenBars()
+{
+    for (auto bar = m_Bars.begin(); bar != m_Bars.end();)
+    {
+        if (GetMenuManager().GetMenu(bar->first))
+        {
+            ++bar;
+            continue;
+        }
+        // It may be the one whose signal is handled.
+        bar->second->disconnect(this);
+        bar->second->deleteLater();
+        bar = m_Bars.erase(bar);
+    }
 }
 
 void TCanvasMenuDisplay::LeaveMenu(int menuID)
 {
-    if (menuID != GetMenuManager().GetRootMenuID())
+    if (m_Order.contains(menuID) && menuID != GetMenuManager().GetRootMenuID())
         GetMenuManager().HideMenu(menuID);
+}
+
+// Whether any buttons have been laid out anew.
+bool TCanvasMenuDisplay::ShowStaleMenus()
+{
+    QSet<int> const stale = std::exchange(m_StaleMenus, {});
+    bool isOther = false;
+    for (int const menuID : qAsConst(m_Order))
+        isOther = (stale.contains(menuID) && ShowElements(menuID)) || isOther;
+    return ShowShortcuts() || isOther;
 }
 
 bool TCanvasMenuDisplay::ShowElements(int menuID)
 {
-    std::vector<TElementState> const elements = GetMenuManager().GetElementsState(menuID);
+    std::vector<TElementState> elements = GetMenuManager().GetElementsState(menuID);
+    // Should it change back to what it was before it is reported, nobody would tell.
+    if (IsAnyDirty(elements))
+        m_StaleMenus.insert(menuID);
     m_Pool.UpdateFromMenuState(menuID, elements);
-    return BarOf(menuID)->SetItems(Items(menuID, elements, GetMenuManager().IsMenuEnabled(menuID)));
+    return m_AreMenusVisible && BarOf(menuID)->SetItems(Items(menuID, std::move(elements),
+                                                              GetMenuManager().IsMenuEnabled(menuID)));
 }
 
 bool TCanvasMenuDisplay::ShowShortcuts()
 {
-    std::vector<TElementState> const shortcuts = m_Pool.GetCurrentShortcuts();
+    std::vector<TElementState> shortcuts = m_Pool.GetCurrentShortcuts();
     std::vector<int> const menus = m_Pool.GetCurrentMenus();
     std::vector<TMenuBar::TItem> items;
     items.reserve(shortcuts.size());
@@ -249,29 +387,9 @@ bool TCanvasMenuDisplay::ShowShortcuts()
         bool const isSameMenu = i > 0 && menus[i] == menus[i - 1];
         bool const isEnabled =
             isSameMenu ? items.back().isMenuEnabled : GetMenuManager().IsMenuEnabled(menus[i]);
-        items.push_back({menus[i], shortcuts[i], isEnabled});
+        items.push_back({menus[i], std::move(shortcuts[i]), isEnabled});
     }
     return m_ShortcutBar->SetItems(items);
-}
-
-// The menu that a press has opened is seen, and the wheel goes into it.
-void TCanvasMenuDisplay::EnterOpened()
-{
-    int const menu = m_PressedMenu;
-    int const element = m_PressedElement;
-    m_PressedMenu = Nothing;
-    QList<int> opened;
-    opened.swap(m_Opened);
-    for (int const menuID : qAsConst(opened))
-    {
-        TMenuDisplayState const state = GetMenuManager().GetMenuDisplayState(menuID);
-        if (menu == Nothing || state.parentMenuID != menu || state.parentElementID != element)
-            continue;
-        if (!m_AreMenusVisible)
-            ToggleMenus();
-        if (TMenuBar* const bar = BarOf(menuID))
-            tscreenPushMMIWidget(bar);
-    }
 }
 
 void TCanvasMenuDisplay::StackAbove(QWidget* widget)
@@ -283,76 +401,124 @@ void TCanvasMenuDisplay::StackAbove(QWidget* widget)
 
 void TCanvasMenuDisplay::Arrange()
 {
-    QRect const strip = m_Canvas->GetRootToolbarRect();
+    m_FoldButton->setVisible(!m_Order.isEmpty());
     TellWhatIsOpen();
-    ArrangeStrip(strip);
-    ArrangeColumns(strip);
+    ArrangeStrip();
+    ArrangeColumns();
 }
 
 // From the top: the button that folds, the root menu, the shortcuts.
-void TCanvasMenuDisplay::ArrangeStrip(QRect const& strip)
+void TCanvasMenuDisplay::ArrangeStrip()
 {
+    QRect const strip = m_Canvas->GetRootToolbarRect();
     m_FoldButton->move(strip.topLeft());
     int top = strip.top() + m_FoldButton->height();
     int const end = strip.top() + strip.height();
-    if (TMenuBar* const root = BarOf(GetMenuManager().GetRootMenuID()))
+    int const root = GetMenuManager().GetRootMenuID();
+    if (m_AreMenusVisible && m_Order.contains(root))
     {
-        int const kept = qMin(m_ShortcutBar->WantedHeight(), LeastShortcuts * TASK_TOOLBAR_BUTTON_HEIGHT);
-        root->SetRoom(end - top - kept);
-        root->move(strip.left(), top);
-        root->setVisible(m_AreMenusVisible);
-        top += m_AreMenusVisible ? root->height() : 0;
+        TMenuBar* const bar = BarOf(root);
+        bar->SetRoom(end - top - m_ShortcutBar->HeightOf(LeastShortcuts));
+        bar->move(strip.left(), top);
+        bar->show();
+        top += bar->height();
+    }
+    else if (TMenuBar* const bar = BarOf(root))
+    {
+        bar->hide();
     }
     m_ShortcutBar->SetRoom(end - top);
     m_ShortcutBar->move(strip.left(), top);
     m_ShortcutBar->setVisible(m_ShortcutBar->WantedHeight() > 0);
 }
 
-void TCanvasMenuDisplay::ArrangeColumns(QRect const& strip)
+int TCanvasMenuDisplay::Columns() const
 {
-    QList<int> others = m_Order;
-    others.removeAll(GetMenuManager().GetRootMenuID());
-    int const columns = qMax(0, (strip.left() - m_Canvas->GetLeftLimit()) / WINDOW_TOOLBAR_BUTTON_WIDTH);
-    int const waiting = m_AreMenusVisible ? qMax(0, others.size() - columns) : others.size();
-    for (int i = 0; i < others.size(); ++i)
+    int const room = m_Canvas->GetRootToolbarRect().left() - m_Canvas->GetLeftLimit();
+    return qMax(0, room / WINDOW_TOOLBAR_BUTTON_WIDTH);
+}
+
+// All open menus but the root, each behind the one that it was opened from.
+QList<int> TCanvasMenuDisplay::MenusInColumns() const
+{
+    QList<int> left = m_Order;
+    left.removeAll(GetMenuManager().GetRootMenuID());
+    QList<int> placed;
+    QList<int> next;
+    while (!left.isEmpty())
     {
-        TMenuBar* const bar = BarOf(others.at(i));
+        if (next.isEmpty())
+        {
+            auto const start =
+                std::find_if(left.begin(), left.end(),
+                             [this, &left](int menuID)
+                             { return !left.contains(m_OpenedFrom.value(menuID, NoElement).first); });
+            // Menus that opened each other in a circle have no start.
+            next << (start == left.end() ? left.constFirst() : *start);
+        }
+        int const menuID = next.takeFirst();
+        left.removeAll(menuID);
+        placed << menuID;
+        QList<int> children;
+        std::copy_if(left.begin(), left.end(), std::back_inserter(children),
+                     [this, menuID](int other)
+                     { return m_OpenedFrom.value(other, NoElement).first == menuID; });
+        next = children + next;
+    }
+    return placed;
+}
+
+void TCanvasMenuDisplay::ArrangeColumns()
+{
+    QRect const strip = m_Canvas->GetRootToolbarRect();
+    int const root = GetMenuManager().GetRootMenuID();
+    QList<int> const menus = MenusInColumns();
+    QList<int> shown = m_Order;
+    shown.removeAll(root);
+    m_ArrangedColumns = Columns();
+    shown = m_AreMenusVisible ? shown.mid(qMax(0, shown.size() - m_ArrangedColumns)) : QList<int>();
+    QSet<int> placed{root};
+    int left = strip.left();
+    for (int const menuID : menus)
+    {
+        TMenuBar* const bar = BarOf(menuID);
+        bar->setVisible(shown.contains(menuID));
+        if (!shown.contains(menuID))
+            continue;
+        left -= WINDOW_TOOLBAR_BUTTON_WIDTH;
         bar->SetRoom(strip.height());
-        int const column = i - waiting + 1;
-        bar->move(strip.left() - column * WINDOW_TOOLBAR_BUTTON_WIDTH, TopBeside(others.at(i), strip));
-        bar->setVisible(i >= waiting);
+        TElementKey const opener = m_OpenedFrom.value(menuID, NoElement);
+        TMenuBar const* const parent = placed.contains(opener.first) ? BarOf(opener.first) : nullptr;
+        bar->move(left, TopBeside(parent ? parent->ButtonOf(opener.first, opener.second) : nullptr,
+                                  strip.top(), strip.top() + strip.height() - bar->height()));
+        placed.insert(menuID);
     }
 }
 
-TMenuElementButton* TCanvasMenuDisplay::OpeningButton(int menuID) const
+// Level with the button that opened the menu, from \a highest to \a lowest.
+int TCanvasMenuDisplay::TopBeside(TMenuElementButton const* opener, int highest, int lowest) const
 {
-    TMenuDisplayState const state = GetMenuManager().GetMenuDisplayState(menuID);
-    TMenuBar const* const parent = BarOf(state.parentMenuID);
-    return parent ? parent->ButtonOf(state.parentMenuID, state.parentElementID) : nullptr;
-}
-
-// Beside the button that opened the menu, as far as the bar fits in there.
-int TCanvasMenuDisplay::TopBeside(int menuID, QRect const& strip) const
-{
-    TMenuElementButton const* const button = OpeningButton(menuID);
-    int const wanted = button ? button->mapTo(m_Canvas, QPoint()).y() : strip.top();
-    return qBound(strip.top(), wanted, strip.top() + strip.height() - BarOf(menuID)->height());
+    return opener ? qBound(highest, opener->mapTo(m_Canvas, QPoint()).y(), lowest) : highest;
 }
 
 // Those who opened a menu are lit, and lend its bar their name.
 void TCanvasMenuDisplay::TellWhatIsOpen()
 {
-    QHash<QPair<int, int>, TMenuBar*> opened;
+    int const root = GetMenuManager().GetRootMenuID();
+    QHash<TElementKey, TMenuBar*> opened;
     for (int const menuID : qAsConst(m_Order))
     {
-        TMenuElementButton const* const button = OpeningButton(menuID);
-        TMenuDisplayState const state = GetMenuManager().GetMenuDisplayState(menuID);
-        bool const isRoot = menuID == GetMenuManager().GetRootMenuID();
-        BarOf(menuID)->setObjectName(isRoot   ? QString(QLatin1String(RootBarName))
-                                     : button ? button->objectName()
-                                              : QString());
-        if (!isRoot)
-            opened.insert({state.parentMenuID, state.parentElementID}, BarOf(menuID));
+        TMenuBar* const bar = BarOf(menuID);
+        TElementKey const opener = m_OpenedFrom.value(menuID, NoElement);
+        TMenuBar const* const parent = BarOf(opener.first);
+        TMenuElementButton const* const button =
+            parent ? parent->ButtonOf(opener.first, opener.second) : nullptr;
+        if (menuID == root)
+            bar->setObjectName(QLatin1String(RootBarName));
+        else
+            bar->setObjectName(button ? button->objectName() : QString());
+        if (menuID != root)
+            opened.insert(opener, bar);
     }
     for (auto const& bar : m_Bars)
         bar.second->SetOpenedBars(opened);

@@ -4,6 +4,8 @@
 #include "TMenuDisplayManager.h"
 #include "TShortcutPool.h"
 
+#include <QHash>
+#include <QPair>
 #include <QSet>
 
 #include <map>
@@ -18,22 +20,27 @@ class TPushButton;
 
 /// Draws the console's menus on a canvas. In its strip at the right edge stand, from the top, the button that
 /// folds the menus away and brings them back, the bar of the root menu, and behind it the shortcuts of all
-/// open menus, which stay when the menus are folded away. The bars of the other open menus stand to the left
-/// of the strip, each beside the button that opened it; where there is no room for all, the ones that were
-/// opened first wait. The menus are folded away at first.
+/// open menus, which stay when the menus are folded away. The bars of the other open menus stand in columns
+/// to the left of the strip, each left of the menu that it was opened from and level with the button that
+/// opened it, as far as it fits there; where there is no room for all, the ones that were opened first wait.
+/// The menus are folded away at first, and there is nothing before a menu is open.
 ///
-/// A press of an element with the wheel's enter key goes into the menu that it has open, if any; the back key
-/// closes a menu. Elements are named for macro paths by the first name of the last step of their TMMIDef,
-/// which holds no slash; a bar is named as the element that opened it, that of the root menu RootBarName.
+/// A menu that a press opens is brought into sight, and a press of the wheel's enter key goes into it; where
+/// it is open and in sight already, enter goes in without a press. Back closes a menu, which counts as the
+/// operator's wish: it takes the shortcuts of the menu along. While a guide or tool tips are read, menus are
+/// closed by the operator alone.
 ///
-/// Elements that change faster than eyes follow are drawn as they are every 40 ms; while the canvas is
-/// hidden nothing is done. GUI thread only.
+/// Elements are named for macro paths by the first name of the last step of their TMMIDef. The names hold no
+/// slash, and each differs from all others: the wheel looks for the next name wherever it stands.
+///
+/// Elements that change faster than eyes follow are drawn every 40 ms; while the canvas is hidden nothing is
+/// done. GUI thread only.
 class CONSOLEHOSTLIB_EXPORT TCanvasMenuDisplay : public TMenuDisplayManager
 {
     Q_OBJECT
 
 public:
-    /// Object names for macro paths.
+    /// Object names. The bar of a menu that was opened from an element has the name of that element.
     static char const* const RootBarName;
     static char const* const ShortcutBarName;
     static char const* const FoldButtonName;
@@ -46,13 +53,14 @@ public:
     /// Folds the menus away, or brings them back.
     void ToggleMenus() override;
     bool AreMenusVisible() const override;
-    /// Those that have a bar, the root menu first, then in the order in which they were shown.
+    /// The open menus, the root menu first, then in the order in which they were shown; while the canvas is
+    /// hidden those of its last showing.
     QList<int> GetMenuShownOrder() override;
 
     /// Takes the operator where \a def leads by its first names, from the root menu through the menus on the
     /// way: they unfold and open, and the last step is pressed. \a callback is told as by the navigator's
-    /// FollowPath(). False without a navigator, without steps and while the canvas is hidden: nothing happens
-    /// then.
+    /// FollowPath(). False without a navigator, a root menu or steps, behind what locks the screen, and while
+    /// the canvas is hidden: nothing happens then.
     bool FollowPath(TMMIDef const& def, QObject* callback, QString const& method);
 
     /// Puts the bars where they belong; for the canvas.
@@ -71,38 +79,60 @@ public Q_SLOTS:
 
 private:
     using TBars = std::map<int, TMenuBar*>;
+    using TElementKey = QPair<int, int>; // menu and element
+
+    struct TPress
+    {
+        TElementKey element;
+        bool isByWheel;
+        qint64 time;
+    };
+
+    static constexpr TPress NoPress{{-1, -1}, false, 0};
 
     void OnCanvasShown();
+    void OnCanvasHidden();
+    void OnLeftLimitChanged();
+    void OnPressed(int menuID, int elementID, bool isByWheel);
+    bool IsOpenBehindTheFold(TElementKey const& opener) const;
+    void SetMenusVisible(bool visible);
+
     void LookSoon();
     void CatchUp();
-    void FollowOpenMenus();
-    void AddBar(int menuID);
-    void RemoveBar(int menuID);
+    TMenuBar* FollowOpenMenus();
+    QList<int> MenusToShow() const;
+    TElementKey OpenerOf(int menuID) const;
+    TMenuBar* BarOf(int menuID) const;
+    TMenuBar* OpenBar(int menuID);
+    void CloseBar(int menuID);
+    void RemoveForgottenBars();
+    void LeaveMenu(int menuID);
+
+    bool ShowStaleMenus();
     bool ShowElements(int menuID);
     bool ShowShortcuts();
     void TellWhatIsOpen();
-    void EnterOpened();
-    void LeaveMenu(int menuID);
 
-    void ArrangeStrip(QRect const& strip);
-    void ArrangeColumns(QRect const& strip);
-    int TopBeside(int menuID, QRect const& strip) const;
-    TMenuElementButton* OpeningButton(int menuID) const;
-    TMenuBar* BarOf(int menuID) const;
+    void ArrangeStrip();
+    int Columns() const;
+    QList<int> MenusInColumns() const;
+    void ArrangeColumns();
+    int TopBeside(TMenuElementButton const* opener, int highest, int lowest) const;
 
     TCanvas* m_Canvas;
     TPushButton* m_FoldButton;
     TMenuBar* m_ShortcutBar;
+    // Of all menus that have ever been open. The wheel may still stand in one that has been closed.
     TBars m_Bars;
-    QList<int> m_Order;
+    QList<int> m_Order;                   // the open ones
+    QHash<int, TElementKey> m_OpenedFrom; // of the open ones
     TShortcutPool m_Pool;
     bool m_AreMenusVisible = false;
+    int m_ArrangedColumns = 0;
     // What has changed since it was drawn.
     bool m_AreMenusStale = true;
     QSet<int> m_StaleMenus;
     QTimer* m_Pace;
-    // What was pressed last, until menus have opened or closed since, and what opened then.
-    int m_PressedMenu;
-    int m_PressedElement;
-    QList<int> m_Opened;
+    // What was pressed last, until it has opened a menu.
+    TPress m_Press = NoPress;
 };

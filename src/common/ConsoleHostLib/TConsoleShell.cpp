@@ -146,11 +146,11 @@ void TConsoleShell::Stop()
     m_Screen->hide();
     while (!m_Modules.empty())
         m_Modules.pop_back();
-    m_MenuManager.reset();
     m_HostPlatform.reset();
     m_Navigator.reset();
     m_Screen.reset();
     MainScreen = nullptr;
+    m_MenuManager.reset();
     m_UsbWatch.reset();
     m_Platform.reset();
 }

@@ -3,13 +3,18 @@
 #include "Metrics.h"
 #include "TMenuElementButton.h"
 
+#include <QPainter>
+#include <QPaintEvent>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 
 #include <algorithm>
 
 namespace
 {
 constexpr int ButtonGap = 0;
+// What is below need not be painted again whenever a button changes.
+constexpr QRgb GroundColour = qRgb(20, 22, 24);
 } // namespace
 
 TMenuBar::TMenuBar(QWidget* parent, bool isShortcuts)
@@ -18,6 +23,7 @@ TMenuBar::TMenuBar(QWidget* parent, bool isShortcuts)
     , m_Room(QWIDGETSIZE_MAX)
 {
     setFixedWidth(WINDOW_TOOLBAR_BUTTON_WIDTH);
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 bool TMenuBar::SetItems(std::vector<TItem> const& items)
@@ -88,8 +94,24 @@ void TMenuBar::OnClicked(int buttonID)
 {
     auto const slot = std::find_if(m_Slots.begin(), m_Slots.end(),
                                    [buttonID](TSlot const& other) { return other.buttonID == buttonID; });
-    if (slot != m_Slots.end())
-        Q_EMIT ElementPressed(slot->menuID, slot->elementID);
+    if (slot == m_Slots.end())
+        return;
+    bool const isByWheel = ButtonOf(slot->menuID, slot->elementID)->TakeWheelPress();
+    Q_EMIT ElementPressed(slot->menuID, slot->elementID, isByWheel);
+}
+
+int TMenuBar::HeightOf(int buttons) const
+{
+    int tallest = 0;
+    int visible = 0;
+    for (ButtonDetails const& details : m_Buttons)
+    {
+        if (!details.button || !details.visible)
+            continue;
+        tallest = qMax(tallest, details.button->height());
+        ++visible;
+    }
+    return qMin(buttons, visible) * tallest;
 }
 
 TMenuElementButton* TMenuBar::ButtonOf(int menuID, int elementID) const
@@ -123,7 +145,12 @@ void TMenuBar::ArrangeButtons()
 {
     if (m_IsFilling || m_IsCutting)
         return;
+    // Nobody has dragged anything.
+    QSignalBlocker const quiet(this);
     int const scrolled = FirstButtonTop();
+    // The mark at the start would push the buttons down.
+    if (scrolled < 0)
+        dragButtons(-scrolled);
     SetButtonOffset(0);
     TBaseToolBar::ArrangeButtons(TASK_TOOLBAR_BUTTON_HEIGHT, ButtonGap);
     m_WantedHeight = height();
@@ -163,8 +190,9 @@ void TMenuBar::resizeEvent(QResizeEvent* event)
 // The base would follow the operator's choice beyond the room.
 void TMenuBar::paintEvent(QPaintEvent* event)
 {
-    FollowUserSize();
-    TTaskToolBar::paintEvent(event);
+    if (FollowUserSize())
+        Q_EMIT HeightChanged();
+    QPainter(this).fillRect(event->rect(), GroundColour);
 }
 
 bool TMenuBar::OnMMIBack()

@@ -33,6 +33,8 @@ public:
     void SetRoom(int height);
     /// The height that all buttons take.
     int WantedHeight() const { return m_WantedHeight; }
+    /// The height that the first \a buttons take, or as many as there are.
+    int HeightOf(int buttons) const;
 
     /// Null for none.
     TMenuElementButton* ButtonOf(int menuID, int elementID) const;
@@ -43,9 +45,12 @@ public:
     bool GetMMIColumnFirst() override;
 
 Q_SIGNALS:
-    void ElementPressed(int menuID, int elementID);
+    /// \a isByWheel: with the wheel's enter key.
+    void ElementPressed(int menuID, int elementID, bool isByWheel);
     /// The back key, with the wheel in this bar.
     void BackPressed();
+    /// The operator has chosen another size for buttons; the bar had to grow or shrink while it was painted.
+    void HeightChanged();
 
 protected:
     void ArrangeButtons() override;

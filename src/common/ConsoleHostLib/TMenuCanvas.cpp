@@ -4,6 +4,7 @@
 #include "TFullWindow.h"
 
 #include <QChildEvent>
+#include <QScopedValueRollback>
 
 TMenuCanvas::TMenuCanvas(QWidget* parent, TMenuManager& manager)
     : TCanvas(parent)
@@ -27,15 +28,27 @@ TCanvasMenuDisplay* TMenuCanvas::GetMenuDisplay() const
     return m_Display.get();
 }
 
-// A full window lies above the menus when it comes. One that is built on the canvas is known as such only
-// when it has been polished.
+// A full window that is built on the canvas is known as such only when it has been polished.
 void TMenuCanvas::childEvent(QChildEvent* event)
 {
     TCanvas::childEvent(event);
     auto* const window =
         event->added() || event->polished() ? qobject_cast<TFullWindow*>(event->child()) : nullptr;
-    if (window && m_Display)
-        m_Display->StackAbove(window);
+    if (!window || !m_Display)
+        return;
+    m_Display->StackAbove(window);
+    window->installEventFilter(this);
+}
+
+// The screen's manager raises a full window when it comes up.
+bool TMenuCanvas::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ZOrderChange && !m_IsStacking)
+    {
+        QScopedValueRollback<bool> const stacking(m_IsStacking, true);
+        m_Display->StackAbove(static_cast<QWidget*>(watched));
+    }
+    return TCanvas::eventFilter(watched, event);
 }
 
 void TMenuCanvas::resizeEvent(QResizeEvent* event)

@@ -25,7 +25,9 @@ public:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void childEvent(QChildEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     std::unique_ptr<TCanvasMenuDisplay> m_Display;
+    bool m_IsStacking = false;
 };

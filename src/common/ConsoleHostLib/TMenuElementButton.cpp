@@ -1,9 +1,12 @@
 #include "TMenuElementButton.h"
 
 #include "EMenuControl.h"
+#include "MainScreen.h"
 #include "Palette.h"
 #include "PixmapNames.h"
 #include "TMenuBar.h"
+
+#include <utility>
 
 namespace
 {
@@ -53,8 +56,9 @@ TMenuElementButton::TMenuElementButton(QWidget* parent, int id, bool isShortcut)
 
 void TMenuElementButton::SetElement(TElementState const& element)
 {
-    TElementState const before = m_Element;
-    m_Element = element;
+    if (!(m_Element != element))
+        return;
+    TElementState const before = std::exchange(m_Element, element);
     SetObjectName(MacroNameOf(element), NAME_EXPLICIT);
     if (before.GetIconName() != element.GetIconName() || before.GetName() != element.GetName())
         ShowFace(element.GetIconName(), element.GetName());
@@ -80,15 +84,35 @@ void TMenuElementButton::SetOpenedBar(TMenuBar* bar)
 
 void TMenuElementButton::ShowSkin()
 {
-    TSkin const skin = SkinOf(m_IsLit ? int(MENU_CONTROL_ON) : m_Element.GetControlID(), m_IsShortcut);
+    int const control = m_Element.GetControlID();
+    // What it says by its colour counts for more than that its menu is open.
+    bool const isPlain = control < MENU_CONTROL_ON || control > MENU_CONTROL_BAD;
+    TSkin const skin = SkinOf(m_IsLit && isPlain ? int(MENU_CONTROL_ON) : control, m_IsShortcut);
     SetBackground(skin.normal);
     SetBackgroundSelected(skin.selected);
     SetBackgroundDisabled(skin.normal);
 }
 
+// Not one without anything to stand on, nor the one in which the wheel stands.
+bool TMenuElementButton::CanEnterOpenedBar() const
+{
+    return m_OpenedBar && m_OpenedBar->isVisible() && m_OpenedBar->GetNumberOfVisibleButtons() > 0 &&
+           m_OpenedBar != parentWidget();
+}
+
+// The bar is pushed here, since what a macro path enters by itself is left again as soon as it has arrived.
 KVN::MMICapableWidget* TMenuElementButton::OnMMIEnter()
 {
-    if (m_OpenedBar && m_OpenedBar->isVisible())
-        return m_OpenedBar;
+    if (CanEnterOpenedBar())
+    {
+        tscreenPushMMIWidget(m_OpenedBar);
+        return nullptr;
+    }
+    m_IsPressedByWheel = true;
     return TTaskToolBarButton::OnMMIEnter();
+}
+
+bool TMenuElementButton::TakeWheelPress()
+{
+    return std::exchange(m_IsPressedByWheel, false);
 }

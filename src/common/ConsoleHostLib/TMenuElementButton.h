@@ -22,15 +22,20 @@ public:
     /// The bar of the menu that the element has open; null for none.
     void SetOpenedBar(TMenuBar* bar);
 
-    /// With an open menu the wheel goes into it; otherwise the element is pressed.
+    /// Whether the wheel's enter key pressed it last; asked once for each press.
+    bool TakeWheelPress();
+
+    /// With an open menu in sight the wheel goes into it; otherwise the element is pressed.
     KVN::MMICapableWidget* OnMMIEnter() override;
 
 private:
     void ShowFace(QString const& icon, QString const& name);
     void ShowSkin();
+    bool CanEnterOpenedBar() const;
 
     bool const m_IsShortcut;
     TElementState m_Element;
     QPointer<TMenuBar> m_OpenedBar;
     bool m_IsLit = false;
+    bool m_IsPressedByWheel = false;
 };
