@@ -1,5 +1,20 @@
 #include "TElementState.h"
 
+TElementState::TShared::TShared(TMMIDef const& leadsTo, TActivationConfig const& does, QString const& text,
+                                QString const& icon)
+    : config(does)
+    , name(text)
+    , iconName(icon)
+    , mmiDef(leadsTo)
+{
+}
+
+bool TElementState::TShared::HasSameValues(TShared const& other) const
+{
+    return this == &other || (!(config != other.config) && name.current == other.name.current &&
+                              iconName.current == other.iconName.current);
+}
+
 TElementState::TElementState()
     : TElementState(TMMIDef(), TActivationConfig(), QString(), QString(), -1, false, false, false)
 {
@@ -8,53 +23,67 @@ TElementState::TElementState()
 TElementState::TElementState(TMMIDef const& mmiDef, TActivationConfig const& config, QString const& name,
                              QString const& iconName, int controlID, bool enabled, bool visible,
                              bool shortcut)
-    : m_Config(config)
-    , m_Name(name)
-    , m_IconName(iconName)
+    : m_Shared(new TShared(mmiDef, config, name, iconName))
     , m_Enabled(enabled)
     , m_Visible(visible)
     , m_ControlVisible(true)
     , m_Shortcut(shortcut)
     , m_ControlID(controlID)
-    , m_MMIDef(mmiDef)
 {
+}
+
+// What other copies share is left to them only if there is something to change.
+void TElementState::SetName(QString const& name)
+{
+    if (GetName() != name)
+        m_Shared->name.current = name;
+}
+
+void TElementState::SetIconName(QString const& iconName)
+{
+    if (GetIconName() != iconName)
+        m_Shared->iconName.current = iconName;
 }
 
 bool TElementState::operator!=(TElementState const& other) const
 {
-    return m_ID != other.m_ID || m_Config != other.m_Config || m_Name.current != other.m_Name.current ||
-           m_IconName.current != other.m_IconName.current || m_Enabled.current != other.m_Enabled.current ||
+    return m_ID != other.m_ID || m_Enabled.current != other.m_Enabled.current ||
            m_Visible.current != other.m_Visible.current ||
            m_ControlVisible.current != other.m_ControlVisible.current ||
-           m_Shortcut.current != other.m_Shortcut.current || m_ControlID.current != other.m_ControlID.current;
+           m_Shortcut.current != other.m_Shortcut.current ||
+           m_ControlID.current != other.m_ControlID.current || !m_Shared->HasSameValues(*other.m_Shared);
 }
 
 bool TElementState::IsDirty() const
 {
-    return m_Config.IsDirty() || m_Name.IsDirty() || m_IconName.IsDirty() || m_Enabled.IsDirty() ||
-           m_Visible.IsDirty() || m_ControlVisible.IsDirty() || m_Shortcut.IsDirty() || m_ControlID.IsDirty();
+    return m_Enabled.IsDirty() || m_Visible.IsDirty() || m_ControlVisible.IsDirty() || m_Shortcut.IsDirty() ||
+           m_ControlID.IsDirty() || m_Shared->IsDirty();
 }
 
 void TElementState::Clean()
 {
-    m_Config.Clean();
-    m_Name.Clean();
-    m_IconName.Clean();
     m_Enabled.Clean();
     m_Visible.Clean();
     m_ControlVisible.Clean();
     m_Shortcut.Clean();
     m_ControlID.Clean();
+    if (!m_Shared.constData()->IsDirty())
+        return;
+    m_Shared->config.Clean();
+    m_Shared->name.Clean();
+    m_Shared->iconName.Clean();
 }
 
 void TElementState::SetCurrent(TElementState const& other)
 {
-    m_Config.SetCurrent(other.m_Config);
-    m_Name.current = other.m_Name.current;
-    m_IconName.current = other.m_IconName.current;
     m_Enabled.current = other.m_Enabled.current;
     m_Visible.current = other.m_Visible.current;
     m_ControlVisible.current = other.m_ControlVisible.current;
     m_Shortcut.current = other.m_Shortcut.current;
     m_ControlID.current = other.m_ControlID.current;
+    if (m_Shared.constData()->HasSameValues(*other.m_Shared))
+        return;
+    m_Shared->config.SetCurrent(other.m_Shared->config);
+    m_Shared->name.current = other.m_Shared->name.current;
+    m_Shared->iconName.current = other.m_Shared->iconName.current;
 }

@@ -4,13 +4,16 @@
 #include "TActivationConfig.h"
 #include "TMMIDef.h"
 
+#include <QSharedData>
+#include <QSharedDataPointer>
 #include <QString>
 
 /// The state of one element of a menu: what it shows, what it does, where it leads. Each value stands beside
 /// the one last reported, so that a change is noticed once; see TMenuState, which holds the elements.
 ///
 /// A value: take it out of its menu with TMenuState::GetElement(), change it, and hand it back with
-/// TMenuState::SetElement().
+/// TMenuState::SetElement(). Copies share what seldom changes, so that a snapshot of many elements is cheap;
+/// two threads may each work on a copy of their own.
 class COMMONUILIB_EXPORT TElementState
 {
 public:
@@ -24,8 +27,8 @@ public:
 
     /// The id in its menu, given by that menu; NoID before.
     int GetID() const { return m_ID; }
-    QString GetName() const { return m_Name.current; }
-    QString GetIconName() const { return m_IconName.current; }
+    QString GetName() const { return m_Shared->name.current; }
+    QString GetIconName() const { return m_Shared->iconName.current; }
     bool IsEnabled() const { return m_Enabled.current; }
     /// Whether both its module and the display let it be seen.
     bool IsVisible() const { return m_Visible.current && m_ControlVisible.current; }
@@ -33,12 +36,12 @@ public:
     bool IsShortcut() const { return m_Shortcut.current; }
     int GetControlID() const { return m_ControlID.current; }
     /// With what was last reported of it.
-    TActivationConfig const& GetActivationConfig() const { return m_Config; }
-    TMMIDef const& GetMMIDef() const { return m_MMIDef; }
+    TActivationConfig const& GetActivationConfig() const { return m_Shared->config; }
+    TMMIDef const& GetMMIDef() const { return m_Shared->mmiDef; }
 
     void SetID(int id) { m_ID = id; }
-    void SetName(QString const& name) { m_Name.current = name; }
-    void SetIconName(QString const& iconName) { m_IconName.current = iconName; }
+    void SetName(QString const& name);
+    void SetIconName(QString const& iconName);
     void SetEnabled(bool enabled) { m_Enabled.current = enabled; }
     /// The module's wish.
     void SetVisible(bool visible) { m_Visible.current = visible; }
@@ -47,7 +50,7 @@ public:
     void SetShortcut(bool shortcut) { m_Shortcut.current = shortcut; }
     void SetControlID(int controlID) { m_ControlID.current = controlID; }
     /// Takes \a config as a whole: it counts as reported as far as it says so itself.
-    void SetActivationConfig(TActivationConfig const& config) { m_Config = config; }
+    void SetActivationConfig(TActivationConfig const& config) { m_Shared->config = config; }
 
     /// Whether the id or a current value differs. The definition for the wheel is not asked.
     bool operator!=(TElementState const& other) const;
@@ -61,14 +64,25 @@ public:
     void SetCurrent(TElementState const& other);
 
 private:
-    TActivationConfig m_Config;
-    TCleanValue<QString> m_Name;
-    TCleanValue<QString> m_IconName;
+    struct TShared : QSharedData
+    {
+        TShared(TMMIDef const& leadsTo, TActivationConfig const& does, QString const& text,
+                QString const& icon);
+
+        bool IsDirty() const { return config.IsDirty() || name.IsDirty() || iconName.IsDirty(); }
+        bool HasSameValues(TShared const& other) const;
+
+        TActivationConfig config;
+        TCleanValue<QString> name;
+        TCleanValue<QString> iconName;
+        TMMIDef mmiDef;
+    };
+
+    QSharedDataPointer<TShared> m_Shared;
     TCleanValue<bool> m_Enabled;
     TCleanValue<bool> m_Visible;
     TCleanValue<bool> m_ControlVisible;
     TCleanValue<bool> m_Shortcut;
     TCleanValue<int> m_ControlID;
     int m_ID = NoID;
-    TMMIDef m_MMIDef;
 };
