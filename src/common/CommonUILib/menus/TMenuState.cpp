@@ -2,6 +2,7 @@
 
 #include "LockChecks.h"
 
+#include <QMetaMethod>
 #include <QMetaObject>
 
 #include <algorithm>
@@ -9,6 +10,8 @@
 
 namespace
 {
+constexpr int LongestName = 200; // characters of a slot's name in the log
+
 template<typename TElements>
 auto FindElement(TElements& elements, int id)
 {
@@ -23,11 +26,18 @@ void CallSlot(TActivationConfig const& config)
     QByteArray const method = config.GetMethod();
     if (!receiver || method.isEmpty())
         return;
-    if (config.GetArgument() == TActivationConfig::NoArgument)
-        QMetaObject::invokeMethod(receiver, method.constData(), Qt::QueuedConnection);
+    bool const hasArgument = config.GetArgument() != TActivationConfig::NoArgument;
+    QByteArray const signature =
+        QMetaObject::normalizedSignature((method + (hasArgument ? "(int)" : "()")).constData());
+    QMetaObject const* const meta = receiver->metaObject();
+    int const index = meta->indexOfMethod(signature.constData());
+    if (index < 0)
+        qWarning("Menu: %s has no slot %s", meta->className(),
+                 signature.left(LongestName).simplified().constData());
+    else if (hasArgument)
+        meta->method(index).invoke(receiver, Qt::QueuedConnection, Q_ARG(int, config.GetArgument()));
     else
-        QMetaObject::invokeMethod(receiver, method.constData(), Qt::QueuedConnection,
-                                  Q_ARG(int, config.GetArgument()));
+        meta->method(index).invoke(receiver, Qt::QueuedConnection);
 }
 } // namespace
 
