@@ -295,6 +295,8 @@ private Q_SLOTS:
     void eachCallIsToldAfterwardsWithTheLockFree();
     void handlersRunUnderTheLock();
     void changesThatComeTogetherAreToldOnce();
+    void eachElementThatComesOrGoesIsTold();
+    void aFloodOfNoticesIsBounded();
     void aMenuOpenedThroughAnElementThatWentMeanwhileCloses();
     void aMenuDisabledByItsModuleStaysDisabled();
     void aMenuRemovedWhileDisabledIsEnabledAgain();
@@ -683,6 +685,48 @@ void TMenuManagerTest::changesThatComeTogetherAreToldOnce()
     QVERIFY(!stage.menus.at(0)->GetElement(0).IsDirty());
     stage.Do(QStringLiteral("control 0 0 0"));
     QCOMPARE(ear.Heard(), QStringLiteral("state0"));
+}
+
+void TMenuManagerTest::eachElementThatComesOrGoesIsTold()
+{
+    TMenuStage stage(2);
+    TManagerEar ear(stage.manager);
+    TMenuState& menu = *stage.menus.at(1);
+    menu.AddElement(TElementState());
+    menu.AddElement(TElementState());
+    menu.RemoveElement(0);
+    Deliver();
+    QCOMPARE(ear.Heard(), QStringLiteral("elements1 elements1 elements1"));
+    menu.SetEnabled(false);
+    menu.SetEnabled(true);
+    Deliver();
+    QCOMPARE(ear.Heard(), QStringLiteral("state1 state1"));
+}
+
+void TMenuManagerTest::aFloodOfNoticesIsBounded()
+{
+    constexpr int Flood = 10000;
+    constexpr int Bound = 16;
+    TMenuStage stage(2);
+    TManagerEar ear(stage.manager);
+    for (int round = 0; round < 2; ++round)
+    {
+        for (int change = 0; change < Flood; ++change)
+        {
+            for (auto const& menu : stage.menus)
+            {
+                menu->RemoveElement(menu->AddElement(TElementState()));
+                menu->SetEnabled(change % 2 != 0);
+            }
+        }
+        Deliver();
+        QStringList const heard = ear.Heard().split(QLatin1Char(' '));
+        for (int id = 0; id < 2; ++id)
+        {
+            QCOMPARE(heard.count(QStringLiteral("elements%1").arg(id)), Bound);
+            QCOMPARE(heard.count(QStringLiteral("state%1").arg(id)), Bound);
+        }
+    }
 }
 
 void TMenuManagerTest::aMenuOpenedThroughAnElementThatWentMeanwhileCloses()

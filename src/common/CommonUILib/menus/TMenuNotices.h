@@ -1,18 +1,19 @@
 #pragma once
 
+#include <QHash>
 #include <QMetaObject>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QObject>
 #include <QPair>
-#include <QSet>
 
 #include <memory>
 #include <utility>
 
-/// What the menus of a manager have to tell, on its way into the manager's thread. Of notices that ask for
-/// another look at the same thing one waits at a time: menus that change faster than they can be looked at
-/// fill no event queue, and the look that waits sees their last state.
+/// What the menus of a manager have to tell, on its way into the manager's thread. Of what asks for a look at
+/// the elements one waits for each menu: the look that waits sees their last state. What is told one by one
+/// waits as often, up to a bound, behind which one more would tell nothing new: so menus that change faster
+/// than they can be looked at fill no event queue.
 ///
 /// Called from any thread. Who calls it shares it, so that it may outlive the manager.
 class TMenuNotices : public std::enable_shared_from_this<TMenuNotices>
@@ -24,6 +25,9 @@ public:
         ELEMENT_STATE = 1,
         ENABLED_STATE = 2
     };
+
+    /// Most that wait of a kind that is told one by one, for each menu.
+    static constexpr int MostWaiting = 16;
 
     explicit TMenuNotices(QObject* receiver)
         : m_Receiver(receiver)
@@ -37,15 +41,16 @@ public:
         m_Receiver = nullptr;
     }
 
-    /// Calls \a look from the receiver's event loop, unless the same waits there already.
+    /// Calls \a look from the receiver's event loop, unless enough of the same wait there already.
     template<typename TLook>
     void Post(EKind kind, int menuID, TLook look)
     {
         QPair<int, int> const notice(kind, menuID);
         QMutexLocker const locker(&m_Mutex);
-        if (!m_Receiver || m_Waiting.contains(notice))
+        int const most = kind == ELEMENT_STATE ? 1 : MostWaiting;
+        if (!m_Receiver || m_Waiting.value(notice) >= most)
             return;
-        m_Waiting.insert(notice);
+        ++m_Waiting[notice];
         QMetaObject::invokeMethod(
             m_Receiver,
             [self = shared_from_this(), notice, look]
@@ -72,10 +77,12 @@ private:
     void Take(QPair<int, int> const& notice)
     {
         QMutexLocker const locker(&m_Mutex);
-        m_Waiting.remove(notice);
+        auto const waiting = m_Waiting.find(notice);
+        if (waiting != m_Waiting.end() && --*waiting <= 0)
+            m_Waiting.erase(waiting);
     }
 
     QMutex m_Mutex;
     QObject* m_Receiver;
-    QSet<QPair<int, int>> m_Waiting; // kind and menu
+    QHash<QPair<int, int>, int> m_Waiting; // how many, by kind and menu
 };
