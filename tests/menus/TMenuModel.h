@@ -232,7 +232,7 @@ private:
             return;
         menu.forced = true;
         menu.closed = false;
-        OpenShortcuts(-1);
+        OpenShortcuts();
     }
 
     void Look(int id)
@@ -259,7 +259,7 @@ private:
             CloseChildren(id, true);
             menus.at(id).shortcuts = shortcuts;
         }
-        OpenShortcuts(-1);
+        OpenShortcuts();
     }
 
     void Switch(bool enabled, bool hide)
@@ -272,7 +272,7 @@ private:
                 Count(menu, enabled);
         }
         m_Enabled = enabled;
-        OpenShortcuts(-1);
+        OpenShortcuts();
         if (!enabled && hide)
             CloseAll();
     }
@@ -341,7 +341,11 @@ private:
         if (id < 0 || id >= int(menus.size()) || (!menus.at(id).known && !menus.at(id).shown))
             return;
         TakeAway(id);
-        OpenShortcuts(id);
+        OpenShortcuts();
+        menus.at(id).shown = false;
+        order.erase(std::remove(order.begin(), order.end(), id), order.end());
+        for (TModelMenu& other : menus)
+            other.children.erase(id);
         menus.at(id).closed = menus.at(id).closed || byUser;
     }
 
@@ -354,10 +358,10 @@ private:
             if (id != m_Root && menus.at(id).shown)
                 TakeAway(id);
         }
-        OpenShortcuts(-1);
+        OpenShortcuts();
     }
 
-    void OpenShortcuts(int except)
+    void OpenShortcuts()
     {
         for (int id = 0; m_Enabled && id < int(menus.size()); ++id)
         {
@@ -371,8 +375,8 @@ private:
             for (int index = 0; !isTaken && index < int(elements.size()); ++index)
             {
                 int const target = elements.at(index).target;
-                if (elements.at(index).Seen() && Known(target) && target != except &&
-                    !menus.at(target).shortcuts.empty() && !menus.at(target).closed)
+                if (elements.at(index).Seen() && Known(target) && !menus.at(target).shortcuts.empty() &&
+                    !menus.at(target).closed)
                     Show(target, id, index, true, false);
             }
         }

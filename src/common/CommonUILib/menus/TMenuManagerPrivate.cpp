@@ -85,20 +85,29 @@ void TMenuManagerPrivate::RecursiveHide(int menuID)
         state.isForcedShortcut = false;
         waiting += state.children.values();
         state.children.clear();
-        // It may have been opened from one menu after another, and stand with each of them.
-        for (auto& other : m_States)
-            other.second.children.remove(id);
-        m_ShownOrder.removeAll(id);
+        TakeOut(id);
     }
 }
 
+// It may have been opened from one menu after another, and stand with each of them.
+void TMenuManagerPrivate::TakeOut(int menuID)
+{
+    for (auto& other : m_States)
+        other.second.children.remove(menuID);
+    m_ShownOrder.removeAll(menuID);
+}
+
+// The menu takes part when the shortcuts come back, and is closed for good only then: where it comes back
+// itself the shortcuts beside it give way to it, as they did before, and no other takes its place.
 void TMenuManagerPrivate::HideMenu(int menuID, bool byUser, Elements const& elements)
 {
     auto const found = m_States.find(menuID);
     if (found == m_States.end())
         return;
     RecursiveHide(menuID);
-    EnsureShortcuts(elements, menuID);
+    EnsureShortcuts(elements);
+    found->second.isShown = false;
+    TakeOut(menuID);
     found->second.isClosedByUser |= byUser;
 }
 
@@ -142,17 +151,12 @@ void TMenuManagerPrivate::ForceToShortcut(int menuID, Elements const& elements)
 
 void TMenuManagerPrivate::EnsureShortcuts(Elements const& elements)
 {
-    EnsureShortcuts(elements, TActivationConfig::NoMenu);
-}
-
-void TMenuManagerPrivate::EnsureShortcuts(Elements const& elements, int exceptMenuID)
-{
     if (!m_MenusEnabled)
         return;
     for (TMenuStateCopy const& menu : elements)
     {
         if (!HasOpenChild(menu))
-            EnsureShortcutsOf(menu, exceptMenuID);
+            EnsureShortcutsOf(menu);
     }
 }
 
@@ -171,13 +175,13 @@ bool TMenuManagerPrivate::HasOpenChild(TMenuStateCopy const& menu) const
     return false;
 }
 
-void TMenuManagerPrivate::EnsureShortcutsOf(TMenuStateCopy const& menu, int exceptMenuID)
+void TMenuManagerPrivate::EnsureShortcutsOf(TMenuStateCopy const& menu)
 {
     for (TElementState const& element : menu.elements)
     {
         int const target = element.GetActivationConfig().GetMenuToToggle();
         auto const found = m_States.find(target);
-        if (!element.IsVisible() || target == exceptMenuID || found == m_States.end())
+        if (!element.IsVisible() || found == m_States.end())
             continue;
         if (!found->second.shortcutIDs.isEmpty() && !found->second.isClosedByUser)
             ShowMenu(target, menu.menuID, element.GetID(), true, false);

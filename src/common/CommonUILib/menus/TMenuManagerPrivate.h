@@ -42,7 +42,8 @@ public:
     /// as shortcuts stay with \a keepOpenChildren.
     void ShowMenu(int menuID, int parentMenuID, int parentElementID, bool keepOpenChildren, bool forced);
     void HideAllChildren(int menuID, bool all);
-    /// The shortcuts that may be seen now come back, but for the menu itself.
+    /// The shortcuts that may be seen now come back, but for the menu itself: where it would have been one of
+    /// them, its place stays free.
     void HideMenu(int menuID, bool byUser, Elements const& elements);
     void HideAll(Elements const& elements);
 
@@ -55,8 +56,8 @@ public:
 
 private:
     void RecursiveHide(int menuID);
-    void EnsureShortcuts(Elements const& elements, int exceptMenuID);
-    void EnsureShortcutsOf(TMenuStateCopy const& menu, int exceptMenuID);
+    void TakeOut(int menuID);
+    void EnsureShortcutsOf(TMenuStateCopy const& menu);
     bool HasOpenChild(TMenuStateCopy const& menu) const;
 
     std::map<int, TMenuDisplayState> m_States;
