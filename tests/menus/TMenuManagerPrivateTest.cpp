@@ -9,6 +9,8 @@ private Q_SLOTS:
     void hidingAllKeepsTheRootIfItIsToldSo_data();
     void hidingAllKeepsTheRootIfItIsToldSo();
     void anOpenChildStaysAsAShortcutOnly();
+    void elementsAreAskedForOnlyIfMenusMayOpen();
+    void elementsAreAskedForAgainIfTheMenusChanged();
 };
 
 void TMenuManagerPrivateTest::hidingAllKeepsTheRootIfItIsToldSo_data()
@@ -50,6 +52,83 @@ void TMenuManagerPrivateTest::anOpenChildStaysAsAShortcutOnly()
     menus.ShowMenu(1, 0, 0, false, false);
     menus.ShowMenu(2, 0, 0, true, true);
     QCOMPARE(menus.GetShownOrder(), QList<int>{2});
+}
+
+void TMenuManagerPrivateTest::elementsAreAskedForOnlyIfMenusMayOpen()
+{
+    constexpr auto Root = 0;
+    TMenuStateCopy root{Root, QString(), {}};
+    TMenuStateCopy menu{1, QString(), {}};
+    root.elements.emplace_back(TMMIDef(), TActivationConfig(1, ELEMENT_HIDE_NONE), QString(), QString(), -1,
+                               true, true, false);
+    menu.elements.emplace_back(TMMIDef(), TActivationConfig(), QString(), QString(), -1, true, true, true);
+    int asked = 0;
+    auto const snapshot = [&](quint64 revision)
+    {
+        return TMenuSnapshot(
+            [&]
+            {
+                ++asked;
+                return TMenuSnapshot::Menus{root, menu};
+            },
+            revision);
+    };
+    TMenuManagerPrivate menus(true);
+    menus.AddMenu(Root);
+    menus.AddMenu(1);
+    menus.UpdateFromElements(root, snapshot(1));
+    QCOMPARE(asked, 0);
+    menus.UpdateFromElements(menu, snapshot(1));
+    QVERIFY(menus.IsShown(1));
+    QCOMPARE(asked, 1);
+    menus.UpdateFromElements(menu, snapshot(1));
+    QCOMPARE(asked, 2); // now it is seen that no other opens
+    menus.UpdateFromElements(menu, snapshot(1));
+    menus.UpdateFromElements(root, snapshot(1));
+    QCOMPARE(asked, 2);
+    menus.UpdateFromElements(root, snapshot(2));
+    QCOMPARE(asked, 3);
+    menus.UpdateFromElements(root, TMenuSnapshot::Menus{root, menu});
+    menus.HideAll(snapshot(2));
+    QCOMPARE(asked, 4);
+    QVERIFY(menus.IsShown(1));
+    menus.HideMenu(1, true, snapshot(2));
+    QCOMPARE(asked, 5);
+    menus.UpdateFromElements(root, snapshot(3));
+    QCOMPARE(asked, 5); // closed by the operator
+    QVERIFY(!menus.IsShown(1));
+}
+
+void TMenuManagerPrivateTest::elementsAreAskedForAgainIfTheMenusChanged()
+{
+    TElementState const shortcut(TMMIDef(), TActivationConfig(), QString(), QString(), -1, true, true, true);
+    int asked = 0;
+    TMenuManagerPrivate menus(true);
+    auto const look = [&](TMenuStateCopy const& menu)
+    {
+        asked = 0;
+        menus.UpdateFromElements(menu, TMenuSnapshot(
+                                           [&]
+                                           {
+                                               ++asked;
+                                               return TMenuSnapshot::Menus();
+                                           },
+                                           1));
+        return asked;
+    };
+    menus.AddMenu(1);
+    menus.AddMenu(2);
+    QCOMPARE(look({1, QString(), {shortcut}}), 1);
+    QCOMPARE(look({1, QString(), {shortcut}}), 0);
+    QCOMPARE(look({2, QString(), {shortcut}}), 1);
+    QCOMPARE(look({2, QString(), {shortcut}}), 0);
+    menus.AddMenu(3);
+    QCOMPARE(look({2, QString(), {shortcut}}), 1);
+    menus.RemoveMenu(3, {});
+    QCOMPARE(look({2, QString(), {shortcut}}), 1);
+    menus.ForceToShortcut(1, {});
+    QCOMPARE(look({2, QString(), {shortcut}}), 1);
+    QCOMPARE(look({2, QString(), {shortcut}}), 0);
 }
 
 COMMONUI_TEST(TMenuManagerPrivateTest)

@@ -4,9 +4,9 @@
 #include "TMenuModel.h"
 #include "TMenuState.h"
 
-#include <QElapsedTimer>
 #include <QThread>
 
+#include <algorithm>
 #include <atomic>
 #include <limits>
 #include <random>
@@ -290,6 +290,8 @@ private Q_SLOTS:
     void anElementThatDisappearsClosesTheMenuThatItHadOpened();
     void disablingMenusHidesAllButTheRootOrLeavesThemOpenButInert();
     void withoutAutoHideTheHideModeHasNoEffect();
+    void aPressThatDoesNothingHidesNothing_data();
+    void aPressThatDoesNothingHidesNothing();
     void removingAnUnknownMenuChangesNothingAndEmitsNothing();
     void aMenuIsShownAsAChildOfTheElementThatOpenedIt();
     void eachCallIsToldAfterwardsWithTheLockFree();
@@ -297,6 +299,9 @@ private Q_SLOTS:
     void changesThatComeTogetherAreToldOnce();
     void eachElementThatComesOrGoesIsTold();
     void aFloodOfNoticesIsBounded();
+    void whatTheDisplayReadIsToldOfEvenIfItWentBack();
+    void aDecisionIsTakenAgainIfItsReasonWentMeanwhile();
+    void anOpenMenuThatBecomesAShortcutIsTold();
     void aMenuOpenedThroughAnElementThatWentMeanwhileCloses();
     void aMenuDisabledByItsModuleStaysDisabled();
     void aMenuRemovedWhileDisabledIsEnabledAgain();
@@ -309,6 +314,7 @@ private Q_SLOTS:
     void menusNestedDeeplyCloseAtOnce();
     void aMenuThatDiesIsRemoved();
     void slotsOfAMenuMayCallTheManager();
+    void aMenuMayEndItselfOrTheManagerWhenItIsRefreshed();
     void diesInTheSlotOfEachOfItsSignals();
     void diesWhileItsMenusHaveSomethingToTell();
     void randomSequencesFollowTheModel();
@@ -604,6 +610,30 @@ void TMenuManagerTest::withoutAutoHideTheHideModeHasNoEffect()
     QCOMPARE(stage.Open(), QStringLiteral("0"));
 }
 
+void TMenuManagerTest::aPressThatDoesNothingHidesNothing_data()
+{
+    QTest::addColumn<QString>("reason");
+    QTest::addColumn<QString>("open");
+    QTest::newRow("none") << QString() << QStringLiteral("0");
+    QTest::newRow("menus disabled") << QStringLiteral("menus 0 0") << QStringLiteral("0 1f");
+    QTest::newRow("menu disabled") << QStringLiteral("enable 1 0") << QStringLiteral("0 1f");
+    QTest::newRow("invisible") << QStringLiteral("see 1 0 0; see 1 1 0") << QStringLiteral("0 1f");
+    QTest::newRow("without control") << QStringLiteral("control 1 0 0; control 1 1 0")
+                                     << QStringLiteral("0 1f");
+}
+
+void TMenuManagerTest::aPressThatDoesNothingHidesNothing()
+{
+    QFETCH(QString, reason);
+    TMenuStage stage(3);
+    stage.Do(QStringLiteral("lead 0 1; lead 1 -1; lead 1 -1; lead 1 -1; mode 1 0 1; mode 1 1 2; press 0 0"));
+    stage.Do(reason);
+    TManagerEar ear(stage.manager);
+    stage.Do(QStringLiteral("press 1 0; press 1 1"));
+    QTEST(stage.Open(), "open");
+    QCOMPARE(ear.Heard().isEmpty(), !reason.isEmpty());
+}
+
 void TMenuManagerTest::removingAnUnknownMenuChangesNothingAndEmitsNothing()
 {
     TMenuStage stage(2);
@@ -738,6 +768,70 @@ void TMenuManagerTest::aFloodOfNoticesIsBounded()
     }
 }
 
+// The value is not dirty any more, but somebody has seen it as it was.
+void TMenuManagerTest::whatTheDisplayReadIsToldOfEvenIfItWentBack()
+{
+    TMenuStage stage(2);
+    stage.Do(QStringLiteral("lead 0 1"));
+    TManagerEar ear(stage.manager);
+    TMenuState& menu = *stage.menus.at(0);
+    TElementState const before = menu.GetElement(0);
+    TElementState after = before;
+    after.SetName(QStringLiteral("new"));
+    menu.SetElement(after);
+    menu.SetElement(before);
+    Deliver();
+    QCOMPARE(ear.Heard(), QString());
+    menu.SetElement(after);
+    QCOMPARE(stage.manager.GetElementsState(0).front().GetName(), QStringLiteral("new"));
+    menu.SetElement(before);
+    Deliver();
+    QCOMPARE(ear.Heard(), QStringLiteral("state0"));
+}
+
+void TMenuManagerTest::aDecisionIsTakenAgainIfItsReasonWentMeanwhile()
+{
+    // A thread changes a value back when the manager has just decided by it.
+    class TLateManager : public TMenuManager
+    {
+    public:
+        std::function<void()> afterwards;
+
+    protected:
+        void HandleElementStateChanged(int id) override
+        {
+            TMenuManager::HandleElementStateChanged(id);
+            if (afterwards)
+                std::exchange(afterwards, nullptr)();
+        }
+    };
+    TLateManager manager;
+    TMenuState menu{QString()};
+    manager.AddMenu(&menu);
+    menu.AddElement(
+        TElementState(TMMIDef(), TActivationConfig(), QString(), QString(), -1, true, true, false));
+    TElementState const before = menu.GetElement(0);
+    TElementState after = before;
+    after.SetShortcut(true);
+    manager.afterwards = [&] { menu.SetElement(before); };
+    menu.SetElement(after);
+    Deliver();
+    Deliver();
+    QVERIFY(!manager.afterwards);
+    QCOMPARE(manager.GetMenuDisplayState(0).shortcutIDs, QSet<int>{});
+}
+
+void TMenuManagerTest::anOpenMenuThatBecomesAShortcutIsTold()
+{
+    TMenuStage stage(4);
+    stage.Do(QStringLiteral("lead 0 1; lead 1 3; short 1 0 1"));
+    QCOMPARE(stage.Open(), QStringLiteral("0 1"));
+    TManagerEar ear(stage.manager);
+    stage.Do(QStringLiteral("short 1 0 0"));
+    QCOMPARE(stage.Open(), QStringLiteral("0 1f"));
+    QCOMPARE(ear.Heard(), QStringLiteral("state1 menus"));
+}
+
 void TMenuManagerTest::aMenuOpenedThroughAnElementThatWentMeanwhileCloses()
 {
     TMenuStage stage(2);
@@ -810,6 +904,7 @@ void TMenuManagerTest::unknownIdsAreIgnored()
     manager.SetRootMenuID(Root, false);
     manager.HideMenu(id);
     manager.ShowMenu(id);
+    QCOMPARE(ear.Heard(), QString());
     manager.OnToggleMenu(id, 0, 0);
     manager.OnToggleMenu(id, id, id);
     manager.OnForceToShortcut(id);
@@ -912,6 +1007,46 @@ void TMenuManagerTest::slotsOfAMenuMayCallTheManager()
     manager.SetMenusEnabled(true, false);
     manager.ElementActivated(0, 0);
     QVERIFY(!manager.GetMenu(0));
+}
+
+void TMenuManagerTest::aMenuMayEndItselfOrTheManagerWhenItIsRefreshed()
+{
+    class TEndingMenu : public TMenuState
+    {
+    public:
+        using TMenuState::TMenuState;
+        std::function<void()> end;
+        void RefreshMenu() override
+        {
+            if (end)
+                end();
+        }
+    };
+    for (bool const isAdded : {false, true})
+    {
+        auto manager = std::make_unique<TMenuManager>();
+        QPointer<TEndingMenu> const menu(new TEndingMenu{QString()});
+        auto const add = [&]
+        {
+            if (isAdded)
+                manager->RefreshAllMenus();
+            else
+                manager->AddMenu(menu);
+        };
+        TEndingMenu other{QString()};
+        if (isAdded)
+            manager->AddMenu(menu);
+        manager->AddMenu(&other);
+        menu->end = [&] { delete menu; };
+        add();
+        QCOMPARE(manager->GetMenus(), std::vector<TMenuState*>{&other});
+        other.end = [&] { manager->RemoveMenu(other.GetMenuID()); };
+        manager->RefreshAllMenus();
+        QVERIFY(manager->GetMenus().empty());
+        other.end = [&] { manager.reset(); };
+        manager->AddMenu(&other);
+        QVERIFY(!manager);
+    }
 }
 
 void TMenuManagerTest::diesInTheSlotOfEachOfItsSignals()
@@ -1024,7 +1159,7 @@ namespace
 constexpr int Threads = 4;
 constexpr int ThreadMenus = 40;
 constexpr int ThreadElements = 25;
-constexpr int Pace = 2; // ms for all elements of a menu: some 10 000 changes a second from each thread
+constexpr int Rounds = 40; // in each of which a thread changes all elements of its menus
 
 /// Threads that change all elements of the menus, a share of the menus each, until they are stopped.
 class TChangers
@@ -1040,7 +1175,12 @@ public:
     }
     ~TChangers() { Stop(); }
 
-    /// The number that each menu was given last stands in all of its elements then.
+    bool IsRunning() const
+    {
+        return std::any_of(m_Threads.begin(), m_Threads.end(),
+                           [](std::unique_ptr<QThread> const& thread) { return thread->isRunning(); });
+    }
+
     bool Stop()
     {
         m_IsStopped = true;
@@ -1053,13 +1193,10 @@ public:
 private:
     void Run(int thread, std::vector<std::unique_ptr<TMenuState>> const& menus)
     {
-        for (int number = 1; !m_IsStopped; ++number)
+        for (int number = 1; number <= Rounds && !m_IsStopped; ++number)
         {
             for (size_t index = thread; index < menus.size(); index += Threads)
-            {
                 Change(*menus[index], number);
-                QThread::msleep(Pace);
-            }
         }
     }
 
@@ -1111,10 +1248,8 @@ void TMenuManagerTest::threadsChangeFortyMenusAndTheLastStateIsSeen()
     QHash<int, QString> display;
     connect(&manager, &TMenuManager::ElementStateChanged, this,
             [&](int id) { display[id] = Looks(manager.GetElementsState(id)); });
-    QElapsedTimer timer;
-    timer.start();
     TChangers changers(stage.menus);
-    for (int press = 0; !timer.hasExpired(1000); ++press)
+    for (int press = 0; changers.IsRunning(); ++press)
     {
         manager.ElementActivated(press % ThreadMenus, press % ThreadElements);
         QCOMPARE(manager.GetAllMenuElements().size(), size_t(ThreadMenus));

@@ -129,6 +129,9 @@ private Q_SLOTS:
     void anElementHandedBackWithTheSameValuesEmitsNothing();
     void aChangeIsToldUntilItIsCleaned();
     void aChangedConfigIsTold();
+    void whatASnapshotShowedIsReportedEvenIfItWentBack();
+    void whatMayOpenMenusIsNumberedAnew_data();
+    void whatMayOpenMenusIsNumberedAnew();
     void enablingAnEnabledMenuLeavesTheCountAtZero();
     void twoWhoDisabledItBothHaveToEnableIt();
     void noSignalComesUnderTheLock();
@@ -140,6 +143,7 @@ private Q_SLOTS:
     void anElementIsNotActivated();
     void anElementWhoseControlIsNotVisibleDoesNothing();
     void aVetoStopsTheActivation();
+    void noVetoIsAskedForAnUnknownElement();
     void aReceiverDeletedBeforeTheDeliveryIsNotCalled();
     void aReceiverDeletedBeforeTheActivationIsNotCalled();
     void aMethodThatDoesNotExistIsOneLineInTheLog_data();
@@ -322,6 +326,77 @@ void TMenuStateTest::aChangedConfigIsTold()
     QCOMPARE(menu.GetElement(0).GetActivationConfig().GetMenuToToggle(), 3);
 }
 
+void TMenuStateTest::whatASnapshotShowedIsReportedEvenIfItWentBack()
+{
+    TMenuState menu{QString()};
+    TElementState const before = menu.GetElement(menu.AddElement(Element("a")));
+    TElementState after = before;
+    after.SetName(QStringLiteral("b"));
+    unsigned revision = 0;
+    menu.SetElement(after);
+    menu.SetElement(before);
+    QVERIFY2(!menu.TakeChanges(revision), "nobody has seen it");
+    menu.SetElement(after);
+    menu.Clone();
+    menu.SetElement(before);
+    menu.Clone();
+    QVERIFY(menu.TakeChanges(revision));
+    QVERIFY(!menu.TakeChanges(revision));
+    menu.SetElement(after);
+    menu.SetElement(before);
+    menu.Clone();
+    QVERIFY2(!menu.TakeChanges(revision), "it was seen as it is");
+    menu.SetElement(after);
+    QVERIFY(menu.TakeChanges(revision));
+    QVERIFY(!menu.GetElement(0).IsDirty());
+    QCOMPARE(revision, menu.GetLeadsRevision());
+}
+
+using TMenuChange = void (*)(TMenuState&, TElementState&);
+Q_DECLARE_METATYPE(TMenuChange)
+
+void TMenuStateTest::whatMayOpenMenusIsNumberedAnew_data()
+{
+    QTest::addColumn<TMenuChange>("change");
+    QTest::addColumn<bool>("isNew");
+    auto const add = [](char const* name, bool isNew, TMenuChange change)
+    { QTest::newRow(name) << change << isNew; };
+    add("nothing", false, [](TMenuState&, TElementState&) {});
+    add("name", false, [](TMenuState&, TElementState& one) { one.SetName(QStringLiteral("b")); });
+    add("enabled", false, [](TMenuState&, TElementState& one) { one.SetEnabled(false); });
+    add("visible", true, [](TMenuState&, TElementState& one) { one.SetVisible(false); });
+    add("control", true, [](TMenuState&, TElementState& one) { one.SetControlVisible(false); });
+    add("shortcut", true, [](TMenuState&, TElementState& one) { one.SetShortcut(true); });
+    add("target", true,
+        [](TMenuState&, TElementState& one)
+        {
+            TActivationConfig config;
+            config.SetCurrent(TActivationConfig(3, ELEMENT_HIDE_NONE));
+            one.SetActivationConfig(config);
+        });
+    add("added", true, [](TMenuState& menu, TElementState&) { menu.AddElement(Element("b")); });
+    add("removed", true, [](TMenuState& menu, TElementState&) { menu.RemoveElement(0); });
+    add("by hand", true,
+        [](TMenuState& menu, TElementState&)
+        {
+            QWriteLocker const locker(menu.GetLock());
+            menu.GetElementsInternal().clear();
+        });
+}
+
+void TMenuStateTest::whatMayOpenMenusIsNumberedAnew()
+{
+    QFETCH(TMenuChange, change);
+    QFETCH(bool, isNew);
+    TMenuState menu{QString()};
+    TElementState element = menu.GetElement(menu.AddElement(Element("a")));
+    unsigned const before = menu.GetLeadsRevision();
+    change(menu, element);
+    menu.SetElement(element);
+    menu.CleanElements();
+    QCOMPARE(menu.GetLeadsRevision() != before, isNew);
+}
+
 void TMenuStateTest::enablingAnEnabledMenuLeavesTheCountAtZero()
 {
     TMenuState menu{QString()};
@@ -479,6 +554,28 @@ void TMenuStateTest::aVetoStopsTheActivation()
     QCoreApplication::processEvents();
     QVERIFY(receiver.calls.isEmpty());
     QCOMPARE(ear.toggled, (QList<int>{2, -1, 1}));
+}
+
+void TMenuStateTest::noVetoIsAskedForAnUnknownElement()
+{
+    class TAskedMenu : public TMenuState
+    {
+    public:
+        using TMenuState::TMenuState;
+        mutable QList<int> asked;
+
+    protected:
+        bool CanInvoke(int elementID) const override
+        {
+            asked << elementID;
+            return true;
+        }
+    };
+    TAskedMenu menu{QString()};
+    menu.AddElement(Element("a"));
+    for (int const id : {-1, 1, 0})
+        menu.ElementActivated(id);
+    QCOMPARE(menu.asked, QList<int>{0});
 }
 
 void TMenuStateTest::aReceiverDeletedBeforeTheDeliveryIsNotCalled()

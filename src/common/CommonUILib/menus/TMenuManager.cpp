@@ -10,6 +10,8 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <numeric>
+#include <utility>
 
 namespace
 {
@@ -38,15 +40,6 @@ bool IsDirty(std::vector<TElementState> const& elements)
 {
     return std::any_of(elements.begin(), elements.end(),
                        [](TElementState const& element) { return element.IsDirty(); });
-}
-
-// In one step: what a thread changes afterwards is dirty again.
-bool TakeDirt(TMenuState* menu)
-{
-    QWriteLocker const locker(menu->GetLock());
-    bool const isDirty = IsDirty(menu->GetElementsInternal());
-    menu->CleanElementsInternal();
-    return isDirty;
 }
 
 // Menus whose state was switched, to be told when the manager's lock is free.
@@ -85,6 +78,11 @@ std::vector<TMenuManager::TEntry>::const_iterator TMenuManager::Find(int menuID)
                         [menuID](TEntry const& entry) { return entry.id == menuID; });
 }
 
+std::vector<TMenuManager::TEntry>::iterator TMenuManager::Find(int menuID)
+{
+    return m_Menus.begin() + (std::as_const(*this).Find(menuID) - m_Menus.cbegin());
+}
+
 int TMenuManager::FindID(TMenuState const* menu) const
 {
     auto const found = std::find_if(m_Menus.begin(), m_Menus.end(),
@@ -115,6 +113,16 @@ std::vector<TMenuStateCopy> TMenuManager::GetAllMenuElementsInternal() const
     return menus;
 }
 
+// The revision is read first, and so never newer than what is copied.
+TMenuSnapshot TMenuManager::SnapshotInternal() const
+{
+    Q_ASSERT(IsHeld(&m_Lock));
+    quint64 const revision = std::accumulate(m_Menus.begin(), m_Menus.end(), quint64(0),
+                                             [](quint64 sum, TEntry const& entry)
+                                             { return sum + entry.menu->GetLeadsRevision(); });
+    return {[this] { return GetAllMenuElementsInternal(); }, revision};
+}
+
 std::vector<TMenuState*> TMenuManager::GetMenus() const
 {
     QReadLocker const locker(&m_Lock);
@@ -123,6 +131,16 @@ std::vector<TMenuState*> TMenuManager::GetMenus() const
     for (TEntry const& entry : m_Menus)
         menus.push_back(entry.menu);
     return menus;
+}
+
+std::vector<int> TMenuManager::GetMenuIDs() const
+{
+    QReadLocker const locker(&m_Lock);
+    std::vector<int> ids;
+    ids.reserve(m_Menus.size());
+    for (TEntry const& entry : m_Menus)
+        ids.push_back(entry.id);
+    return ids;
 }
 
 TMenuState* TMenuManager::GetMenu(int menuID) const
@@ -220,10 +238,18 @@ int TMenuManager::AddMenu(TMenuState* menu)
 
 void TMenuManager::Register(int menuID, TMenuState* menu)
 {
-    m_Menus.push_back({menuID, menu});
+    m_Menus.push_back({menuID, menu, menu->GetLeadsRevision()});
     menu->SetMenuID(menuID);
     connect(
         menu, &QObject::destroyed, this, [this, menuID] { OnMenuDestroyed(menuID); }, Qt::DirectConnection);
+}
+
+// The notices are held on to, for a thread that calls this while the manager goes.
+auto TMenuManager::Looker(int menuID)
+{
+    return [this, notices = m_Notices, menuID] {
+        notices->Post(TMenuNotices::ELEMENT_STATE, menuID, [this, menuID] { OnElementStateChanged(menuID); });
+    };
 }
 
 bool TMenuManager::Start(int menuID, TMenuState* menu)
@@ -235,7 +261,7 @@ bool TMenuManager::Start(int menuID, TMenuState* menu)
     HandleMenuAdded(menuID);
     // What threads changed before they were listened to.
     if (IsDirty(menu->GetElementsState()))
-        PostLook(menuID);
+        Looker(menuID)();
     return true;
 }
 
@@ -250,13 +276,7 @@ void TMenuManager::Connect(int menuID, TMenuState* menu)
                           [this, menuID] { OnElementListChanged(menuID); });
         },
         Qt::DirectConnection);
-    connect(
-        menu, &TMenuState::ElementStateChanged, this,
-        [this, notices, menuID] {
-            notices->Post(TMenuNotices::ELEMENT_STATE, menuID,
-                          [this, menuID] { OnElementStateChanged(menuID); });
-        },
-        Qt::DirectConnection);
+    connect(menu, &TMenuState::ElementStateChanged, this, Looker(menuID), Qt::DirectConnection);
     connect(
         menu, &TMenuState::EnabledStateChanged, this,
         [this, notices, menuID]
@@ -277,11 +297,6 @@ void TMenuManager::Connect(int menuID, TMenuState* menu)
     connect(
         menu, &TMenuState::HideMenu, this,
         [this, notices](int id) { notices->Send([this, id] { OnHideMenu(id); }); }, Qt::DirectConnection);
-}
-
-void TMenuManager::PostLook(int menuID)
-{
-    m_Notices->Post(TMenuNotices::ELEMENT_STATE, menuID, [this, menuID] { OnElementStateChanged(menuID); });
 }
 
 void TMenuManager::RemoveMenu(int menuID)
@@ -357,11 +372,13 @@ void TMenuManager::SetAutoHideAllowed(bool allowed)
 void TMenuManager::RefreshAllMenus()
 {
     auto const inUse = m_MenusInUse;
-    QMutexLocker const inUseLocker(inUse.get());
-    std::vector<TMenuState*> const menus = GetMenus();
-    std::vector<QPointer<TMenuState>> const guarded(menus.begin(), menus.end());
-    for (QPointer<TMenuState> const& menu : guarded)
+    QPointer<TMenuManager> const self(this);
+    std::vector<int> const ids = GetMenuIDs();
+    for (int const id : ids)
     {
+        // One menu after the other: who wants to remove another one need not wait for all.
+        QMutexLocker const inUseLocker(inUse.get());
+        TMenuState* const menu = self ? GetMenu(id) : nullptr;
         if (menu)
             menu->RefreshMenu();
     }
@@ -379,6 +396,7 @@ void TMenuManager::ElementActivated(int menuID, int elementID)
     QReadLocker menuLocker(menu->GetLock());
     bool const isActivated = menu->ElementActivatedInternal(elementID, menuToToggle);
     menuLocker.unlock();
+    // A press that does nothing hides nothing either: disabled menus are left as they are.
     bool const isHidden = isActivated && HandleElementActivated(menuID, elementID);
     locker.unlock();
     QPointer<TMenuManager> const self(this);
@@ -400,12 +418,14 @@ void TMenuManager::Decide(TDecision decision)
 
 void TMenuManager::HideMenu(int menuID)
 {
-    Decide([this, menuID] { HandleHideMenu(menuID); });
+    if (GetMenu(menuID))
+        OnHideMenu(menuID);
 }
 
 void TMenuManager::ShowMenu(int menuID)
 {
-    Decide([this, menuID] { HandleShowMenu(menuID); });
+    if (GetMenu(menuID))
+        Decide([this, menuID] { HandleShowMenu(menuID); });
 }
 
 void TMenuManager::HideAllMenus()
@@ -426,7 +446,7 @@ void TMenuManager::OnForceToShortcut(int menuID)
 
 void TMenuManager::OnHideMenu(int menuID)
 {
-    HideMenu(menuID);
+    Decide([this, menuID] { HandleHideMenu(menuID); });
 }
 
 void TMenuManager::OnElementListChanged(int menuID)
@@ -440,23 +460,33 @@ void TMenuManager::OnElementListChanged(int menuID)
 void TMenuManager::OnElementStateChanged(int menuID)
 {
     QWriteLocker locker(&m_Lock);
-    QList<int> const before = m_Private->GetShownOrder();
+    std::vector<TMenuManagerPrivate::TOpenMenu> const before = m_Private->GetOpenMenus();
+    auto const entry = Find(menuID);
+    if (entry != m_Menus.end())
+        entry->decided = entry->menu->GetLeadsRevision();
     HandleElementStateChanged(menuID);
-    bool const hasOpenedOrClosed = m_Private->GetShownOrder() != before;
+    bool const isOtherwise = m_Private->GetOpenMenus() != before;
     locker.unlock();
     QPointer<TMenuManager> const self(this);
     EmitElementStateChangedIfDirty(menuID);
-    if (self && hasOpenedOrClosed)
+    if (self && isOtherwise)
         Q_EMIT MenuStateChanged();
 }
 
 void TMenuManager::EmitElementStateChangedIfDirty(int menuID)
 {
     QReadLocker locker(&m_Lock);
-    TMenuState* const menu = GetMenuInternal(menuID);
-    bool const isDirty = menu && TakeDirt(menu);
+    auto const entry = Find(menuID);
+    if (entry == m_Menus.end())
+        return;
+    unsigned leadsRevision = 0;
+    bool const hasNews = entry->menu->TakeChanges(leadsRevision);
+    // What changed after the decision and has gone back since is not dirty, and no signal will ask for a
+    // look.
+    if (leadsRevision != entry->decided)
+        Looker(menuID)();
     locker.unlock();
-    if (isDirty)
+    if (hasNews)
         Q_EMIT ElementStateChanged(menuID);
 }
 
@@ -469,7 +499,7 @@ void TMenuManager::HandleMenuAdded(int menuID)
 void TMenuManager::HandleMenuRemoved(int menuID)
 {
     Q_ASSERT(IsHeldForWriting(&m_Lock));
-    m_Private->RemoveMenu(menuID, GetAllMenuElementsInternal());
+    m_Private->RemoveMenu(menuID, SnapshotInternal());
 }
 
 void TMenuManager::HandleToggleMenu(int menuID, int parentMenuID, int parentElementID)
@@ -480,7 +510,7 @@ void TMenuManager::HandleToggleMenu(int menuID, int parentMenuID, int parentElem
     TMenuDisplayState const state = m_Private->GetState(menuID);
     bool const isOpenFromThere = parentMenuID == NoMenu || state.parentMenuID == parentMenuID;
     if (state.isShown && menuID != m_Private->GetRootMenuID() && isOpenFromThere)
-        m_Private->HideMenu(menuID, true, GetAllMenuElementsInternal());
+        m_Private->HideMenu(menuID, true, SnapshotInternal());
     else
         m_Private->ShowMenu(menuID, parentMenuID, parentElementID, HasVisibleShortcut(CloneInternal(menuID)),
                             true);
@@ -490,13 +520,15 @@ void TMenuManager::HandleForceToShortcut(int menuID)
 {
     Q_ASSERT(IsHeldForWriting(&m_Lock));
     if (HasShortcut(CloneInternal(menuID)))
-        m_Private->ForceToShortcut(menuID, GetAllMenuElementsInternal());
+        m_Private->ForceToShortcut(menuID, SnapshotInternal());
 }
 
+// A menu that asks for it is hidden for good too: otherwise it would come back as a shortcut with the next
+// change.
 void TMenuManager::HandleHideMenu(int menuID)
 {
     Q_ASSERT(IsHeldForWriting(&m_Lock));
-    m_Private->HideMenu(menuID, true, GetAllMenuElementsInternal());
+    m_Private->HideMenu(menuID, true, SnapshotInternal());
 }
 
 void TMenuManager::HandleShowMenu(int menuID)
@@ -508,7 +540,7 @@ void TMenuManager::HandleShowMenu(int menuID)
 void TMenuManager::HandleHideAllMenus()
 {
     Q_ASSERT(IsHeldForWriting(&m_Lock));
-    m_Private->HideAll(GetAllMenuElementsInternal());
+    m_Private->HideAll(SnapshotInternal());
 }
 
 void TMenuManager::HandleElementListChanged(int menuID)
@@ -521,13 +553,13 @@ void TMenuManager::HandleElementStateChanged(int menuID)
 {
     Q_ASSERT(IsHeldForWriting(&m_Lock));
     if (m_Private->IsKnown(menuID))
-        m_Private->UpdateFromElements(CloneInternal(menuID), GetAllMenuElementsInternal());
+        m_Private->UpdateFromElements(CloneInternal(menuID), SnapshotInternal());
 }
 
 void TMenuManager::HandleMenusEnabledChanged(bool enabled, bool hide)
 {
     Q_ASSERT(IsHeldForWriting(&m_Lock));
-    m_Private->SetMenusEnabled(enabled, hide, GetAllMenuElementsInternal());
+    m_Private->SetMenusEnabled(enabled, hide, SnapshotInternal());
 }
 
 bool TMenuManager::HandleElementActivated(int menuID, int elementID)
@@ -538,8 +570,8 @@ bool TMenuManager::HandleElementActivated(int menuID, int elementID)
         return false;
     EElementHideMode const mode = menu->GetElement(elementID).GetActivationConfig().GetHideMode();
     if (mode == ELEMENT_HIDE_MENU)
-        m_Private->HideMenu(menuID, false, GetAllMenuElementsInternal());
+        m_Private->HideMenu(menuID, false, SnapshotInternal());
     else if (mode == ELEMENT_HIDE_ALL)
-        m_Private->HideAll(GetAllMenuElementsInternal());
+        m_Private->HideAll(SnapshotInternal());
     return mode == ELEMENT_HIDE_MENU || mode == ELEMENT_HIDE_ALL;
 }

@@ -14,6 +14,7 @@
 class QRecursiveMutex;
 class TMenuManagerPrivate;
 class TMenuNotices;
+class TMenuSnapshot;
 class TMenuState;
 
 /// Decides which of the modules' menus are open: the root menu, those opened from elements of others, and
@@ -21,8 +22,9 @@ class TMenuState;
 /// asks for snapshots. There is one in a process.
 ///
 /// Any thread may call it. What menus tell is looked at from the event loop of the manager's thread, changes
-/// that come together at once. Its signals go out with no lock held, and so do those of the menus. An id that
-/// is negative or unknown is ignored.
+/// that come together at once. Its signals go out with its lock free, and so do those of the menus. While
+/// menus emit theirs or refresh themselves, calls of other threads that add, remove, switch or activate wait:
+/// do not wait for another thread there. An id that is negative or unknown is ignored.
 class COMMONUILIB_EXPORT TMenuManager : public QObject
 {
     Q_OBJECT
@@ -51,7 +53,7 @@ public:
 
     /// Gives the id of the menu, -1 for null, and emits MenuListChanged(). The menu is brought up to date by
     /// its RefreshMenu(). It stays the caller's own: it is removed before it dies, or dies in the manager's
-    /// thread. One that was added before keeps its id.
+    /// thread while no other thread calls the manager. One that was added before keeps its id.
     int AddMenu(TMenuState* menu);
     /// Closes and forgets the menu and emits MenuListChanged(). When it returns no other thread is in the
     /// menu on the manager's behalf.
@@ -69,7 +71,7 @@ public:
     /// hide by its hide mode, with MenuStateChanged().
     void ElementActivated(int menuID, int elementID);
 
-    // Each emits MenuStateChanged().
+    // Each emits MenuStateChanged(), but for an unknown id.
     /// As the operator wishes: the menu does not come back as a shortcut by itself.
     void HideMenu(int menuID);
     /// The menu opens from nowhere, beside what is open.
@@ -98,7 +100,7 @@ public Q_SLOTS:
     /// Emits ElementListChanged().
     void OnElementListChanged(int menuID);
     /// Emits ElementStateChanged() if there is anything to report, and MenuStateChanged() if menus have
-    /// opened or closed by it.
+    /// opened or closed by it, or stand elsewhere.
     void OnElementStateChanged(int menuID);
 
 protected:
@@ -120,7 +122,8 @@ protected:
     TMenuState* GetMenuInternal(int menuID) const;
     std::vector<TMenuStateCopy> GetAllMenuElementsInternal() const;
 
-    /// All elements of the menu count as reported then. Called with no lock held.
+    /// Emits ElementStateChanged() if an element is dirty, or a snapshot showed one that has gone back to
+    /// what was reported before. All elements of the menu count as reported then. Called with no lock held.
     void EmitElementStateChangedIfDirty(int menuID);
 
 private:
@@ -128,18 +131,22 @@ private:
     {
         int id;
         TMenuState* menu;
+        unsigned decided; // the revision of the menu that the last look saw
     };
 
     std::vector<TEntry>::const_iterator Find(int menuID) const;
+    std::vector<TEntry>::iterator Find(int menuID);
+    std::vector<int> GetMenuIDs() const;
     int FindID(TMenuState const* menu) const;
     void Register(int menuID, TMenuState* menu);
     bool Start(int menuID, TMenuState* menu);
     void Connect(int menuID, TMenuState* menu);
-    void PostLook(int menuID);
+    auto Looker(int menuID);
     template<typename TDecision>
     void Decide(TDecision decision);
     void OnMenuDestroyed(int menuID);
     TMenuStateCopy CloneInternal(int menuID) const;
+    TMenuSnapshot SnapshotInternal() const;
 
     std::unique_ptr<TMenuManagerPrivate> m_Private;
     std::vector<TEntry> m_Menus;

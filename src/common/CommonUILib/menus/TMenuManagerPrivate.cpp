@@ -1,5 +1,7 @@
 #include "TMenuManagerPrivate.h"
 
+#include <algorithm>
+
 TMenuManagerPrivate::TMenuManagerPrivate(bool keepsRoot)
     : m_KeepsRoot(keepsRoot)
 {
@@ -22,6 +24,24 @@ TMenuDisplayState TMenuManagerPrivate::GetState(int menuID) const
     return found == m_States.end() ? TMenuDisplayState() : found->second;
 }
 
+bool TMenuManagerPrivate::TOpenMenu::operator==(TOpenMenu const& other) const
+{
+    return id == other.id && parentMenuID == other.parentMenuID && parentElementID == other.parentElementID &&
+           isForcedShortcut == other.isForcedShortcut;
+}
+
+std::vector<TMenuManagerPrivate::TOpenMenu> TMenuManagerPrivate::GetOpenMenus() const
+{
+    std::vector<TOpenMenu> menus;
+    menus.reserve(m_ShownOrder.size());
+    for (int const id : m_ShownOrder)
+    {
+        TMenuDisplayState const& state = m_States.at(id);
+        menus.push_back({id, state.parentMenuID, state.parentElementID, state.isForcedShortcut});
+    }
+    return menus;
+}
+
 void TMenuManagerPrivate::AddMenu(int menuID)
 {
     TMenuDisplayState state;
@@ -29,6 +49,7 @@ void TMenuManagerPrivate::AddMenu(int menuID)
     if (state.isShown)
         m_ShownOrder << menuID;
     m_States.emplace(menuID, state);
+    ++m_Revision;
 }
 
 void TMenuManagerPrivate::RemoveMenu(int menuID, Elements const& elements)
@@ -36,6 +57,7 @@ void TMenuManagerPrivate::RemoveMenu(int menuID, Elements const& elements)
     if (IsShown(menuID))
         HideMenu(menuID, false, elements);
     m_States.erase(menuID);
+    ++m_Revision;
 }
 
 void TMenuManagerPrivate::ShowMenu(int menuID, int parentMenuID, int parentElementID, bool keepOpenChildren,
@@ -44,6 +66,7 @@ void TMenuManagerPrivate::ShowMenu(int menuID, int parentMenuID, int parentEleme
     auto const found = m_States.find(menuID);
     if (found == m_States.end())
         return;
+    ++m_Revision;
     HideAllChildren(parentMenuID, !keepOpenChildren);
     auto const parent = m_States.find(parentMenuID);
     if (parent != m_States.end())
@@ -92,6 +115,7 @@ void TMenuManagerPrivate::RecursiveHide(int menuID)
 // It may have been opened from one menu after another, and stand with each of them.
 void TMenuManagerPrivate::TakeOut(int menuID)
 {
+    ++m_Revision;
     for (auto& other : m_States)
         other.second.children.remove(menuID);
     m_ShownOrder.removeAll(menuID);
@@ -118,6 +142,7 @@ void TMenuManagerPrivate::HideAll(Elements const& elements)
         // A menu may have led back to it.
         for (auto& other : m_States)
             other.second.children.remove(m_RootMenuID);
+        ++m_Revision;
     }
     HideAllChildren(m_RootMenuID, true);
     // Those that were opened from nowhere are no children of the root.
@@ -144,6 +169,7 @@ void TMenuManagerPrivate::ForceToShortcut(int menuID, Elements const& elements)
     auto const found = m_States.find(menuID);
     if (found == m_States.end())
         return;
+    ++m_Revision;
     found->second.isForcedShortcut = true;
     found->second.isClosedByUser = false;
     EnsureShortcuts(elements);
@@ -151,13 +177,31 @@ void TMenuManagerPrivate::ForceToShortcut(int menuID, Elements const& elements)
 
 void TMenuManagerPrivate::EnsureShortcuts(Elements const& elements)
 {
-    if (!m_MenusEnabled)
+    if (!m_MenusEnabled || IsSettled(elements))
         return;
-    for (TMenuStateCopy const& menu : elements)
+    unsigned const before = m_Revision;
+    for (TMenuStateCopy const& menu : elements.Get())
     {
         if (!HasOpenChild(menu))
             EnsureShortcutsOf(menu);
     }
+    m_Settled.reset();
+    if (m_Revision == before && elements.GetRevision())
+        m_Settled.emplace(before, *elements.GetRevision());
+}
+
+bool TMenuManagerPrivate::IsSettled(Elements const& elements) const
+{
+    if (m_Settled && elements.GetRevision() &&
+        *m_Settled == std::make_pair(m_Revision, *elements.GetRevision()))
+        return true;
+    return std::none_of(m_States.begin(), m_States.end(),
+                        [](auto const& one) { return MayOpenAsShortcut(one.second); });
+}
+
+bool TMenuManagerPrivate::MayOpenAsShortcut(TMenuDisplayState const& state)
+{
+    return !state.shortcutIDs.isEmpty() && !state.isClosedByUser;
 }
 
 // One that stands open as a shortcut does not count: others may join it.
@@ -183,7 +227,7 @@ void TMenuManagerPrivate::EnsureShortcutsOf(TMenuStateCopy const& menu)
         auto const found = m_States.find(target);
         if (!element.IsVisible() || found == m_States.end())
             continue;
-        if (!found->second.shortcutIDs.isEmpty() && !found->second.isClosedByUser)
+        if (MayOpenAsShortcut(found->second))
             ShowMenu(target, menu.menuID, element.GetID(), true, false);
     }
 }
@@ -209,6 +253,7 @@ void TMenuManagerPrivate::UpdateFromElements(TMenuStateCopy const& menu, Element
         HideMenu(menu.menuID, false, elements);
     if (state.shortcutIDs != shortcutIDs)
     {
+        ++m_Revision;
         state.isForcedShortcut = state.isShown;
         HideAllChildren(menu.menuID, true);
         state.shortcutIDs = shortcutIDs;

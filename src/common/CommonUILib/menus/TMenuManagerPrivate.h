@@ -2,21 +2,23 @@
 
 #include "CommonUILibExport.h"
 #include "TMenuDisplayState.h"
-#include "TMenuStateCopy.h"
+#include "TMenuSnapshot.h"
 
 #include <QList>
 
 #include <map>
+#include <optional>
+#include <utility>
 #include <vector>
 
 /// Which menus are open, and through which other menus: the decisions of TMenuManager, without its lock, its
-/// signals and its menus. The menus' elements come as a snapshot.
+/// signals and its menus. The menus' elements come as a snapshot, which may be a list of their copies.
 ///
 /// Menus may lead to each other in a circle, and to themselves: none of the walks goes round twice.
 class COMMONUILIB_EXPORT TMenuManagerPrivate
 {
 public:
-    using Elements = std::vector<TMenuStateCopy>;
+    using Elements = TMenuSnapshot;
 
     /// With \a keepsRoot HideAll() leaves the root menu open.
     explicit TMenuManagerPrivate(bool keepsRoot);
@@ -27,6 +29,18 @@ public:
     TMenuDisplayState GetState(int menuID) const;
     /// The open menus; the one that was shown last stands last.
     QList<int> const& GetShownOrder() const { return m_ShownOrder; }
+    /// An open menu as the display has to know it.
+    struct TOpenMenu
+    {
+        int id;
+        int parentMenuID;
+        int parentElementID;
+        bool isForcedShortcut;
+
+        bool operator==(TOpenMenu const& other) const;
+    };
+    /// In the order of GetShownOrder().
+    std::vector<TOpenMenu> GetOpenMenus() const;
     int GetRootMenuID() const { return m_RootMenuID; }
     bool AreMenusEnabled() const { return m_MenusEnabled; }
 
@@ -56,8 +70,10 @@ public:
 
 private:
     void RecursiveHide(int menuID);
-    void TakeOut(int menuID);
+    bool IsSettled(Elements const& elements) const;
+    static bool MayOpenAsShortcut(TMenuDisplayState const& state);
     void EnsureShortcutsOf(TMenuStateCopy const& menu);
+    void TakeOut(int menuID);
     bool HasOpenChild(TMenuStateCopy const& menu) const;
 
     std::map<int, TMenuDisplayState> m_States;
@@ -65,4 +81,8 @@ private:
     bool const m_KeepsRoot;
     int m_RootMenuID = -1;
     bool m_MenusEnabled = true;
+    // Counts the changes of the states. The shortcuts are settled if the last search for some opened none,
+    // and neither the states nor the menus have changed since.
+    unsigned m_Revision = 0;
+    std::optional<std::pair<unsigned, quint64>> m_Settled;
 };

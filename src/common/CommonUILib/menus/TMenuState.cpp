@@ -19,6 +19,13 @@ auto FindElement(TElements& elements, int id)
                         [id](TElementState const& element) { return element.GetID() == id; });
 }
 
+// Whether both have the same part in opening and closing menus.
+bool LeadsAlike(TElementState const& one, TElementState const& other)
+{
+    return one.IsVisible() == other.IsVisible() && one.IsShortcut() == other.IsShortcut() &&
+           one.GetActivationConfig().GetMenuToToggle() == other.GetActivationConfig().GetMenuToToggle();
+}
+
 // Queued, so that the slot runs outside the menu's lock and in the thread of its object.
 void CallSlot(TActivationConfig const& config)
 {
@@ -77,6 +84,10 @@ std::vector<TElementState> TMenuState::GetElementsState() const
 TMenuStateCopy TMenuState::Clone() const
 {
     QReadLocker const locker(&m_Lock);
+    // The first such snapshot is the one that may have to be corrected.
+    unsigned none = m_ReportedRevision;
+    if (m_Revision != none)
+        m_ShownRevision.compare_exchange_strong(none, m_Revision);
     return {m_MenuID, m_Name, m_Elements};
 }
 
@@ -115,6 +126,7 @@ int TMenuState::InsertElementInternal(int position, TElementState const& element
     auto const inserted = m_Elements.insert(m_Elements.begin() + place, element);
     inserted->SetID(id);
     HandleElementAdded(*inserted);
+    ++m_LeadsRevision;
     return id;
 }
 
@@ -125,6 +137,7 @@ void TMenuState::RemoveElement(int id)
     if (found == m_Elements.end())
         return;
     m_Elements.erase(found);
+    ++m_LeadsRevision;
     int const menuID = m_MenuID;
     locker.unlock();
     Q_EMIT ElementListChanged(menuID);
@@ -138,12 +151,22 @@ void TMenuState::SetElement(TElementState const& element)
     auto const found = FindElement(m_Elements, element.GetID());
     if (found == m_Elements.end())
         return;
-    found->SetCurrent(element);
+    Change(*found, element);
     bool const isDirty = found->IsDirty();
     int const menuID = m_MenuID;
     locker.unlock();
     if (isDirty)
         Q_EMIT ElementStateChanged(menuID);
+}
+
+void TMenuState::Change(TElementState& element, TElementState const& values)
+{
+    if (!(element != values))
+        return;
+    ++m_Revision;
+    if (!LeadsAlike(element, values))
+        ++m_LeadsRevision;
+    element.SetCurrent(values);
 }
 
 void TMenuState::CleanElements()
@@ -157,6 +180,22 @@ void TMenuState::CleanElementsInternal()
     Q_ASSERT(IsHeldForWriting(&m_Lock));
     for (TElementState& element : m_Elements)
         element.Clean();
+}
+
+// In one step: what a thread changes afterwards is dirty again. A value that was shown and has gone back
+// since is not dirty, and nobody would ever tell of it.
+bool TMenuState::TakeChanges(unsigned& leadsRevision)
+{
+    QWriteLocker const locker(&m_Lock);
+    bool const isShownWrong = m_ShownRevision != m_ReportedRevision && m_ShownRevision != m_Revision;
+    bool const isDirty = std::any_of(m_Elements.begin(), m_Elements.end(),
+                                     [](TElementState const& element) { return element.IsDirty(); });
+    if (isDirty)
+        CleanElementsInternal();
+    m_ReportedRevision = m_Revision;
+    m_ShownRevision = m_Revision;
+    leadsRevision = m_LeadsRevision;
+    return isDirty || isShownWrong;
 }
 
 void TMenuState::SetEnabled(bool enabled)
@@ -186,6 +225,9 @@ bool TMenuState::IsEnabledInternal() const
 std::vector<TElementState>& TMenuState::GetElementsInternal()
 {
     Q_ASSERT(IsHeldForWriting(&m_Lock));
+    // The caller may change anything.
+    ++m_Revision;
+    ++m_LeadsRevision;
     return m_Elements;
 }
 

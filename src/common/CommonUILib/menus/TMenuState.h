@@ -7,6 +7,7 @@
 #include <QReadWriteLock>
 #include <QString>
 
+#include <atomic>
 #include <vector>
 
 /// A menu as its module describes it: a list of elements in the order of the display. Hand it to
@@ -37,8 +38,14 @@ public:
     /// before that of a menu.
     QReadWriteLock* GetLock() const { return &m_Lock; }
 
-    /// The manager's business.
+    /// The manager's business, down to TakeChanges().
     void SetMenuID(int id);
+    /// Another number after each change that may open or close menus: of the list, or of what is visible, a
+    /// shortcut, or leads to a menu. Takes no lock.
+    unsigned GetLeadsRevision() const { return m_LeadsRevision; }
+    /// Whether there is anything to report of the elements, which count as reported then: one of them is
+    /// dirty, or a snapshot showed one that is as it was again. \a leadsRevision is the one that was found.
+    bool TakeChanges(unsigned& leadsRevision);
 
     /// Adds a copy of \a element at the end, respectively before the one at \a position, which is brought
     /// into the bounds. Gives the id of the copy, which no other element of this menu gets or has had, and
@@ -96,14 +103,24 @@ Q_SIGNALS:
 protected:
     /// \a element has its id and its place. The lock is held for writing.
     virtual void HandleElementAdded(TElementState& element);
-    /// A veto against activating an element. The lock is held: ask GetElementsInternal().
+    /// A veto against activating an element. The lock is held, and so is the manager's for an activation that
+    /// goes through it: ask GetElementsInternal(), and nothing of the manager.
     virtual bool CanInvoke(int elementID) const;
 
 private:
+    void Change(TElementState& element, TElementState const& values);
+
     std::vector<TElementState> m_Elements;
     QString const m_Name;
     int m_MenuID = -1;
     int m_NextElementID = 0;
     int m_DisableCount = 0;
     mutable QReadWriteLock m_Lock;
+    // Another number after each change of a value. A snapshot, which has the lock for reading, notes that it
+    // shows what was not reported.
+    unsigned m_Revision = 0;
+    unsigned m_ReportedRevision = 0;
+    mutable std::atomic<unsigned> m_ShownRevision{0};
+    // Changed under the lock.
+    std::atomic<unsigned> m_LeadsRevision{0};
 };
