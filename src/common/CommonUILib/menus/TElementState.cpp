@@ -32,17 +32,26 @@ TElementState::TElementState(TMMIDef const& mmiDef, TActivationConfig const& con
 {
 }
 
+// What is written to is this copy's alone. Qt would see that as well, but not that a thread which dropped its
+// copy a moment ago has finished reading it.
+TElementState::TShared& TElementState::Own()
+{
+    if (m_Shared.constData()->ref.loadAcquire() != 1)
+        m_Shared = new TShared(*m_Shared.constData());
+    return *m_Shared;
+}
+
 // What other copies share is left to them only if there is something to change.
 void TElementState::SetName(QString const& name)
 {
     if (GetName() != name)
-        m_Shared->name.current = name;
+        Own().name.current = name;
 }
 
 void TElementState::SetIconName(QString const& iconName)
 {
     if (GetIconName() != iconName)
-        m_Shared->iconName.current = iconName;
+        Own().iconName.current = iconName;
 }
 
 bool TElementState::operator!=(TElementState const& other) const
@@ -69,9 +78,10 @@ void TElementState::Clean()
     m_ControlID.Clean();
     if (!m_Shared.constData()->IsDirty())
         return;
-    m_Shared->config.Clean();
-    m_Shared->name.Clean();
-    m_Shared->iconName.Clean();
+    TShared& own = Own();
+    own.config.Clean();
+    own.name.Clean();
+    own.iconName.Clean();
 }
 
 void TElementState::SetCurrent(TElementState const& other)
@@ -83,7 +93,8 @@ void TElementState::SetCurrent(TElementState const& other)
     m_ControlID.current = other.m_ControlID.current;
     if (m_Shared.constData()->HasSameValues(*other.m_Shared))
         return;
-    m_Shared->config.SetCurrent(other.m_Shared->config);
-    m_Shared->name.current = other.m_Shared->name.current;
-    m_Shared->iconName.current = other.m_Shared->iconName.current;
+    TShared& own = Own();
+    own.config.SetCurrent(other.m_Shared->config);
+    own.name.current = other.m_Shared->name.current;
+    own.iconName.current = other.m_Shared->iconName.current;
 }

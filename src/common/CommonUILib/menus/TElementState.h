@@ -50,7 +50,7 @@ public:
     void SetShortcut(bool shortcut) { m_Shortcut.current = shortcut; }
     void SetControlID(int controlID) { m_ControlID.current = controlID; }
     /// Takes \a config as a whole: it counts as reported as far as it says so itself.
-    void SetActivationConfig(TActivationConfig const& config) { m_Shared->config = config; }
+    void SetActivationConfig(TActivationConfig const& config) { Own().config = config; }
 
     /// Whether the id or a current value differs. The definition for the wheel is not asked.
     bool operator!=(TElementState const& other) const;
@@ -77,6 +77,8 @@ private:
         TCleanValue<QString> iconName;
         TMMIDef mmiDef;
     };
+
+    TShared& Own();
 
     QSharedDataPointer<TShared> m_Shared;
     TCleanValue<bool> m_Enabled;
