@@ -45,10 +45,13 @@ TFunction* Next(char const* symbol)
 }
 
 #ifdef __SANITIZE_THREAD__
-constexpr unsigned ForReading = __tsan_mutex_read_lock;
-constexpr unsigned Recursive = __tsan_mutex_write_reentrant;
-constexpr unsigned Tried = __tsan_mutex_try_lock;
-constexpr unsigned TriedInVain = __tsan_mutex_try_lock_failed;
+enum EKind : unsigned
+{
+    ForReading = __tsan_mutex_read_lock,
+    Recursive = __tsan_mutex_write_reentrant,
+    Tried = __tsan_mutex_try_lock,
+    TriedInVain = __tsan_mutex_try_lock_failed
+};
 
 void BeforeLock(void* lock, unsigned kind)
 {
@@ -70,10 +73,13 @@ void AfterUnlock(void* lock, unsigned kind)
     __tsan_mutex_post_unlock(lock, kind);
 }
 #else
-constexpr unsigned ForReading = 1;
-constexpr unsigned Recursive = 0;
-constexpr unsigned Tried = 0;
-constexpr unsigned TriedInVain = 0;
+enum EKind : unsigned
+{
+    ForReading = 1,
+    Recursive = 0,
+    Tried = 0,
+    TriedInVain = 0
+};
 
 void BeforeLock(void*, unsigned) {}
 void AfterLock(void*, unsigned) {}
@@ -104,7 +110,7 @@ bool Try(void* lock, unsigned kind, bool (*acquire)(void*))
 {
     BeforeLock(lock, kind | Tried);
     bool const isAcquired = acquire(lock);
-    AfterLock(lock, kind | Tried | (isAcquired ? 0 : TriedInVain));
+    AfterLock(lock, isAcquired ? kind | Tried : kind | Tried | TriedInVain);
     return isAcquired;
 }
 

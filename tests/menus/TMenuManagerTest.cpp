@@ -299,6 +299,8 @@ private Q_SLOTS:
     void changesThatComeTogetherAreToldOnce();
     void eachElementThatComesOrGoesIsTold();
     void aFloodOfNoticesIsBounded();
+    void wishesThatComeTogetherCostNoLookAtOtherMenus();
+    void aForcedMenuWhoseElementsWentMeanwhileCloses();
     void whatTheDisplayReadIsToldOfEvenIfItWentBack();
     void aDecisionIsTakenAgainIfItsReasonWentMeanwhile();
     void anOpenMenuThatBecomesAShortcutIsTold();
@@ -766,6 +768,45 @@ void TMenuManagerTest::aFloodOfNoticesIsBounded()
             QCOMPARE(heard.count(QStringLiteral("state%1").arg(id)), Bound);
         }
     }
+}
+
+// Menus that wish to be seen and change all the time: what waits grows by the wishes, not by wishes times
+// menus.
+void TMenuManagerTest::wishesThatComeTogetherCostNoLookAtOtherMenus()
+{
+    constexpr int Wishes = 100;
+    TMenuStage stage(10);
+    for (auto const& menu : stage.menus)
+        menu->AddElement(TElementState());
+    Deliver();
+    stage.manager.looks = 0;
+    for (int wish = 1; wish <= Wishes; ++wish)
+    {
+        Q_EMIT stage.menus.at(0)->ForceToShortcut(0);
+        for (auto const& menu : stage.menus)
+        {
+            TElementState element = menu->GetElement(0);
+            element.SetControlID(wish);
+            menu->SetElement(element);
+        }
+    }
+    Deliver();
+    QCOMPARE(stage.manager.looks, Wishes + int(stage.menus.size()) - 1);
+}
+
+void TMenuManagerTest::aForcedMenuWhoseElementsWentMeanwhileCloses()
+{
+    TMenuStage stage(3);
+    stage.Do(QStringLiteral("lead 1 -1; short 1 0 1; show 1"));
+    TMenuState& menu = *stage.menus.at(1);
+    TElementState element = menu.GetElement(0);
+    element.SetName(QStringLiteral("new"));
+    menu.SetElement(element);
+    Q_EMIT menu.ForceToShortcut(1);
+    element.SetVisible(false);
+    menu.SetElement(element);
+    Deliver();
+    QCOMPARE(stage.Open(), QStringLiteral("0"));
 }
 
 // The value is not dirty any more, but somebody has seen it as it was.

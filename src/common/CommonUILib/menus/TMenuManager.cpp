@@ -288,15 +288,19 @@ void TMenuManager::Connect(int menuID, TMenuState* menu)
     connect(
         menu, &TMenuState::ToggleMenu, this,
         [this, notices](int target, int parent, int element)
-        { notices->Send([this, target, parent, element] { OnToggleMenu(target, parent, element); }); },
+        {
+            notices->Send({target, parent},
+                          [this, target, parent, element] { OnToggleMenu(target, parent, element); });
+        },
         Qt::DirectConnection);
     connect(
         menu, &TMenuState::ForceToShortcut, this,
-        [this, notices](int id) { notices->Send([this, id] { OnForceToShortcut(id); }); },
+        [this, notices](int id) { notices->Send({id}, [this, id] { OnForceToShortcut(id); }); },
         Qt::DirectConnection);
     connect(
         menu, &TMenuState::HideMenu, this,
-        [this, notices](int id) { notices->Send([this, id] { OnHideMenu(id); }); }, Qt::DirectConnection);
+        [this, notices](int id) { notices->Send({id}, [this, id] { OnHideMenu(id); }); },
+        Qt::DirectConnection);
 }
 
 void TMenuManager::RemoveMenu(int menuID)

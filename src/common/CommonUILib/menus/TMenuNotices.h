@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QPair>
 
+#include <initializer_list>
 #include <memory>
 #include <utility>
 
@@ -61,13 +62,14 @@ public:
             Qt::QueuedConnection);
     }
 
-    /// Calls \a command from the receiver's event loop. What is posted later is looked at after it, even if
-    /// the same waits before it: the look has to see what the command did.
+    /// Calls \a command from the receiver's event loop. It may open or close what the elements of \a menuIDs
+    /// lead to or show: what is posted of them later is looked at after it, even if the same waits before it.
     template<typename TCommand>
-    void Send(TCommand command)
+    void Send(std::initializer_list<int> menuIDs, TCommand command)
     {
         QMutexLocker const locker(&m_Mutex);
-        m_Waiting.clear();
+        for (int const menuID : menuIDs)
+            m_Waiting.remove({ELEMENT_STATE, menuID});
         if (m_Receiver)
             QMetaObject::invokeMethod(m_Receiver, std::move(command), Qt::QueuedConnection);
     }
