@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <functional>
 #include <limits>
 #include <random>
 #include <utility>
@@ -295,6 +296,7 @@ private Q_SLOTS:
     void removingAnUnknownMenuChangesNothingAndEmitsNothing();
     void aMenuIsShownAsAChildOfTheElementThatOpenedIt();
     void eachCallIsToldAfterwardsWithTheLockFree();
+    void whatAMenuTellsArrivesFromTheEventLoop();
     void handlersRunUnderTheLock();
     void changesThatComeTogetherAreToldOnce();
     void eachElementThatComesOrGoesIsTold();
@@ -531,6 +533,9 @@ TDecision const DECISIONS[] = {
      "0f"},
     {"remove: with its children", "lead 0 1; lead 1 2; press 0 0; press 1 0; remove 1", "0"},
     {"remove: an element that leads to it does nothing", "lead 0 1; remove 1; press 0 0", "0"},
+    {"remove: gives its place to another shortcut",
+     "lead 0 1; lead 0 2; lead 1 3; lead 2 3; menus 0 0; short 1 0 1; short 2 0 1; menus 1 0; remove 2",
+     "0 1"},
     {"remove: the root", "lead 0 1; press 0 0; remove 0", ""},
 };
 } // namespace
@@ -689,10 +694,41 @@ void TMenuManagerTest::eachCallIsToldAfterwardsWithTheLockFree()
         stage.Do(QString::fromLatin1(one.step));
         QCOMPARE(ear.Heard(), QString::fromLatin1(one.heard));
     }
-    Q_EMIT stage.menus.at(1)->HideMenu(1);
-    QCOMPARE(ear.Heard(), QString());
-    Deliver();
-    QCOMPARE(ear.Heard(), QStringLiteral("menus"));
+    TMenuState late{QString()};
+    stage.manager.AddMenu(&late);
+    stage.manager.SetRootMenuID(late.GetMenuID(), true);
+    QCOMPARE(ear.Heard(), QStringLiteral("list menus"));
+    QVERIFY(ear.wasAlwaysFree);
+}
+
+void TMenuManagerTest::whatAMenuTellsArrivesFromTheEventLoop()
+{
+    TMenuStage stage(2);
+    stage.Do(QStringLiteral("lead 1 -1"));
+    TManagerEar ear(stage.manager);
+    TMenuState& menu = *stage.menus.at(1);
+    TElementState element = menu.GetElement(0);
+    element.SetName(QStringLiteral("new"));
+    struct TCase
+    {
+        std::function<void()> tell;
+        char const* heard;
+    };
+    TCase const cases[] = {
+        {[&] { menu.AddElement(TElementState()); }, "elements1"},
+        {[&] { menu.SetElement(element); }, "state1"},
+        {[&] { menu.SetEnabled(false); }, "state1"},
+        {[&] { Q_EMIT menu.ToggleMenu(0, 1, 0); }, "menus"},
+        {[&] { Q_EMIT menu.ForceToShortcut(1); }, "menus"},
+        {[&] { Q_EMIT menu.HideMenu(1); }, "menus"},
+    };
+    for (TCase const& one : cases)
+    {
+        one.tell();
+        QCOMPARE(ear.Heard(), QString());
+        Deliver();
+        QCOMPARE(ear.Heard(), QString::fromLatin1(one.heard));
+    }
     QVERIFY(ear.wasAlwaysFree);
 }
 

@@ -52,12 +52,16 @@ void TMenuManagerPrivate::AddMenu(int menuID)
     ++m_Revision;
 }
 
+// It goes before the shortcuts come back, so that its place is free for another one.
 void TMenuManagerPrivate::RemoveMenu(int menuID, Elements const& elements)
 {
-    if (IsShown(menuID))
-        HideMenu(menuID, false, elements);
+    bool const wasShown = IsShown(menuID);
+    if (wasShown)
+        RecursiveHide(menuID);
     m_States.erase(menuID);
     ++m_Revision;
+    if (wasShown)
+        EnsureShortcuts(elements);
 }
 
 void TMenuManagerPrivate::ShowMenu(int menuID, int parentMenuID, int parentElementID, bool keepOpenChildren,
