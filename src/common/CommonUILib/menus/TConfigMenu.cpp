@@ -360,11 +360,9 @@ bool TConfigMenu::Page(int step)
     return true;
 }
 
-// A hidden element that was stepped onto is not entered.
 bool TConfigMenu::PageSelected(int step)
 {
-    ElementDetails const* const selected = DetailsAt(m_SelectedIndex);
-    TConfigMenu* const subMenu = selected && selected->IsShown() ? selected->m_SubMenu : nullptr;
+    TConfigMenu* const subMenu = SubMenuAt(m_SelectedIndex);
     return subMenu && !subMenu->m_IsSingleItemMenu && subMenu->Page(step);
 }
 
@@ -378,7 +376,7 @@ int TConfigMenu::NextShown(int index, int step) const
     return -1;
 }
 
-// Over a hidden element. That only the way back tells of it is deliberate.
+// A hidden element, which is not entered. That only the way back tells of it is deliberate.
 void TConfigMenu::StepOnto(int index, int step)
 {
     QPointer<TConfigMenu> const self(this);
