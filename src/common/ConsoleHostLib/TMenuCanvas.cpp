@@ -32,10 +32,10 @@ TCanvasMenuDisplay* TMenuCanvas::GetMenuDisplay() const
 void TMenuCanvas::childEvent(QChildEvent* event)
 {
     TCanvas::childEvent(event);
-    auto* const window =
-        event->added() || event->polished() ? qobject_cast<TFullWindow*>(event->child()) : nullptr;
-    if (!window || !m_Display)
+    bool const isFullWindow = event->child()->metaObject()->inherits(&TFullWindow::staticMetaObject);
+    if (event->removed() || !isFullWindow || !m_Display)
         return;
+    auto* const window = static_cast<QWidget*>(event->child());
     m_Display->StackAbove(window);
     window->installEventFilter(this);
 }
