@@ -50,7 +50,7 @@ std::int64_t Now()
 std::array<std::atomic<std::int64_t>, Menus> unseenSince;
 
 /// Counts how many events of the menus waited when the event loop came to them: it goes through those that
-/// it finds, and no further.
+/// it finds, and no further. A manager gets no others.
 class TCountingManager : public TMenuManager
 {
 public:
@@ -66,11 +66,8 @@ public:
 protected:
     bool event(QEvent* event) override
     {
-        if (event->type() == QEvent::MetaCall)
-        {
-            ++delivered;
-            ++m_InRound;
-        }
+        ++delivered;
+        ++m_InRound;
         return TMenuManager::event(event);
     }
 
