@@ -536,6 +536,8 @@ TDecision const DECISIONS[] = {
     {"remove: gives its place to another shortcut",
      "lead 0 1; lead 0 2; lead 1 3; lead 2 3; menus 0 0; short 1 0 1; short 2 0 1; menus 1 0; remove 2",
      "0 1"},
+    {"remove: a closed one with a shortcut that stayed open from it",
+     "lead 0 1; lead 1 2; lead 2 3; short 2 0 1; show 1; hide 1; remove 1", "0"},
     {"remove: the root", "lead 0 1; press 0 0; remove 0", ""},
 };
 } // namespace

@@ -283,8 +283,11 @@ private:
             return;
         TModelMenu& menu = menus.at(id);
         menu.known = false;
-        if (menu.shown)
-            Close(id, false);
+        if (menu.shown || !menu.children.empty())
+        {
+            TakeAway(id);
+            OpenShortcuts();
+        }
         int const disabled = menu.disabled - (m_Enabled || menu.disabled == 0 ? 0 : 1);
         std::vector<TModelElement> const elements = menu.elements;
         menu = TModelMenu();

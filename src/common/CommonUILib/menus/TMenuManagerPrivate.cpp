@@ -52,15 +52,15 @@ void TMenuManagerPrivate::AddMenu(int menuID)
     ++m_Revision;
 }
 
-// It goes before the shortcuts come back, so that its place is free for another one.
+// It goes before the shortcuts come back, so that its place is free for another one. A closed menu may have
+// open children too: shortcuts that came back from it while it closed.
 void TMenuManagerPrivate::RemoveMenu(int menuID, Elements const& elements)
 {
-    bool const wasShown = IsShown(menuID);
-    if (wasShown)
-        RecursiveHide(menuID);
+    int const openBefore = m_ShownOrder.size();
+    RecursiveHide(menuID);
     m_States.erase(menuID);
     ++m_Revision;
-    if (wasShown)
+    if (m_ShownOrder.size() != openBefore)
         EnsureShortcuts(elements);
 }
 
