@@ -46,7 +46,7 @@ public:
             0, 0, *screen->GetPixmapManager()->GetResizedPixmap(name, element->width(), element->height()));
         painter.setFont(CONDENSED_BOLD_FONT);
         KVN::RenderUtils::RenderTextInsideRect(&painter, element->rect().adjusted(9, 9, -9, -9), 132,
-                                               element->GetText(), qMax(14, element->height() / 5),
+                                               element->GetText(), qMax(14, int(element->height() * 0.18)),
                                                MINIMUM_FONT_SIZE, regularButtonTextColor, false, true, true,
                                                true, false);
         painter.end();

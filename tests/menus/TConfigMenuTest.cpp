@@ -511,6 +511,8 @@ void TConfigMenuTest::aScreenIsShownBeforeItsElementIsSelected()
             });
     tree.Click("Display");
     tree.Click("Units");
+    // Its neighbours overlap it no more.
+    QCOMPARE(tree.display->children().last(), tree.Element("Units"));
     QVERIFY(!wasSelected);
     QVERIFY(isSelected);
     QCOMPARE(shown, QStringLiteral("/Units"));

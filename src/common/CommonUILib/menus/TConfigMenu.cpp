@@ -489,7 +489,10 @@ void TConfigMenu::FinishSelection(int id)
         return;
     LookUnselected(m_SelectedIndex);
     if (TConfigMenuElement* const element = GetElementByIndex(index))
+    {
         element->SetSelected(true);
+        element->raise(); // its neighbours overlap it
+    }
     m_SelectedIndex = index;
     if (m_PendingIndex == index)
         m_PendingIndex = -1;

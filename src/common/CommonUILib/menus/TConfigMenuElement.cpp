@@ -17,7 +17,7 @@ constexpr int TextFlags = Qt::AlignHCenter | Qt::AlignVCenter; // 132
 constexpr int TextInset = 9;
 // Of the room within the insets.
 constexpr double IconShare = 0.6;
-constexpr int HeightOfText = 5; // times its size
+constexpr double TextShare = 0.18; // of the height of the element
 constexpr float DisabledOpacity = 0.5F;
 } // namespace
 
@@ -149,7 +149,7 @@ QRect TConfigMenuElement::TextRect() const
 
 int TConfigMenuElement::TextSize() const
 {
-    return qMax(STANDARD_FONT_SIZE, height() / HeightOfText);
+    return qMax(STANDARD_FONT_SIZE, int(height() * TextShare));
 }
 
 void TConfigMenuElement::FitPictures()
