@@ -5,6 +5,8 @@
 #include "TMMIHighlightWidget.h"
 #include "TPushButton.h"
 #include "TScreen.h"
+#include "TSetupMenu.h"
+#include "TSetupModule.h"
 #include "TVirtualOperator.h"
 #include "TVirtualTime.h"
 #include "TWindowManager.h"
@@ -86,6 +88,21 @@ struct TStage
                 return button;
         }
         return nullptr;
+    }
+    TSetupMenu* SetupMenu() const { return console.Screen()->findChild<TSetupMenu*>(); }
+    /// Brings the setup up, if it is not, and presses through the levels of its menu to the screen \a path.
+    bool OpenSetup(QString const& path)
+    {
+        if (Manager()->GetFullViewId() != IdOf(TSetupModule::Id()))
+            Tap(SpecialButton(TSetupModule::Id()));
+        int end = 0;
+        do
+        {
+            end = path.indexOf(QLatin1Char('/'), end + 1);
+            if (!Tap(Button(QStringLiteral("setup/") + path.left(end))))
+                return false;
+        } while (end >= 0 && SetupMenu()->Screen() != path);
+        return SetupMenu()->Screen() == path;
     }
     bool Tap(TPushButton* button)
     {

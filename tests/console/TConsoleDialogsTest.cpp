@@ -1,5 +1,6 @@
 #include "ConfigManager.h"
 #include "ConsoleStage.h"
+#include "SetupScreens.h"
 #include "TCalibrationWindow.h"
 #include "TDialPages.h"
 #include "TestCase.h"
@@ -168,8 +169,7 @@ private Q_SLOTS:
         QTemporaryDir folder;
         {
             TStage stage(folder.path());
-            QVERIFY(stage.Tap(stage.SpecialButton(TSetupModule::Id())));
-            QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-page-3"))));
+            QVERIFY(stage.OpenSetup(QLatin1String(SetupScreens::Equipment)));
             auto* const page = Shown<TMachinePage>(stage);
             QVERIFY(page);
             QVERIFY(page->verticalScrollBar()->maximum() > 0);
@@ -177,11 +177,11 @@ private Q_SLOTS:
             for (int drag = 0; drag < 5; ++drag)
                 stage.finger.Drag(middle + QPoint(-330, 150), middle + QPoint(-330, -150), 10);
             QCOMPARE(page->verticalScrollBar()->value(), page->verticalScrollBar()->maximum());
-            QVERIFY(stage.Tap(stage.Button(QStringLiteral("5 cm"))));
+            QVERIFY(stage.Tap(stage.Button(QStringLiteral("Strong"))));
             QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-tick-larger"))));
         }
         TStage stage(folder.path());
-        QCOMPARE(ConfigManager::Instance()->Read(90010).toInt(), 1);
+        QCOMPARE(ConfigManager::Instance()->Read(90006).toInt(), 1);
     }
 };
 

@@ -1,6 +1,7 @@
 #include "ConfigManager.h"
 #include "ConsoleSettings.h"
 #include "ConsoleStage.h"
+#include "SetupScreens.h"
 #include "TDiagnosticsModule.h"
 #include "TDial.h"
 #include "TEditButton.h"
@@ -11,10 +12,10 @@
 #include "TLightBar.h"
 #include "TMachineSetupWindow.h"
 #include "TMessageDialog.h"
+#include "TSectionsPage.h"
 #include "TSelectWidget.h"
 #include "TSetupModule.h"
 #include "TSprayerModule.h"
-#include "TSprayerPage.h"
 #include "TTablePanel.h"
 #include "TTankGauge.h"
 #include "TTextEditWidget.h"
@@ -29,13 +30,6 @@
 
 namespace
 {
-enum EPage
-{
-    PAGE_DISPLAY = 1,
-    PAGE_SPRAYER = 4,
-    PAGE_JOB = 5
-};
-
 /// A started console whose setup shows a page.
 struct TSetupStage : TStage
 {
@@ -43,33 +37,44 @@ struct TSetupStage : TStage
         : TStage(folder)
     {
     }
-    TSetupStage(QString const& folder, int page)
+    TSetupStage(QString const& folder, QString const& screen)
         : TStage(folder)
     {
-        OpenByTouch(page);
+        OpenSetup(screen);
     }
 
-    static QString NameOfPage(int page) { return QStringLiteral("setup-page-%1").arg(page); }
-    bool OpenByTouch(int page)
-    {
-        if (Manager()->GetFullViewId() != IdOf(TSetupModule::Id()))
-            Tap(SpecialButton(TSetupModule::Id()));
-        return Tap(Button(NameOfPage(page)));
-    }
-    bool OpenByWheel(int page)
+    /// Pages through the screens of the menu to the one that was asked for, and leaves the menu.
+    bool OpenByWheel(QString const& screen)
     {
         GoBackToTheScreen();
         // The setup's button stands below the bar, in a group of its own.
         if (!TurnTo(SpecialButton(TSetupModule::Id())->parentWidget()))
             return false;
         Enter();
-        return EnterByWheel(SpecialButton(TSetupModule::Id())) && EnterByWheel(Button(NameOfPage(page)));
+        if (!EnterByWheel(SpecialButton(TSetupModule::Id())) || !TurnTo(SetupMenu()))
+            return false;
+        Enter();
+        PageTo(screen, -1);
+        PageTo(screen, 1);
+        finger.Key(Qt::Key_Escape);
+        time.Pass(2 * SettleTime);
+        return SetupMenu()->Screen() == screen;
+    }
+    /// As far as the wheel goes that way.
+    void PageTo(QString const& screen, int step)
+    {
+        QString before;
+        while (SetupMenu()->Screen() != screen && SetupMenu()->Screen() != before)
+        {
+            before = SetupMenu()->Screen();
+            Turn(step);
+        }
     }
     /// Three ways out of a page that do not end its edits.
     void Leave(int way)
     {
         if (way == 0)
-            Button(NameOfPage(0))->click();
+            SetupMenu()->ShowScreen(QLatin1String(SetupScreens::Sound));
         else if (way == 1)
             ShowFull(TGuidanceModule::Id());
         else
@@ -97,7 +102,8 @@ struct TSetupStage : TStage
     /// Has the operator's name edited, and answers its button; null where it cannot be reached.
     TPushButton* OpenName(bool isByWheel)
     {
-        if (!(isByWheel ? OpenByWheel(PAGE_JOB) : OpenByTouch(PAGE_JOB)))
+        if (!(isByWheel ? OpenByWheel(QLatin1String(SetupScreens::Job))
+                        : OpenSetup(QLatin1String(SetupScreens::Job))))
             return nullptr;
         TPushButton* const name = Button(QStringLiteral("setup-operator"));
         return (isByWheel ? EnterByWheel(name) : Tap(name)) ? name : nullptr;
@@ -216,38 +222,38 @@ struct TSetupStage : TStage
 
 void ValueRows()
 {
-    QTest::addColumn<int>("page");
+    QTest::addColumn<QString>("page");
     QTest::addColumn<QString>("button");
     QTest::addColumn<int>("setting");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("known");
     QTest::addColumn<QString>("shown");
     QTest::addColumn<int>("steps"); // of the wheel; 0 where it walks over the keys
-    QTest::newRow("tank") << int(PAGE_SPRAYER) << "setup-tank" << int(ConsoleSettings::SETTING_TANK_SIZE)
+    QTest::newRow("tank") << SetupScreens::Tank << "setup-tank" << int(ConsoleSettings::SETTING_TANK_SIZE)
                           << "4150"
                           << "4150"
                           << "4150 L" << 23;
-    QTest::newRow("nozzle") << int(PAGE_SPRAYER) << "setup-nozzle"
+    QTest::newRow("nozzle") << SetupScreens::Nozzles << "setup-nozzle"
                             << int(ConsoleSettings::SETTING_NOZZLE_FLOW) << "1250"
                             << "1.25"
                             << "1250 mL/min" << 0;
-    QTest::newRow("first section") << int(PAGE_SPRAYER) << "setup-section-1"
+    QTest::newRow("first section") << SetupScreens::Sections << "setup-section-1"
                                    << int(ConsoleSettings::SETTING_SECTION_WIDTH) << "2.5"
                                    << "2.5"
                                    << "2.50 m" << -10;
-    QTest::newRow("last section") << int(PAGE_SPRAYER) << "setup-section-8"
+    QTest::newRow("last section") << SetupScreens::Sections << "setup-section-8"
                                   << ConsoleSettings::SETTING_SECTION_WIDTH + 7 << "4.05"
                                   << "4.05"
                                   << "4.05 m" << 21;
-    QTest::newRow("day") << int(PAGE_JOB) << "setup-start-day" << int(ConsoleSettings::SETTING_START_DAY)
+    QTest::newRow("day") << SetupScreens::Job << "setup-start-day" << int(ConsoleSettings::SETTING_START_DAY)
                          << "24/12/2025"
                          << "2025-12-24"
                          << "24/12/2025" << 0;
-    QTest::newRow("time") << int(PAGE_JOB) << "setup-start-time" << int(ConsoleSettings::SETTING_START_TIME)
-                          << "17:45"
+    QTest::newRow("time") << SetupScreens::Job << "setup-start-time"
+                          << int(ConsoleSettings::SETTING_START_TIME) << "17:45"
                           << "17.75"
                           << "17:45" << 0;
-    QTest::newRow("server") << int(PAGE_JOB) << "setup-server" << int(ConsoleSettings::SETTING_SERVER)
+    QTest::newRow("server") << SetupScreens::Job << "setup-server" << int(ConsoleSettings::SETTING_SERVER)
                             << "10.1.0.7"
                             << "10.1.0.7"
                             << "10.1.0.7" << 0;
@@ -264,7 +270,7 @@ private Q_SLOTS:
 
     void aValueIsEditedByTouch()
     {
-        QFETCH(int, page);
+        QFETCH(QString, page);
         QFETCH(QString, button);
         QFETCH(int, setting);
         QFETCH(QString, typed);
@@ -291,7 +297,7 @@ private Q_SLOTS:
 
     void aCancelledEditLeavesTheMachineAsItIs()
     {
-        QFETCH(int, page);
+        QFETCH(QString, page);
         QFETCH(QString, button);
         QFETCH(int, setting);
         QFETCH(QString, typed);
@@ -320,7 +326,7 @@ private Q_SLOTS:
 
     void aValueIsEditedByTheWheelAlone()
     {
-        QFETCH(int, page);
+        QFETCH(QString, page);
         QFETCH(QString, button);
         QFETCH(int, setting);
         QFETCH(QString, typed);
@@ -402,7 +408,7 @@ private Q_SLOTS:
             stage.Leave(way);
         stage.time.Pass(2 * SettleTime);
         QVERIFY(!stage.IsTextOpen() && stage.IsQuiet());
-        QVERIFY(stage.OpenByTouch(PAGE_JOB));
+        QVERIFY(stage.OpenSetup(QLatin1String(SetupScreens::Job)));
         QVERIFY(!stage.IsTextOpen() && stage.IsQuiet());
         QCOMPARE(name->GetText(), QStringLiteral("Eva"));
         QCOMPARE(stage.console.Job().Operator(), QStringLiteral("Eva"));
@@ -418,7 +424,7 @@ private Q_SLOTS:
     void aValueOutOfItsBoundsIsRefused()
     {
         QTemporaryDir folder;
-        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        TSetupStage stage(folder.path(), QLatin1String(SetupScreens::Tank));
         QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-tank"))));
         QVERIFY(stage.TypeOnPad(QStringLiteral("99999")));
         QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger")));
@@ -434,7 +440,7 @@ private Q_SLOTS:
     void aNozzleIsTypedInAnyUnit()
     {
         QTemporaryDir folder;
-        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        TSetupStage stage(folder.path(), QLatin1String(SetupScreens::Nozzles));
         QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-nozzle"))));
         auto* const edit = stage.Edit(QStringLiteral("setup-nozzle"))->GetEditWidget();
         auto* const pad = edit->findChild<TUnitsNumberPad*>();
@@ -451,7 +457,7 @@ private Q_SLOTS:
     void theWorkingWidthFollowsItsSections()
     {
         QTemporaryDir folder;
-        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        TSetupStage stage(folder.path(), QLatin1String(SetupScreens::Sections));
         auto* const width = stage.console.Screen()->findChild<TValueRow*>();
         QCOMPARE(width->Text(), QStringLiteral("24.00 m"));
         QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-section-4"))));
@@ -464,7 +470,7 @@ private Q_SLOTS:
     void theJobIsToldByTheDiagnostics()
     {
         QTemporaryDir folder;
-        TSetupStage stage(folder.path(), PAGE_JOB);
+        TSetupStage stage(folder.path(), QLatin1String(SetupScreens::Job));
         stage.console.Job().SetOperator(QStringLiteral("Anna"));
         QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-start-time"))));
         QVERIFY(stage.TypeOnPad(QStringLiteral("6:05")));
@@ -489,7 +495,8 @@ private Q_SLOTS:
         QFETCH(bool, isByWheel);
         QTemporaryDir folder;
         TSetupStage stage(folder.path());
-        QVERIFY(isByWheel ? stage.OpenByWheel(PAGE_DISPLAY) : stage.OpenByTouch(PAGE_DISPLAY));
+        QVERIFY(isByWheel ? stage.OpenByWheel(QLatin1String(SetupScreens::Units))
+                          : stage.OpenSetup(QLatin1String(SetupScreens::Units)));
         QVERIFY(stage.Choose(QStringLiteral("setup-units"), 2, isByWheel));
         QCOMPARE(int(TUnitSettings::Instance()->Choices().system), int(UNIT_SYSTEM_US));
         QCOMPARE(ConfigManager::Instance()->Read(CONFIG_UNIT_SYSTEM).toInt(), int(UNIT_SYSTEM_US));
@@ -505,7 +512,8 @@ private Q_SLOTS:
         QTemporaryDir folder;
         TSetupStage stage(folder.path());
         stage.console.Job().SetStartDay(double(QDate(2025, 12, 24).toJulianDay()));
-        QVERIFY(isByWheel ? stage.OpenByWheel(PAGE_DISPLAY) : stage.OpenByTouch(PAGE_DISPLAY));
+        QVERIFY(isByWheel ? stage.OpenByWheel(QLatin1String(SetupScreens::Language))
+                          : stage.OpenSetup(QLatin1String(SetupScreens::Language)));
         QVERIFY(stage.Choose(QStringLiteral("setup-language"), 2, isByWheel));
         QCOMPARE(ConfigManager::Instance()->Read(CONFIG_LOCALE).toString(), QStringLiteral("en_US"));
         QCOMPARE(stage.Shown(QStringLiteral("setup-start-day")), QStringLiteral("12/24/2025"));
@@ -524,7 +532,7 @@ private Q_SLOTS:
             TStage const stage(folder.path());
             ConfigManager::Instance()->Write(CONFIG_LOCALE, QStringLiteral("fi_FI"), true);
         }
-        TSetupStage stage(folder.path(), PAGE_DISPLAY);
+        TSetupStage stage(folder.path(), QLatin1String(SetupScreens::Language));
         QCOMPARE(stage.Shown(QStringLiteral("setup-language")), QStringLiteral("suomi"));
         QCOMPARE(ConfigManager::Instance()->Read(CONFIG_LOCALE).toString(), QStringLiteral("fi_FI"));
     }
@@ -532,7 +540,7 @@ private Q_SLOTS:
     void datesAndClockFollowTheirRows()
     {
         QTemporaryDir folder;
-        TSetupStage stage(folder.path(), PAGE_DISPLAY);
+        TSetupStage stage(folder.path(), QLatin1String(SetupScreens::Clock));
         stage.console.Job().SetStartDay(double(QDate(2025, 12, 24).toJulianDay()));
         stage.console.Job().SetStartTime(17.75);
         auto* const dates = stage.console.Screen()->findChild<TSelectWidget*>();
@@ -548,7 +556,7 @@ private Q_SLOTS:
     void theUnitSystemSwitchesEverythingAtOnce()
     {
         QTemporaryDir folder;
-        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        TSetupStage stage(folder.path(), QLatin1String(SetupScreens::Tank));
         stage.ShowFull(TSprayerModule::Id());
         stage.ShowFull(TGuidanceModule::Id());
         // What the views show is a little older than what they would show anew.
@@ -584,7 +592,7 @@ private Q_SLOTS:
     void aTankIsTypedInGallons()
     {
         QTemporaryDir folder;
-        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        TSetupStage stage(folder.path(), QLatin1String(SetupScreens::Tank));
         ConfigManager::Instance()->Write(CONFIG_UNIT_SYSTEM, int(UNIT_SYSTEM_US), false);
         QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-tank"))));
         QVERIFY(stage.TypeOnPad(QStringLiteral("1000")));
@@ -599,7 +607,7 @@ private Q_SLOTS:
 
     void anEditEndsWithItsPage()
     {
-        QFETCH(int, page);
+        QFETCH(QString, page);
         QFETCH(QString, button);
         QFETCH(int, setting);
         QFETCH(QString, typed);
@@ -614,7 +622,7 @@ private Q_SLOTS:
             QVERIFY(stage.TypeOnPad(typed.left(2)));
             stage.Leave(way);
             QVERIFY(stage.IsQuiet());
-            QVERIFY(stage.OpenByTouch(page));
+            QVERIFY(stage.OpenSetup(page));
             QVERIFY(stage.IsQuiet());
             QCOMPARE(stage.Edit(button)->GetText(), shown);
             QCOMPARE(stage.Known(setting), before);
@@ -624,40 +632,40 @@ private Q_SLOTS:
     void aListEndsWithItsPage()
     {
         QTemporaryDir folder;
-        TSetupStage stage(folder.path(), PAGE_DISPLAY);
+        TSetupStage stage(folder.path(), QLatin1String(SetupScreens::Units));
         QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-units"))));
         stage.Turn(1);
         QVERIFY(stage.IsEditOpen());
         stage.Leave(0);
         QVERIFY(stage.IsQuiet());
-        QVERIFY(stage.OpenByTouch(PAGE_DISPLAY));
+        QVERIFY(stage.OpenSetup(QLatin1String(SetupScreens::Units)));
         QCOMPARE(stage.Shown(QStringLiteral("setup-units")), QStringLiteral("Metric"));
     }
 
     void aSourceThatScrollsAwayTakesItsEditAlong()
     {
         QTemporaryDir folder;
-        TSetupStage stage(folder.path(), PAGE_SPRAYER);
-        auto* const page = stage.console.Screen()->findChild<TSprayerPage*>();
+        TSetupStage stage(folder.path(), QLatin1String(SetupScreens::Sections));
+        auto* const page = stage.console.Screen()->findChild<TSectionsPage*>();
         page->setFixedHeight(150);
         stage.time.Pass(SettleTime);
         QVERIFY(page->verticalScrollBar()->maximum() > 0);
-        QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-tank"))));
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-section-1"))));
         QVERIFY(stage.IsEditOpen());
         page->verticalScrollBar()->setValue(page->verticalScrollBar()->maximum());
         stage.time.Pass(SettleTime);
         page->verticalScrollBar()->setValue(0);
         stage.time.Pass(SettleTime);
-        QVERIFY(stage.TypeOnPad(QStringLiteral("700")));
+        QVERIFY(stage.TypeOnPad(QStringLiteral("2.5")));
         QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger")));
-        QCOMPARE(stage.console.Machine().TankSize(), 700.0);
+        QCOMPARE(stage.console.Machine().Boom().SectionWidth(0), 2.5);
         QVERIFY(stage.IsQuiet());
     }
 
     void aMachineThatChangesDoesNotDisturbTheOperator()
     {
         QTemporaryDir folder;
-        TSetupStage stage(folder.path(), PAGE_SPRAYER);
+        TSetupStage stage(folder.path(), QLatin1String(SetupScreens::Tank));
         QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-tank"))));
         stage.Turn(2);
         stage.console.Machine().SetTankSize(2000.0);
@@ -672,7 +680,7 @@ private Q_SLOTS:
 
     void aConsoleThatStopsTakesAnOpenEditAlong()
     {
-        QFETCH(int, page);
+        QFETCH(QString, page);
         QFETCH(QString, button);
         QTemporaryDir folder;
         TSetupStage stage(folder.path(), page);

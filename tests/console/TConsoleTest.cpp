@@ -2,6 +2,7 @@
 
 #include "ConfigManager.h"
 #include "ConsoleStage.h"
+#include "SetupScreens.h"
 #include "TCameraModule.h"
 #include "TCameraXVOverlayManager.h"
 #include "TConsoleOptions.h"
@@ -160,7 +161,7 @@ private Q_SLOTS:
             QVERIFY(stage.Tap(stage.SpecialButton(TSetupModule::Id())));
             QVERIFY(stage.Tap(stage.Button(QStringLiteral("Off"))));
             QVERIFY(!stage.Button(QStringLiteral("icon-plus-larger"))->isEnabled());
-            QVERIFY(stage.Tap(stage.Button(QStringLiteral("setup-page-1"))));
+            QVERIFY(stage.OpenSetup(QLatin1String(SetupScreens::Buttons)));
             QVERIFY(stage.Tap(stage.Button(QStringLiteral("Largest"))));
             QVERIFY(stage.Tap(stage.Button(QStringLiteral("icon-tick-larger"))));
             QCOMPARE(stage.NavigationButton(TCameraModule::Id())->height(), normalHeight * 3 / 2);

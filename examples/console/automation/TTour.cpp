@@ -1,6 +1,7 @@
 #include "TTour.h"
 
 #include "Metrics.h"
+#include "SetupScreens.h"
 #include "TCameraModule.h"
 #include "TConsole.h"
 #include "TDiagnosticsModule.h"
@@ -9,6 +10,7 @@
 #include "TOffScreenButtons.h"
 #include "TPushButton.h"
 #include "TScreen.h"
+#include "TSetupMenu.h"
 #include "TSetupModule.h"
 #include "TSprayerModule.h"
 #include "TSystemSettingsProxy.h"
@@ -225,36 +227,57 @@ void TTour::ShowSetup()
     Press(screen->GetSpecialNavigationButton(screen->GetNavButtonID(TSetupModule::Id())),
           QStringLiteral("the setup"));
     Settle();
-    Picture(QStringLiteral("setup-sound"));
-    PressButton(QStringLiteral("setup-page-1"));
-    Settle();
-    PressButton(QStringLiteral("Large"));
-    Settle();
-    Picture(QStringLiteral("setup-display"));
-    PressButton(QStringLiteral("setup-page-2"));
-    Settle();
-    Picture(QStringLiteral("setup-system"));
-    PressButton(QStringLiteral("setup-page-3"));
-    Settle();
-    Picture(QStringLiteral("setup-machine"));
+    ShowSetupScreens();
+    OpenSetup(QLatin1String(SetupScreens::Equipment));
     QPoint const middle(SCREEN_WIDTH / 2, SCREEN_HEIGHT / 2);
     m_Operator.Drag(middle, middle - QPoint(0, SCREEN_HEIGHT / 4), DragSteps);
     Settle();
-    Picture(QStringLiteral("setup-machine-scrolled"));
+    Picture(QStringLiteral("setup-implement-equipment-scrolled"));
     ShowSprayerSetup();
     ShowJobSetup();
     ShowUnits();
+    OpenSetup(QLatin1String(SetupScreens::Buttons));
+    PressButton(QStringLiteral("Large"));
     PressButton(QStringLiteral("icon-tick-larger"));
     Settle();
     Picture(QStringLiteral("large-buttons"));
     ShowSprayerInOtherUnits();
 }
 
+// Every one that this console has, and a row on its way.
+void TTour::ShowSetupScreens()
+{
+    auto* const menu = m_Console->Screen()->findChild<TSetupMenu*>();
+    auto const screens = menu->AvailableScreens();
+    for (QString const& screen : screens)
+    {
+        OpenSetup(screen);
+        Picture(QStringLiteral("setup-") + QString(screen).replace(QLatin1Char('/'), QLatin1Char('-')));
+    }
+    PressButton(QStringLiteral("setup/implement"));
+    m_Time->Pass(HalfSlide);
+    Picture(QStringLiteral("setup-rows-crossing"));
+    Settle();
+}
+
+// Level by level; a group of one screen shows that by itself.
+void TTour::OpenSetup(QString const& screen)
+{
+    auto const* const menu = m_Console->Screen()->findChild<TSetupMenu*>();
+    int end = 0;
+    do
+    {
+        end = screen.indexOf(QLatin1Char('/'), end + 1);
+        PressButton(QStringLiteral("setup/") + screen.left(end));
+        Settle();
+    } while (end >= 0 && menu->Screen() != screen);
+    if (menu->Screen() != screen)
+        Fail(QStringLiteral("the setup shows %1 in place of %2").arg(menu->Screen(), screen));
+}
+
 void TTour::ShowSprayerSetup()
 {
-    PressButton(QStringLiteral("setup-page-4"));
-    Settle();
-    Picture(QStringLiteral("setup-sprayer"));
+    OpenSetup(QLatin1String(SetupScreens::Tank));
     PressButton(QStringLiteral("setup-tank"));
     Settle();
     Picture(QStringLiteral("tank-under-edit"));
@@ -265,10 +288,12 @@ void TTour::ShowSprayerSetup()
     }
     Picture(QStringLiteral("tank-by-wheel"));
     EndEdit(Qt::Key_Return);
+    OpenSetup(QLatin1String(SetupScreens::Nozzles));
     PressButton(QStringLiteral("setup-nozzle"));
     Settle();
     Picture(QStringLiteral("nozzle-under-edit"));
     EndEdit(Qt::Key_Escape);
+    OpenSetup(QLatin1String(SetupScreens::Sections));
     PressButton(QStringLiteral("setup-section-8"));
     Settle();
     Picture(QStringLiteral("section-under-edit"));
@@ -277,9 +302,7 @@ void TTour::ShowSprayerSetup()
 
 void TTour::ShowJobSetup()
 {
-    PressButton(QStringLiteral("setup-page-5"));
-    Settle();
-    Picture(QStringLiteral("setup-job"));
+    OpenSetup(QLatin1String(SetupScreens::Job));
     PressButton(QStringLiteral("setup-operator"));
     Settle();
     for (QString const& key : {QStringLiteral("Key A"), QStringLiteral("Key N"), QStringLiteral("Key N")})
@@ -300,12 +323,12 @@ void TTour::ShowJobSetup()
 
 void TTour::ShowUnits()
 {
-    PressButton(QStringLiteral("setup-page-1"));
-    Settle();
+    OpenSetup(QLatin1String(SetupScreens::Language));
     PressButton(QStringLiteral("setup-language"));
     Settle();
     Picture(QStringLiteral("list-of-languages"));
     EndEdit(Qt::Key_Escape);
+    OpenSetup(QLatin1String(SetupScreens::Units));
     PressButton(QStringLiteral("setup-units"));
     Settle();
     Picture(QStringLiteral("list-of-units"));
@@ -313,16 +336,15 @@ void TTour::ShowUnits()
     m_Time->Pass(WideStep);
     EndEdit(Qt::Key_Return);
     Picture(QStringLiteral("imperial-units"));
-    PressButton(QStringLiteral("setup-page-4"));
-    Settle();
-    Picture(QStringLiteral("setup-sprayer-in-imperial-units"));
+    OpenSetup(QLatin1String(SetupScreens::Sections));
+    Picture(QStringLiteral("setup-sections-in-imperial-units"));
+    OpenSetup(QLatin1String(SetupScreens::Tank));
     PressButton(QStringLiteral("setup-tank"));
     Settle();
     Picture(QStringLiteral("tank-in-gallons"));
     EndEdit(Qt::Key_Escape);
-    PressButton(QStringLiteral("setup-page-3"));
-    Settle();
-    Picture(QStringLiteral("setup-machine-in-imperial-units"));
+    OpenSetup(QLatin1String(SetupScreens::Equipment));
+    Picture(QStringLiteral("setup-equipment-in-imperial-units"));
 }
 
 void TTour::ShowSprayerInOtherUnits()

@@ -32,6 +32,7 @@ private:
     void ShowCamera();
     void ShowWheel();
     void ShowSetup();
+    void ShowSetupScreens();
     void ShowSprayerSetup();
     void ShowJobSetup();
     void ShowUnits();
@@ -44,6 +45,7 @@ private:
 
     void Picture(QString const& name);
     void Press(QWidget* button, QString const& what);
+    void OpenSetup(QString const& screen);
     void PressButton(QString const& objectName);
     void PressNavigation(KVN::MorvaneID const& id);
     void DragOffRight(KVN::MorvaneID const& id);

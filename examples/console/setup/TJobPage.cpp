@@ -30,7 +30,7 @@ TJobPage::TJobPage(QWidget* parent, TJob* job)
     AddStart();
     AddServer();
     connect(job, &TJob::Changed, this, &TJobPage::Sync);
-    Sync();
+    TJobPage::Sync();
 }
 
 void TJobPage::AddOperator()

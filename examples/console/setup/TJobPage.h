@@ -14,12 +14,13 @@ class TJobPage : public TSetupPage
 public:
     TJobPage(QWidget* parent, TJob* job);
 
+    void Sync() override;
+
 private:
     void AddOperator();
     void AddStart();
     void AddServer();
     void TakeStart(int index, double value);
-    void Sync();
 
     TJob* m_Job;
     TTextRow* m_Operator = nullptr;

@@ -1,6 +1,7 @@
 #include "TMachinePage.h"
 
 #include "ConfigManager.h"
+#include "SetupScreens.h"
 #include "TChoiceRow.h"
 #include "TQuantity.h"
 #include "TUnitSettings.h"
@@ -10,10 +11,12 @@
 namespace
 {
 constexpr int MostChoices = 4;
+} // namespace
 
 /// A thing that the machine has in one of a few ways. Its choice is kept as a number, the first at first.
-struct TEquipment
+struct TMachinePage::TEquipment
 {
+    char const* screen; ///< on which it stands
     int setting;
     char const* caption;
     char const* toolTip;
@@ -22,54 +25,68 @@ struct TEquipment
     int lengthCount = 0;
 };
 
+namespace
+{
+using TEquipment = TMachinePage::TEquipment;
+
 constexpr TEquipment Equipment[] = {
-    {90001,
+    {SetupScreens::Equipment,
+     90001,
      QT_TRANSLATE_NOOP("TMachinePage", "Nozzles"),
      QT_TRANSLATE_NOOP("TMachinePage", "Which nozzles the boom carries"),
      {QT_TRANSLATE_NOOP("TMachinePage", "Flat fan"), QT_TRANSLATE_NOOP("TMachinePage", "Twin fan"),
       QT_TRANSLATE_NOOP("TMachinePage", "Air induction"), nullptr}},
-    {90002,
+    {SetupScreens::Equipment,
+     90002,
      QT_TRANSLATE_NOOP("TMachinePage", "Nozzle size"),
      QT_TRANSLATE_NOOP("TMachinePage", "The size that is printed on the nozzles"),
      {"02", "03", "04", "05"}},
-    {90003,
+    {SetupScreens::Equipment,
+     90003,
      QT_TRANSLATE_NOOP("TMachinePage", "Boom height"),
      QT_TRANSLATE_NOOP("TMachinePage", "How high the boom runs above the crop"),
      {},
      {0.4, 0.5, 0.6, 0.75},
      4},
-    {90004,
+    {SetupScreens::Equipment,
+     90004,
      QT_TRANSLATE_NOOP("TMachinePage", "Overlap"),
      QT_TRANSLATE_NOOP("TMachinePage", "How far two tracks cover each other"),
      {},
      {0.0, 0.1, 0.2},
      3},
-    {90005,
+    {SetupScreens::Equipment,
+     90005,
      QT_TRANSLATE_NOOP("TMachinePage", "Pump"),
      QT_TRANSLATE_NOOP("TMachinePage", "Which pump feeds the boom"),
      {QT_TRANSLATE_NOOP("TMachinePage", "Piston"), QT_TRANSLATE_NOOP("TMachinePage", "Centrifugal"), nullptr,
       nullptr}},
-    {90006,
+    {SetupScreens::Equipment,
+     90006,
      QT_TRANSLATE_NOOP("TMachinePage", "Agitation"),
      QT_TRANSLATE_NOOP("TMachinePage", "How strongly the tank is stirred"),
      {QT_TRANSLATE_NOOP("TMachinePage", "Gentle"), QT_TRANSLATE_NOOP("TMachinePage", "Strong"), nullptr,
       nullptr}},
-    {90007,
+    {SetupScreens::Steering,
+     90007,
      QT_TRANSLATE_NOOP("TMachinePage", "Steering"),
      QT_TRANSLATE_NOOP("TMachinePage", "How the tractor is steered"),
      {QT_TRANSLATE_NOOP("TMachinePage", "Front wheels"), QT_TRANSLATE_NOOP("TMachinePage", "Articulated"),
       QT_TRANSLATE_NOOP("TMachinePage", "Tracks"), nullptr}},
-    {90008,
+    {SetupScreens::Receiver,
+     90008,
      QT_TRANSLATE_NOOP("TMachinePage", "Antenna"),
      QT_TRANSLATE_NOOP("TMachinePage", "Where the antenna is mounted"),
      {QT_TRANSLATE_NOOP("TMachinePage", "On the roof"), QT_TRANSLATE_NOOP("TMachinePage", "On the hood"),
       nullptr, nullptr}},
-    {90009,
+    {SetupScreens::Receiver,
+     90009,
      QT_TRANSLATE_NOOP("TMachinePage", "Speed from"),
      QT_TRANSLATE_NOOP("TMachinePage", "What the speed is measured by"),
      {QT_TRANSLATE_NOOP("TMachinePage", "Satellites"), QT_TRANSLATE_NOOP("TMachinePage", "Wheel"),
       QT_TRANSLATE_NOOP("TMachinePage", "Radar"), nullptr}},
-    {90010,
+    {SetupScreens::LightBar,
+     90010,
      QT_TRANSLATE_NOOP("TMachinePage", "Light bar step"),
      QT_TRANSLATE_NOOP("TMachinePage", "How far off track one light stands for"),
      {},
@@ -96,33 +113,40 @@ QStringList ChoicesOf(TEquipment const& equipment)
 }
 } // namespace
 
-TMachinePage::TMachinePage(QWidget* parent)
+TMachinePage::TMachinePage(QWidget* parent, QString const& screen)
     : TSetupPage(parent)
 {
     for (TEquipment const& equipment : Equipment)
     {
-        auto* const row =
-            new TChoiceRow(Content(), Text(equipment.caption), Text(equipment.toolTip), ChoicesOf(equipment));
-        connect(row, &TChoiceRow::Chosen, this,
-                [row, setting = equipment.setting](int choice)
-                {
-                    ConfigManager::Instance()->Write(setting, choice, true);
-                    row->SetChoice(choice);
-                });
-        m_Rows.append(row);
-        AddLine(row);
+        if (screen == QLatin1String(equipment.screen))
+            AddEquipment(equipment);
     }
     connect(TUnitSettings::Instance(), &TUnitSettings::Changed, this, &TMachinePage::ShowUnitsAnew);
+    TMachinePage::Sync();
+}
+
+void TMachinePage::AddEquipment(TEquipment const& equipment)
+{
+    auto* const row =
+        new TChoiceRow(Content(), Text(equipment.caption), Text(equipment.toolTip), ChoicesOf(equipment));
+    connect(row, &TChoiceRow::Chosen, this,
+            [row, setting = equipment.setting](int choice)
+            {
+                ConfigManager::Instance()->Write(setting, choice, true);
+                row->SetChoice(choice);
+            });
+    m_Rows.append({row, &equipment});
+    AddLine(row);
 }
 
 void TMachinePage::ShowUnitsAnew()
 {
-    for (int i = 0; i < m_Rows.size(); ++i)
-        m_Rows[i]->SetTexts(ChoicesOf(Equipment[i]));
+    for (TRow const& row : qAsConst(m_Rows))
+        row.choices->SetTexts(ChoicesOf(*row.equipment));
 }
 
 void TMachinePage::Sync()
 {
-    for (int i = 0; i < m_Rows.size(); ++i)
-        m_Rows[i]->SetChoice(ConfigManager::Instance()->Read(Equipment[i].setting).toInt());
+    for (TRow const& row : qAsConst(m_Rows))
+        row.choices->SetChoice(ConfigManager::Instance()->Read(row.equipment->setting).toInt());
 }

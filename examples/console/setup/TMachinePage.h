@@ -4,19 +4,29 @@
 
 class TChoiceRow;
 
-/// What the machine is fitted with, row by row. Every choice takes effect at once and stays.
+/// What the machine is fitted with, row by row, as far as it belongs on one of the screens. Every choice
+/// takes effect at once and stays.
 class TMachinePage : public TSetupPage
 {
     Q_OBJECT
 
 public:
-    explicit TMachinePage(QWidget* parent);
+    struct TEquipment;
 
-    /// Takes the choices up from the settings.
-    void Sync();
+    /// \a screen is one of SetupScreens.
+    TMachinePage(QWidget* parent, QString const& screen);
+
+    void Sync() override;
 
 private:
+    struct TRow
+    {
+        TChoiceRow* choices;
+        TEquipment const* equipment;
+    };
+
+    void AddEquipment(TEquipment const& equipment);
     void ShowUnitsAnew();
 
-    QVector<TChoiceRow*> m_Rows;
+    QVector<TRow> m_Rows;
 };

@@ -2,19 +2,15 @@
 
 #include "TFullWindow.h"
 
-#include <QVector>
+#include <QHash>
 
-class TChoiceRow;
-class TDisplayPage;
 class TJob;
 class TMachine;
-class TMachinePage;
-class TSetupPage;
-class TTablePanel;
-class TValueField;
+class TSetupMenu;
+class TSoundPage;
 
-/// The setup: pages of settings over the whole screen. It takes effect at once; closing it brings the last
-/// view back.
+/// The setup: pages of settings over the whole screen, and the menu that leads to them. It takes effect at
+/// once; closing it brings the last view back.
 class TMachineSetupWindow : public TFullWindow
 {
     Q_OBJECT
@@ -26,45 +22,21 @@ public:
     void Refresh() override;
     bool OnMMIBack() override;
     void SaveXMLStateSnapshot(QDomElement element) override;
+    /// Anything but the path of a screen that the menu shows is ignored.
     void RestoreXMLStateSnapshot(QDomElement element) override;
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
 private:
-    enum EPage
-    {
-        PAGE_SOUND,
-        PAGE_DISPLAY,
-        PAGE_SYSTEM,
-        PAGE_MACHINE,
-        PAGE_SPRAYER,
-        PAGE_JOB,
-        PAGE_COUNT
-    };
-
-    void MakePageButtons();
-    void MakeSoundPage(QWidget* page);
-    void MakeSystemPage(QWidget* page);
-    void ShowPage(int page);
-    void StepVolume(int step);
-    void Sync();
-    void SyncSound();
+    void MakePages();
+    void AddPage(char const* screen, QWidget* page);
+    void ShowPage(QString const& screen);
     void Arrange();
 
     TMachine* m_Machine;
     TJob* m_Job;
-    int m_Page = PAGE_SOUND;
-    QVector<TPushButton*> m_PageButtons;
-    QVector<QWidget*> m_Pages;
-    TChoiceRow* m_SoundRow = nullptr;
-    TPushButton* m_Quieter = nullptr;
-    TPushButton* m_Louder = nullptr;
-    TValueField* m_Volume = nullptr;
-    TTablePanel* m_About = nullptr;
-    TPushButton* m_SwitchOff = nullptr;
-    TDisplayPage* m_DisplayPage = nullptr;
-    TMachinePage* m_MachinePage = nullptr;
-    QVector<TSetupPage*> m_RowPages;
+    TSetupMenu* m_Menu = nullptr;
+    TSoundPage* m_SoundPage = nullptr;
+    QHash<QString, QWidget*> m_Pages; // by the paths of their screens
 };

@@ -24,6 +24,15 @@ void TSetupPage::AddLine(QWidget* line)
     m_Lines.append(line);
 }
 
+void TSetupPage::Sync() {}
+
+// The settings may have changed while the page was away.
+void TSetupPage::showEvent(QShowEvent* event)
+{
+    TScrollArea::showEvent(event);
+    Sync();
+}
+
 void TSetupPage::resizeEvent(QResizeEvent* event)
 {
     TScrollArea::resizeEvent(event);

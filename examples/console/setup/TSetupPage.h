@@ -13,12 +13,17 @@ class TSetupPage : public TScrollArea
 public:
     explicit TSetupPage(QWidget* parent);
 
+    /// Takes what the page shows up from the settings and the machine; done whenever the page comes into
+    /// sight. The base does nothing.
+    virtual void Sync();
+
 protected:
     /// The parent of the lines.
     QWidget* Content() const { return m_Content; }
     /// A child of the content, which gets the place below those that are there.
     void AddLine(QWidget* line);
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     QWidget* m_Content;

@@ -4,26 +4,19 @@
 
 class TEditRow;
 class TMachine;
-class TValueRow;
 
-/// How the sprayer is built: its tank, its nozzles and its boom. What is accepted here holds at once.
+/// A page on how the sprayer is built. What is accepted here holds at once.
 class TSprayerPage : public TSetupPage
 {
     Q_OBJECT
 
-public:
+protected:
     TSprayerPage(QWidget* parent, TMachine* machine);
 
-private:
+    TMachine* Machine() const { return m_Machine; }
     TEditRow* AddRow(QString const& caption);
-    void AddTank();
-    void AddNozzles();
-    void AddSections();
-    void Sync();
+    static void Store(int setting, double value);
 
+private:
     TMachine* m_Machine;
-    TEditRow* m_Tank = nullptr;
-    TEditRow* m_Nozzles = nullptr;
-    QVector<TEditRow*> m_Sections;
-    TValueRow* m_Width = nullptr;
 };
