@@ -133,6 +133,94 @@ private Q_SLOTS:
         QVERIFY(drive.IsCovered(0.5, -98.0));
     }
 
+    // The record
+
+    void withoutTheRecordTheGroundStaysOpenAndTheTankPays()
+    {
+        TDrive drive;
+        QSignalSpy covered(drive.machine.get(), &TMachine::Covered);
+        QSignalSpy switched(drive.machine.get(), &TMachine::SwitchesChanged);
+        QVERIFY(drive.machine->IsRecording());
+        drive.machine->SetRecording(false);
+        drive.machine->SetRecording(false);
+        QCOMPARE(switched.count(), 1);
+        drive.North(20);
+        QVERIFY(drive.machine->IsFlowing(3));
+        QVERIFY(!drive.IsCovered(0.5, -5.0));
+        QCOMPARE(drive.machine->AreaDone(), 0.0);
+        QCOMPARE(covered.count(), 0);
+        double const used = TMachine::StandardTankSize * 0.8 - drive.machine->TankLitres();
+        QVERIFY(qAbs(used - 20.0 * BoomWidth / 10000.0 * drive.machine->Rate()) < 1e-6);
+        drive.machine->SetRecording(true);
+        drive.source->Say({0.0, -21.0}, 0.0);
+        QVERIFY(drive.machine->AreaDone() > 0.0);
+        QVERIFY(covered.count() > 0);
+    }
+
+    // The lines
+
+    void linesShiftAsTheDriverSeesThem_data()
+    {
+        QTest::addColumn<double>("heading");
+        QTest::addColumn<double>("shift");
+        QTest::newRow("driven along") << 0.0 << 0.1;
+        QTest::newRow("driven back") << 180.0 << -0.1;
+    }
+
+    void linesShiftAsTheDriverSeesThem()
+    {
+        QFETCH(double, heading);
+        QFETCH(double, shift);
+        TField field;
+        field.hasLines = true;
+        TDrive drive(field);
+        drive.source->Say({0.0, 0.0}, heading);
+        QSignalSpy switched(drive.machine.get(), &TMachine::SwitchesChanged);
+        drive.machine->ShiftLines(2.0 * TMachine::LineShiftStep);
+        QCOMPARE(switched.count(), 1);
+        QCOMPARE(drive.machine->LineShift(), shift);
+        QCOMPARE(drive.machine->LineOrigin(), QPointF(shift, 0.0));
+        // The line went to the right, and so the machine is to its left.
+        QVERIFY(qAbs(drive.machine->OffLine() + 0.1) < 1e-6);
+        drive.machine->CentreLines();
+        drive.machine->CentreLines();
+        QCOMPARE(switched.count(), 2);
+        QVERIFY(qAbs(drive.machine->OffLine()) < 1e-6);
+    }
+
+    void manyStepsToAndFroEndWhereTheyBegan()
+    {
+        TField field;
+        field.hasLines = true;
+        TDrive drive(field);
+        for (int i = 0; i < 40; ++i)
+            drive.machine->ShiftLines(TMachine::LineShiftStep);
+        QCOMPARE(drive.machine->LineShift(), 2.0);
+        for (int i = 0; i < 40; ++i)
+            drive.machine->ShiftLines(-TMachine::LineShiftStep);
+        QVERIFY(drive.machine->LineShift() == 0.0);
+    }
+
+    void linesAreNotShiftedOutOfReason()
+    {
+        TField field;
+        field.hasLines = true;
+        TDrive drive(field);
+        drive.machine->ShiftLines(qQNaN());
+        QCOMPARE(drive.machine->LineShift(), 0.0);
+        drive.machine->ShiftLines(qInf());
+        QCOMPARE(drive.machine->LineShift(), TMachine::LargestLineShift);
+        drive.machine->ShiftLines(-1e300);
+        QCOMPARE(drive.machine->LineShift(), -TMachine::LargestLineShift);
+    }
+
+    void withoutLinesThereIsNothingToShift()
+    {
+        TDrive drive;
+        drive.machine->ShiftLines(1.0);
+        QCOMPARE(drive.machine->LineShift(), 0.0);
+    }
+
     void aMachineThatStandsKeepsItsHeading()
     {
         TDrive drive;

@@ -1,5 +1,6 @@
 #include "TMapView.h"
 
+#include "MapColors.h"
 #include "TestCase.h"
 #include "TestSource.h"
 #include "TMachine.h"
@@ -101,6 +102,22 @@ private Q_SLOTS:
         fresh.SetView(View);
         fresh.Follow();
         QCOMPARE(DifferentPixels(stage.Picture(map), stage.Picture(fresh)), 0);
+    }
+
+    void shiftedLinesShowWithoutAMovement()
+    {
+        TStage const stage;
+        TMapView map(*stage.machine);
+        map.SetView(View);
+        map.Follow();
+        QPoint const onTheLine = map.Anchor() - QPoint(0, 100);
+        QCOMPARE(stage.Picture(map).pixelColor(onTheLine), MapColors::CurrentLine);
+        stage.machine->ShiftLines(TMachine::LargestLineShift);
+        QVERIFY(map.Follow());
+        QVERIFY(!map.Follow());
+        int const shift = TMapView::ZoomLevels[map.ZoomLevel()] * int(TMachine::LargestLineShift);
+        QVERIFY(stage.Picture(map).pixelColor(onTheLine) != MapColors::CurrentLine);
+        QCOMPARE(stage.Picture(map).pixelColor(onTheLine + QPoint(shift, 0)), MapColors::CurrentLine);
     }
 
     void itPaintsInsideOfItsViewAlone()

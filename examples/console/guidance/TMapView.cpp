@@ -119,7 +119,7 @@ bool TMapView::Follow()
 bool TMapView::IsLayerUsable() const
 {
     return m_IsLayerValid && m_LayerLine == m_Machine.NearestLine() &&
-           m_LayerSpacing == m_Machine.LineSpacing() &&
+           m_LayerSpacing == m_Machine.LineSpacing() && m_LayerShift == m_Machine.LineShift() &&
            qAbs(std::remainder(m_Machine.Heading() - m_LayerHeading, FullTurn)) <= LayerTurn &&
            QRect(LayerPlace(), m_Layer.size()).contains(m_View);
 }
@@ -138,6 +138,7 @@ void TMapView::RenderLayer()
     m_LayerHeading = m_Machine.Heading();
     m_LayerLine = m_Machine.NearestLine();
     m_LayerSpacing = m_Machine.LineSpacing();
+    m_LayerShift = m_Machine.LineShift();
     QPoint const spare((m_Layer.width() - m_View.width()) / 2, (m_Layer.height() - m_View.height()) / 2);
     QPoint const anchor = Anchor() - m_View.topLeft() + spare;
     m_ToLayer = QTransform();
@@ -177,8 +178,8 @@ void TMapView::PaintLines(QPainter* painter) const
     double const reach = std::hypot(m_Layer.width(), m_Layer.height()) / Zoom();
     QPointF const along = Direction(field.lineHeading);
     QPointF const across = Direction(field.lineHeading + QuarterTurn);
-    QPointF const middle =
-        field.lineOrigin + along * QPointF::dotProduct(m_Machine.Position() - field.lineOrigin, along);
+    QPointF const origin = m_Machine.LineOrigin();
+    QPointF const middle = origin + along * QPointF::dotProduct(m_Machine.Position() - origin, along);
     int const count = qCeil(reach / m_LayerSpacing);
     painter->setRenderHint(QPainter::Antialiasing);
     for (int line = m_LayerLine - count; line <= m_LayerLine + count; ++line)

@@ -64,6 +64,7 @@ private:
     double m_LayerHeading = 0.0;
     int m_LayerLine = 0;
     double m_LayerSpacing = 0.0;
+    double m_LayerShift = 0.0;
     QPoint m_LayerPlace;
     QPixmap m_Tractor;
     quint32 m_SectionStates = 0;

@@ -8,6 +8,7 @@ namespace
 {
 constexpr double SquareMetresPerHectare = 10000.0;
 constexpr double SecondsPerMinute = 60.0;
+constexpr double MillimetresPerMetre = 1000.0;
 // Below this speed the direction of the movement is noise, and the pump rests.
 constexpr double StandingSpeed = 0.3;
 // A machine does not move as far between two positions; a receiver that finds itself anew does.
@@ -107,11 +108,14 @@ void TMachine::Work(TBoom::TEnds const& ends, double distance)
 
 void TMachine::Cover(QPolygonF const& ground, double squareMetres)
 {
-    m_Coverage.Add(ground);
     double const area = squareMetres / SquareMetresPerHectare;
-    m_AreaDone += area;
+    if (m_IsRecording)
+    {
+        m_Coverage.Add(ground);
+        m_AreaDone += area;
+        Q_EMIT Covered(ground);
+    }
     SetTank(m_TankLitres - area * AppliedRate() * m_FlowFactor);
-    Q_EMIT Covered(ground);
 }
 
 bool TMachine::MayFlow(int section, TBoom::TEnds const& ends) const
@@ -125,11 +129,19 @@ bool TMachine::MayFlow(int section, TBoom::TEnds const& ends) const
     return !m_Coverage.IsCovered(middle + Direction(m_Heading) * LookAhead);
 }
 
+QPointF TMachine::AcrossLines() const
+{
+    return Direction(m_Field.lineHeading + QuarterTurn);
+}
+
+QPointF TMachine::LineOrigin() const
+{
+    return m_Field.lineOrigin + AcrossLines() * m_LineShift;
+}
+
 double TMachine::SignedDistance(int* line) const
 {
-    QPointF const across = Direction(m_Field.lineHeading + QuarterTurn);
-    QPointF const from = m_Position - m_Field.lineOrigin;
-    double const metres = QPointF::dotProduct(from, across);
+    double const metres = QPointF::dotProduct(m_Position - LineOrigin(), AcrossLines());
     *line = qRound(metres / LineSpacing());
     return metres - *line * LineSpacing();
 }
@@ -145,9 +157,13 @@ double TMachine::OffLine() const
         return 0.0;
     int line = 0;
     double const distance = SignedDistance(&line);
-    // Driven the other way, right is left.
-    double const turned = std::remainder(m_Heading - m_Field.lineHeading, FullTurn);
-    return qAbs(turned) > QuarterTurn ? -distance : distance;
+    return IsDrivenTheOtherWay() ? -distance : distance;
+}
+
+// Right is left then.
+bool TMachine::IsDrivenTheOtherWay() const
+{
+    return qAbs(std::remainder(m_Heading - m_Field.lineHeading, FullTurn)) > QuarterTurn;
 }
 
 int TMachine::NearestLine() const
@@ -156,6 +172,36 @@ int TMachine::NearestLine() const
     if (m_Field.hasLines)
         SignedDistance(&line);
     return line;
+}
+
+void TMachine::ShiftLines(double metres)
+{
+    if (m_Field.hasLines && !std::isnan(metres))
+        SetLineShift(m_LineShift + (IsDrivenTheOtherWay() ? -metres : metres));
+}
+
+void TMachine::CentreLines()
+{
+    SetLineShift(0.0);
+}
+
+// In whole millimetres: steps to and fro end where they began.
+void TMachine::SetLineShift(double metres)
+{
+    double const held = qBound(-LargestLineShift, metres, LargestLineShift);
+    double const shift = std::round(held * MillimetresPerMetre) / MillimetresPerMetre;
+    if (shift == m_LineShift)
+        return;
+    m_LineShift = shift;
+    Q_EMIT SwitchesChanged();
+}
+
+void TMachine::SetRecording(bool on)
+{
+    if (on == m_IsRecording)
+        return;
+    m_IsRecording = on;
+    Q_EMIT SwitchesChanged();
 }
 
 void TMachine::SetMasterOn(bool on)

@@ -30,6 +30,8 @@ public:
     static constexpr int RateStep = 10;
     static constexpr double SmallestFlowFactor = 0.7;
     static constexpr double LargestFlowFactor = 1.3;
+    static constexpr double LineShiftStep = 0.05;   ///< m
+    static constexpr double LargestLineShift = 3.0; ///< m, to either side
 
     explicit TMachine(std::unique_ptr<IPositionSource> source);
     ~TMachine() override;
@@ -52,6 +54,20 @@ public:
     int NearestLine() const;
     /// Metres from one line to the next.
     double LineSpacing() const;
+    /// A point on line 0, with the lines where they have been shifted to.
+    QPointF LineOrigin() const;
+    /// How far all lines were shifted from where the field has them: metres to the right, seen along the
+    /// lines.
+    double LineShift() const { return m_LineShift; }
+    /// By \a metres to the right, seen along the drive, and no farther away than LargestLineShift. Nothing
+    /// without lines, and for what is no number.
+    void ShiftLines(double metres);
+    /// Back to where the field has them.
+    void CentreLines();
+
+    /// Whether what is sprayed is also noted in Coverage() and AreaDone(). True at first.
+    bool IsRecording() const { return m_IsRecording; }
+    void SetRecording(bool on);
     /// Hectares.
     double AreaDone() const { return m_AreaDone; }
 
@@ -95,9 +111,9 @@ public:
 Q_SIGNALS:
     /// The source has spoken: position, area, tank and flow may have changed.
     void Moved();
-    /// \a ground was covered just now, before Moved().
+    /// \a ground was covered just now, and recorded, before Moved().
     void Covered(QPolygonF const& ground);
-    /// A switch, the rate, the tank, the nozzles or the boom was changed by hand.
+    /// A switch, the rate, the tank, the nozzles, the boom or the lines were changed by hand.
     void SwitchesChanged();
     /// The tank has become nearly empty. Once for each filling.
     void TankBecameLow();
@@ -109,7 +125,10 @@ private:
     void Work(TBoom::TEnds const& ends, double distance);
     void Cover(QPolygonF const& ground, double squareMetres);
     bool MayFlow(int section, TBoom::TEnds const& ends) const;
+    QPointF AcrossLines() const;
     double SignedDistance(int* line) const;
+    bool IsDrivenTheOtherWay() const;
+    void SetLineShift(double metres);
     void StopFlow();
     void SetTank(double litres);
 
@@ -124,6 +143,8 @@ private:
     TBoom::TEnds m_Ends;
     TCoverageMap m_Coverage;
     double m_AreaDone = 0.0;
+    double m_LineShift = 0.0;
+    bool m_IsRecording = true;
     bool m_IsMasterOn = true;
     std::array<bool, TBoom::SectionCount> m_IsSectionOn;
     std::array<bool, TBoom::SectionCount> m_IsFlowing;
