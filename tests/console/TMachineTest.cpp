@@ -133,6 +133,39 @@ private Q_SLOTS:
         QVERIFY(drive.IsCovered(0.5, -98.0));
     }
 
+    void whatIsSensedWithoutSenseIsNoFix_data()
+    {
+        QTest::addColumn<TFix>("fix");
+        TFix sane;
+        sane.quality = FIX_RTK;
+        TFix fix = sane;
+        fix.latitude = qQNaN();
+        QTest::newRow("no latitude") << fix;
+        fix = sane;
+        fix.longitude = qInf();
+        QTest::newRow("an endless longitude") << fix;
+        fix = sane;
+        fix.heading = qQNaN();
+        QTest::newRow("no heading") << fix;
+        fix = sane;
+        fix.speed = qQNaN();
+        QTest::newRow("no speed") << fix;
+    }
+
+    void whatIsSensedWithoutSenseIsNoFix()
+    {
+        QFETCH(TFix, fix);
+        TDrive drive;
+        drive.North(10);
+        Q_EMIT drive.source->FixChanged(fix);
+        QVERIFY(!drive.machine->Fix().IsValid());
+        QVERIFY(!drive.machine->IsFlowing(3));
+        QVERIFY(qAbs(drive.machine->Position().y() + 10.0) < 1e-6);
+        QCOMPARE(drive.machine->Heading(), 0.0);
+        drive.source->Say({0.0, -11.0}, 0.0);
+        QVERIFY(drive.machine->Fix().IsValid());
+    }
+
     // The record
 
     void withoutTheRecordTheGroundStaysOpenAndTheTankPays()

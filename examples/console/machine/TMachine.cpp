@@ -23,6 +23,13 @@ QPointF Direction(double heading)
     double const radians = qDegreesToRadians(heading);
     return {std::sin(radians), -std::cos(radians)};
 }
+
+// With one that is not, everything that follows from it would have no value any more.
+bool IsSensible(TFix const& fix)
+{
+    return std::isfinite(fix.latitude) && std::isfinite(fix.longitude) && std::isfinite(fix.heading) &&
+           std::isfinite(fix.speed);
+}
 } // namespace
 
 TMachine::TMachine(std::unique_ptr<IPositionSource> source)
@@ -44,8 +51,8 @@ void TMachine::Start()
 
 void TMachine::TakeFix(TFix const& fix)
 {
-    m_Fix = fix;
-    if (!fix.IsValid())
+    m_Fix = IsSensible(fix) ? fix : TFix();
+    if (!m_Fix.IsValid())
     {
         StopFlow();
         Q_EMIT Moved();
