@@ -4,6 +4,7 @@
 #include "ConfigManager.h"
 #include "ConsoleSettings.h"
 #include "TCameraModule.h"
+#include "TConsoleMenu.h"
 #include "TConsoleOptions.h"
 #include "TDiagnosticsModule.h"
 #include "TGnssModule.h"
@@ -50,15 +51,24 @@ TConsole::TConsole(TConsoleOptions const& options, QString const& dataFolder)
 
 void TConsole::AddModules()
 {
-    m_Shell->AddModule(std::make_unique<TGuidanceModule>(m_Machine));
-    m_Shell->AddModule(std::make_unique<TSprayerModule>(&m_Machine));
-    m_Shell->AddModule(std::make_unique<TGnssModule>(m_Machine));
+    auto menus = std::make_unique<TConsoleMenu>(m_Shell->GetMenuManager());
+    m_Menus = menus.get();
+    m_Shell->AddModule(std::move(menus));
+    m_Shell->AddModule(std::make_unique<TGuidanceModule>(&m_Machine, m_Menus));
+    m_Shell->AddModule(std::make_unique<TSprayerModule>(&m_Machine, m_Menus));
+    m_Shell->AddModule(std::make_unique<TGnssModule>(m_Machine, m_Menus));
     m_Shell->AddModule(std::make_unique<TCameraModule>(m_Machine, Screen()->GetCameraOverlayManager()));
     m_Shell->AddModule(std::make_unique<TDiagnosticsModule>(Screen(), m_Job));
     m_Shell->AddModule(std::make_unique<TSetupModule>(&m_Machine, &m_Job));
     auto system = std::make_unique<TSystemModule>(m_Shell->GetPlatform()->GetToolTipMode());
     m_System = system.get();
     m_Shell->AddModule(std::move(system));
+}
+
+void TConsole::WaitForWorkers()
+{
+    if (m_Menus)
+        m_Menus->WaitForWorkers();
 }
 
 void TConsole::WatchUsb(QString const& folder)

@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class TConsoleMenu;
 struct TConsoleOptions;
 class TScreen;
 class TSystemModule;
@@ -26,6 +27,9 @@ public:
     /// Shows the screen; where there is no layout to bring back, with a choice of mini windows.
     void Start();
 
+    /// Comes back when the threads of the menus have done what they had to do so far.
+    void WaitForWorkers();
+
     TConsoleShell& Shell() { return *m_Shell; }
     TScreen* Screen() const { return m_Shell->GetScreen(); }
     TMachine& Machine() { return m_Machine; }
@@ -37,5 +41,7 @@ private:
     TMachine m_Machine;
     TJob m_Job;
     std::unique_ptr<TConsoleShell> m_Shell;
-    QPointer<TSystemModule> m_System; // the shell's
+    // The shell's.
+    QPointer<TConsoleMenu> m_Menus;
+    QPointer<TSystemModule> m_System;
 };

@@ -25,6 +25,7 @@ struct TStage
         : console(TConsoleOptions(), folder)
         , finger(console.Screen(), [this](int ms) { time.Pass(ms); })
     {
+        time.SetWaitForOthers([this] { console.WaitForWorkers(); });
         console.StartMachine();
         console.Start();
         time.Pass(SettleTime);

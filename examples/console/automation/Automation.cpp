@@ -56,6 +56,7 @@ int RunAutomatically(TConsoleOptions const& options)
     QDir(ownFolder.path()).mkdir(OwnStick);
     TVirtualTime time;
     TConsole console(options, options.dataFolder.isEmpty() ? ownFolder.path() : options.dataFolder);
+    time.SetWaitForOthers([&console] { console.WaitForWorkers(); });
     // A run without an operator leaves the sticks of the machine that it runs on alone.
     console.WatchUsb(options.usbFolder.isEmpty() ? ownFolder.filePath(OwnStick) : options.usbFolder);
     console.StartMachine();

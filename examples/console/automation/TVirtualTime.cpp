@@ -33,12 +33,26 @@ TVirtualTime::~TVirtualTime()
     VirtualClock::Release();
 }
 
-void TVirtualTime::Pass(int ms)
+void TVirtualTime::SetWaitForOthers(std::function<void()> const& wait)
+{
+    m_WaitForOthers = wait;
+}
+
+void TVirtualTime::HandleFrame() const
 {
     HandleEvents();
+    if (!m_WaitForOthers)
+        return;
+    m_WaitForOthers();
+    HandleEvents();
+}
+
+void TVirtualTime::Pass(int ms)
+{
+    HandleFrame();
     for (int left = ms; left > 0; left -= FrameTime)
     {
         VirtualClock::Advance(qMin(left, FrameTime));
-        HandleEvents();
+        HandleFrame();
     }
 }

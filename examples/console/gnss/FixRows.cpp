@@ -15,26 +15,6 @@ QString Translate(char const* text)
     return QCoreApplication::translate("FixRows", text);
 }
 
-QString QualityText(EFixQuality quality)
-{
-    switch (quality)
-    {
-    case FIX_ESTIMATED:
-        return Translate("estimated");
-    case FIX_GNSS:
-        return Translate("GNSS");
-    case FIX_DIFFERENTIAL:
-        return Translate("differential");
-    case FIX_RTK_FLOAT:
-        return Translate("RTK float");
-    case FIX_RTK:
-        return Translate("RTK fixed");
-    case FIX_NONE:
-        break;
-    }
-    return Translate("no fix");
-}
-
 QColor QualityColor(EFixQuality quality)
 {
     switch (quality)
@@ -59,6 +39,26 @@ QString Degrees(double value, char positive, char negative)
            QLatin1Char(value < 0.0 ? negative : positive);
 }
 } // namespace
+
+QString QualityText(EFixQuality quality)
+{
+    switch (quality)
+    {
+    case FIX_ESTIMATED:
+        return Translate("estimated");
+    case FIX_GNSS:
+        return Translate("GNSS");
+    case FIX_DIFFERENTIAL:
+        return Translate("differential");
+    case FIX_RTK_FLOAT:
+        return Translate("RTK float");
+    case FIX_RTK:
+        return Translate("RTK fixed");
+    case FIX_NONE:
+        break;
+    }
+    return Translate("no fix");
+}
 
 QVector<TTableRow> FixRows(TMachine const& machine)
 {

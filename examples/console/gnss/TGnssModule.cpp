@@ -1,15 +1,17 @@
 #include "TGnssModule.h"
 
 #include "PixmapNames.h"
+#include "TConsoleMenu.h"
 #include "TScreen.h"
 
 #include <QCoreApplication>
 
-TGnssModule::TGnssModule(TMachine const& machine)
-    : m_Canvas(nullptr)
+TGnssModule::TGnssModule(TMachine const& machine, TConsoleMenu* menus)
+    : m_Canvas(nullptr, *menus->Manager())
     , m_FullWindow(&m_Canvas, machine)
     , m_FixWindow(machine)
     , m_SkyWindow(machine)
+    , m_Menu(machine, menus)
 {
     m_Canvas.SetBackground(PixmapNames::BkgSysInfo480x272);
 }
@@ -24,6 +26,5 @@ void TGnssModule::RegisterViews(TScreen* screen)
     screen->AssignNavButton(Id(), QStringLiteral("icon-gnss"),
                             QList<TMiniWindow*>{&m_FixWindow, &m_SkyWindow}, &m_Canvas, &m_FullWindow,
                             QCoreApplication::translate("TGnssModule", "Position and satellites"));
-    // The column at the right, where the system tool bar stands, stays free.
-    m_Canvas.SetFullWindow(&m_FullWindow, true);
+    m_Canvas.SetFullWindow(&m_FullWindow, false);
 }

@@ -59,9 +59,17 @@ void TGuidanceFullWindow::Setup()
 void TGuidanceFullWindow::SetZoomLevel(int level)
 {
     SetupIfRequired();
+    int const before = m_Canvas->ZoomLevel();
     m_Canvas->SetZoomLevel(level);
     m_ToolBar->SetButtonEnabled(BUTTON_ZOOM_IN, m_Canvas->ZoomLevel() < TMapView::ZoomLevelCount - 1);
     m_ToolBar->SetButtonEnabled(BUTTON_ZOOM_OUT, m_Canvas->ZoomLevel() > 0);
+    if (m_Canvas->ZoomLevel() != before)
+        Q_EMIT ZoomChanged();
+}
+
+int TGuidanceFullWindow::ZoomLevel() const
+{
+    return m_Canvas->ZoomLevel();
 }
 
 void TGuidanceFullWindow::Refresh()

@@ -18,10 +18,18 @@ class TGuidanceFullWindow : public TFullWindow
 public:
     TGuidanceFullWindow(TMapCanvas* canvas, TMachine const& machine);
 
+    /// An index into TMapView::ZoomLevels, held to its range.
+    void SetZoomLevel(int level);
+    int ZoomLevel() const;
+
     void Setup() override;
     void Refresh() override;
     void SaveXMLStateSnapshot(QDomElement element) override;
     void RestoreXMLStateSnapshot(QDomElement element) override;
+
+Q_SIGNALS:
+    /// By whomever; the map shows it already.
+    void ZoomChanged();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -33,7 +41,6 @@ private:
         BUTTON_ZOOM_OUT
     };
 
-    void SetZoomLevel(int level);
     void Arrange();
 
     TMapCanvas* m_Canvas;

@@ -1,13 +1,15 @@
 #include "TGuidanceModule.h"
 
+#include "TConsoleMenu.h"
 #include "TScreen.h"
 
 #include <QCoreApplication>
 
-TGuidanceModule::TGuidanceModule(TMachine const& machine)
-    : m_Canvas(machine)
-    , m_FullWindow(&m_Canvas, machine)
-    , m_MiniWindow(machine)
+TGuidanceModule::TGuidanceModule(TMachine* machine, TConsoleMenu* menus)
+    : m_Canvas(*machine, *menus->Manager())
+    , m_FullWindow(&m_Canvas, *machine)
+    , m_MiniWindow(*machine)
+    , m_Menu(machine, &m_FullWindow, menus)
 {
 }
 
@@ -20,6 +22,5 @@ void TGuidanceModule::RegisterViews(TScreen* screen)
 {
     screen->AssignNavButton(Id(), QStringLiteral("icon-guidance"), &m_MiniWindow, &m_Canvas, &m_FullWindow,
                             QCoreApplication::translate("TGuidanceModule", "Guidance: map and lines"));
-    // The column at the right, where the system tool bar stands, stays free.
-    m_Canvas.SetFullWindow(&m_FullWindow, true);
+    m_Canvas.SetFullWindow(&m_FullWindow, false);
 }

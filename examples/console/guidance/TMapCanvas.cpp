@@ -5,8 +5,8 @@
 #include <QPainter>
 #include <QPaintEvent>
 
-TMapCanvas::TMapCanvas(TMachine const& machine)
-    : TCanvas(nullptr)
+TMapCanvas::TMapCanvas(TMachine const& machine, TMenuManager& manager)
+    : TMenuCanvas(nullptr, manager)
     , m_Map(machine)
 {
     connect(&machine, &TMachine::Covered, this, &TMapCanvas::OnCovered);
@@ -38,7 +38,7 @@ void TMapCanvas::OnCovered(QPolygonF const& ground)
 
 void TMapCanvas::paintEvent(QPaintEvent* event)
 {
-    TCanvas::paintEvent(event);
+    TMenuCanvas::paintEvent(event);
     QPainter painter(this);
     m_Map.Paint(&painter, event->rect());
 }

@@ -1,15 +1,16 @@
 #pragma once
 
-#include "TCanvas.h"
 #include "TMapView.h"
+#include "TMenuCanvas.h"
 
 /// The canvas of the guidance: the moving map in the room that bars and mini windows leave.
-class TMapCanvas : public TCanvas
+class TMapCanvas : public TMenuCanvas
 {
     Q_OBJECT
 
 public:
-    explicit TMapCanvas(TMachine const& machine);
+    /// \a manager has to live longer.
+    TMapCanvas(TMachine const& machine, TMenuManager& manager);
 
     /// Takes up where the machine is and how much room there is.
     void Follow();

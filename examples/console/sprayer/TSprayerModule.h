@@ -2,23 +2,26 @@
 
 #include "IConsoleModule.h"
 #include "MorvaneID.h"
-#include "TCanvas.h"
+#include "TMenuCanvas.h"
 #include "TSprayerFullWindow.h"
+#include "TSprayerMenu.h"
 #include "TSprayerMiniWindow.h"
 #include "TTankMessages.h"
 
-/// The sprayer: its sections, its tank and how much it puts on the field.
+/// The sprayer: its sections, its tank and how much it puts on the field, with its menus.
 class TSprayerModule : public IConsoleModule
 {
 public:
-    explicit TSprayerModule(TMachine* machine);
+    /// Both have to live longer.
+    TSprayerModule(TMachine* machine, TConsoleMenu* menus);
 
     static KVN::MorvaneID Id();
     void RegisterViews(TScreen* screen) override;
 
 private:
-    TCanvas m_Canvas;
+    TMenuCanvas m_Canvas;
     TSprayerFullWindow m_FullWindow;
     TSprayerMiniWindow m_MiniWindow;
     TTankMessages m_Messages;
+    TSprayerMenu m_Menu;
 };
