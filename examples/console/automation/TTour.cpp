@@ -3,10 +3,14 @@
 #include "Metrics.h"
 #include "SetupScreens.h"
 #include "TCameraModule.h"
+#include "TCanvasMenuDisplay.h"
 #include "TConsole.h"
 #include "TDiagnosticsModule.h"
 #include "TGnssModule.h"
 #include "TGuidanceModule.h"
+#include "TMenuCanvas.h"
+#include "TMenuManager.h"
+#include "TMMIDef.h"
 #include "TOffScreenButtons.h"
 #include "TPushButton.h"
 #include "TScreen.h"
@@ -37,6 +41,10 @@ constexpr int WheelNotch = 120;
 // Longer than a level that is gone stays in the way of the one below it.
 constexpr int WideStep = 700;
 constexpr int MostLevels = 20;
+constexpr int NotchesToAWindow = 3;
+constexpr int LineShifts = 10;
+// The navigator enters one menu after the other.
+constexpr int PathTime = 2000;
 
 // A point in the lower part of the mini window in \a slot, off its buttons.
 QPoint GripOf(int slot)
@@ -49,6 +57,21 @@ QPoint MaximiseButtonOf(int slot)
 {
     constexpr int Inset = 16;
     return {NAVBAR_WIDTH + MINI_WINDOW_SIZE - Inset, slot * MINI_WINDOW_SIZE + Inset};
+}
+
+// What leads to the element at \a path; nothing for an unknown one.
+TMMIDef DefOf(TMenuManager const& manager, QString const& path)
+{
+    std::vector<TMenuStateCopy> const menus = manager.GetAllMenuElements();
+    for (TMenuStateCopy const& menu : menus)
+    {
+        for (TElementState const& element : menu.elements)
+        {
+            if (element.GetMMIDef().ToPath(true, QLatin1Char('/')) == path)
+                return element.GetMMIDef();
+        }
+    }
+    return {};
 }
 } // namespace
 
@@ -73,6 +96,7 @@ QString TTour::Run()
     ShowWindowsOverTheView();
     ShowCamera();
     ShowWheel();
+    ShowMenus();
     ShowSetup();
     ShowDiagnostics();
     ShowSystemToolBar();
@@ -197,6 +221,108 @@ void TTour::ShowCamera()
     Settle();
 }
 
+void TTour::ShowMenus()
+{
+    PressButton(QLatin1String(TCanvasMenuDisplay::FoldButtonName));
+    Settle();
+    Picture(QStringLiteral("menus-unfolded"));
+    PressInMenu(QStringLiteral("guidance"));
+    Settle();
+    PressInMenu(QStringLiteral("lines"));
+    Settle();
+    for (int i = 0; i < LineShifts; ++i)
+        PressInMenu(QStringLiteral("line-shift-right"));
+    Settle();
+    Picture(QStringLiteral("lines-shifted"));
+    PressInMenu(QStringLiteral("line-centre"));
+    PressInMenu(QStringLiteral("position"));
+    Settle();
+    PressInMenu(QStringLiteral("satellites"));
+    Settle();
+    Picture(QStringLiteral("menus-of-the-position"));
+    PressInMenu(QStringLiteral("position"));
+    ShowSwitchesInMenus();
+    ShowMacroPaths();
+    ShowFarView();
+    PressButton(QLatin1String(TCanvasMenuDisplay::FoldButtonName));
+    ShowShortcuts();
+}
+
+void TTour::ShowSwitchesInMenus()
+{
+    PressInMenu(QStringLiteral("sprayer"));
+    Settle();
+    PressInMenu(QStringLiteral("sections"));
+    Settle();
+    for (QString const& section : {QStringLiteral("section-1"), QStringLiteral("section-2")})
+        PressInMenu(section);
+    Settle();
+    Picture(QStringLiteral("sections-off-by-menu"));
+    for (QString const& section : {QStringLiteral("section-1"), QStringLiteral("section-2")})
+        PressInMenu(section);
+    SwipeUp();
+    Settle();
+    PressButton(QStringLiteral("icon-tool-tip"));
+    Settle();
+    PressInMenu(QStringLiteral("all-sections"));
+    Settle();
+    Picture(QStringLiteral("tool-tip-of-a-menu"));
+    SwipeUp();
+    Settle();
+    PressButton(QStringLiteral("icon-tool-tip"));
+    Settle();
+    PressInMenu(QStringLiteral("sprayer"));
+    Settle();
+}
+
+// From all menus closed to an element three menus deep, and on from there by the wheel.
+void TTour::ShowMacroPaths()
+{
+    double const before = m_Console->Machine().LineShift();
+    FollowMenuPath(QStringLiteral("guidance/lines/line-shift-right"));
+    Picture(QStringLiteral("menu-by-macro-path"));
+    if (m_Console->Machine().LineShift() == before)
+        Fail(QStringLiteral("the macro path did not lead to the shift of the lines"));
+    for (int notch = 0; notch < 2; ++notch)
+    {
+        m_Operator.Wheel(-WheelNotch);
+        m_Time->Pass(WideStep);
+    }
+    Picture(QStringLiteral("wheel-in-a-menu"));
+    m_Operator.Key(Qt::Key_Return);
+    m_Time->Pass(WideStep);
+    if (m_Console->Machine().LineShift() != before)
+        Fail(QStringLiteral("the wheel did not centre the lines in their menu"));
+    PressInMenu(QStringLiteral("guidance"));
+    Settle();
+}
+
+void TTour::ShowFarView()
+{
+    PressInMenu(QStringLiteral("guidance"));
+    Settle();
+    PressInMenu(QStringLiteral("map"));
+    Settle();
+    Picture(QStringLiteral("menu-of-the-map"));
+    PressInMenu(QStringLiteral("far-view"));
+    Settle();
+    Picture(QStringLiteral("far-view"));
+    PressButton(QStringLiteral("icon-zoom-in"));
+    Settle();
+}
+
+void TTour::ShowShortcuts()
+{
+    Settle();
+    PressInMenu(QStringLiteral("record"));
+    PressInMenu(QStringLiteral("master"));
+    Settle();
+    Picture(QStringLiteral("shortcuts"));
+    PressInMenu(QStringLiteral("record"));
+    PressInMenu(QStringLiteral("master"));
+    Settle();
+}
+
 void TTour::ShowWheel()
 {
     for (int notch = 0; notch < 2; ++notch)
@@ -211,8 +337,12 @@ void TTour::ShowWheel()
         m_Operator.Key(Qt::Key_Escape);
         m_Time->Pass(WideStep);
     }
-    m_Operator.Wheel(WheelNotch);
-    m_Time->Pass(WideStep);
+    // Past the menus to the mini windows.
+    for (int notch = 0; notch < NotchesToAWindow; ++notch)
+    {
+        m_Operator.Wheel(WheelNotch);
+        m_Time->Pass(WideStep);
+    }
     Picture(QStringLiteral("wheel-on-the-screen"));
     m_Operator.Key(Qt::Key_Return);
     m_Time->Pass(WideStep);
@@ -499,6 +629,33 @@ void TTour::PressButton(QString const& objectName)
             return;
     }
     Fail(QStringLiteral("no button %1 can be pressed before picture %2").arg(objectName).arg(m_Number + 1));
+}
+
+void TTour::PressInMenu(QString const& objectName)
+{
+    auto const buttons = m_Console->Screen()->findChildren<TPushButton*>(objectName);
+    for (TPushButton* const button : buttons)
+    {
+        bool const isInMenu = button->parent() && button->parent()->inherits("TMenuBar");
+        if (isInMenu && button->isVisible() && m_Operator.Tap(static_cast<QWidget*>(button)))
+            return;
+    }
+    Fail(QStringLiteral("no element %1 can be pressed before picture %2").arg(objectName).arg(m_Number + 1));
+}
+
+void TTour::FollowMenuPath(QString const& path)
+{
+    bool isFollowed = false;
+    auto const canvases = m_Console->Screen()->findChildren<TMenuCanvas*>();
+    for (TMenuCanvas* const canvas : canvases)
+    {
+        if (canvas->isVisible())
+            isFollowed = canvas->GetMenuDisplay()->FollowPath(DefOf(*canvas->GetMenuManager(), path), nullptr,
+                                                              QString());
+    }
+    if (!isFollowed)
+        Fail(QStringLiteral("the macro path %1 cannot be followed").arg(path));
+    m_Time->Pass(PathTime);
 }
 
 void TTour::PressNavigation(KVN::MorvaneID const& id)

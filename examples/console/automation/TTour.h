@@ -30,6 +30,11 @@ private:
     void ShowLayersAndPages();
     void ShowWindowsOverTheView();
     void ShowCamera();
+    void ShowMenus();
+    void ShowShortcuts();
+    void ShowMacroPaths();
+    void ShowSwitchesInMenus();
+    void ShowFarView();
     void ShowWheel();
     void ShowSetup();
     void ShowSetupScreens();
@@ -47,6 +52,8 @@ private:
     void Press(QWidget* button, QString const& what);
     void OpenSetup(QString const& screen);
     void PressButton(QString const& objectName);
+    void PressInMenu(QString const& objectName);
+    void FollowMenuPath(QString const& path);
     void PressNavigation(KVN::MorvaneID const& id);
     void DragOffRight(KVN::MorvaneID const& id);
     void EndEdit(Qt::Key key);
