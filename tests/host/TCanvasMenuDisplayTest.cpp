@@ -145,6 +145,18 @@ private Q_SLOTS:
         QCOMPARE(stage.receiver.TakeCalls(), QList<int>{0});
     }
 
+    void aShortcutOfTheRootMenuStandsInTheStripOnce()
+    {
+        TMenuStage stage;
+        stage.Change(stage.root, stage.toTank, [](TElementState& e) { e.SetShortcut(true); });
+        QCOMPARE(stage.NamesOnBar("shortcuts"), QStringList{"tank"});
+        stage.Unfold();
+        QCOMPARE(stage.NamesOnBar("menus"), (QStringList{"field", "tank"}));
+        QVERIFY(!stage.Bar("shortcuts"));
+        stage.Touch(stage.FoldButton());
+        QCOMPARE(stage.NamesOnBar("shortcuts"), QStringList{"tank"});
+    }
+
     void shortcutsOfTwoMenusActInTheirOwn()
     {
         TMenuStage stage;
@@ -371,7 +383,10 @@ private Q_SLOTS:
     {
         TMenuStage stage;
         for (int i = 0; i < 25; ++i)
-            stage.Add(stage.root, "more", true);
+            stage.Add(stage.root, "more");
+        for (int i = 0; i < 5; ++i)
+            stage.Add(stage.tank, "quick", true);
+        stage.manager.ShowMenu(stage.tank.GetMenuID());
         stage.Settle();
         stage.Unfold();
         QRect const shortcuts = stage.OnCanvas(stage.Bar("shortcuts"));
@@ -571,20 +586,20 @@ private Q_SLOTS:
     void aShortcutBringsItsOpenMenuFromBehindTheFold()
     {
         TMenuStage stage;
-        stage.Change(stage.root, stage.toTank, [](TElementState& e) { e.SetShortcut(true); });
-        stage.Touch(stage.Button("shortcuts", "tank"));
+        stage.Change(stage.field, stage.toLines, [](TElementState& e) { e.SetShortcut(true); });
+        stage.Touch(stage.Button("shortcuts", "lines"));
         stage.Touch(stage.FoldButton());
         stage.navigator.PushWidget(stage.Bar("shortcuts"));
         stage.navigator.OnWheelRight();
         stage.Tick();
-        QCOMPARE(stage.Selected(), QStringLiteral("tank"));
+        QCOMPARE(stage.Selected(), QStringLiteral("lines"));
         stage.Enter();
-        QVERIFY(stage.Bar("tank"));
+        QVERIFY(stage.Bar("lines"));
         stage.Touch(stage.FoldButton());
-        stage.Touch(stage.Button("shortcuts", "tank"));
-        QVERIFY(stage.Bar("tank"));
-        stage.Touch(stage.Button("shortcuts", "tank"));
-        QVERIFY(!stage.Bar("tank"));
+        stage.Touch(stage.Button("shortcuts", "lines"));
+        QVERIFY(stage.Bar("lines"));
+        stage.Touch(stage.Button("shortcuts", "lines"));
+        QVERIFY(!stage.Bar("lines"));
     }
 
     void theWheelOpensMenusAndBackClosesThem()

@@ -382,9 +382,13 @@ bool TCanvasMenuDisplay::ShowShortcuts()
     std::vector<int> const menus = m_Pool.GetCurrentMenus();
     std::vector<TMenuBar::TItem> items;
     items.reserve(shortcuts.size());
+    // Those of the root menu stand right above then.
+    int const standsAbove = m_AreMenusVisible ? GetMenuManager().GetRootMenuID() : NoMenu;
     for (size_t i = 0; i < shortcuts.size(); ++i)
     {
-        bool const isSameMenu = i > 0 && menus[i] == menus[i - 1];
+        if (menus[i] == standsAbove)
+            continue;
+        bool const isSameMenu = !items.empty() && menus[i] == items.back().menuID;
         bool const isEnabled =
             isSameMenu ? items.back().isMenuEnabled : GetMenuManager().IsMenuEnabled(menus[i]);
         items.push_back({menus[i], std::move(shortcuts[i]), isEnabled});

@@ -20,10 +20,11 @@ class TPushButton;
 
 /// Draws the console's menus on a canvas. In its strip at the right edge stand, from the top, the button that
 /// folds the menus away and brings them back, the bar of the root menu, and behind it the shortcuts of all
-/// open menus, which stay when the menus are folded away. The bars of the other open menus stand in columns
-/// to the left of the strip, each left of the menu that it was opened from and level with the button that
-/// opened it, as far as it fits there; where there is no room for all, the ones that were opened first wait.
-/// The menus are folded away at first, and there is nothing before a menu is open.
+/// other open menus; when the menus are folded away the shortcuts stay, with those of the root menu. The bars
+/// of the other open menus stand in columns to the left of the strip, each left of the menu that it was
+/// opened from and level with the button that opened it, as far as it fits there; where there is no room for
+/// all, the ones that were opened first wait. The menus are folded away at first, and there is nothing before
+/// a menu is open.
 ///
 /// A menu that a press opens is brought into sight, and a press of the wheel's enter key goes into it; where
 /// it is open and in sight already, enter goes in without a press. Back closes a menu, which counts as the
