@@ -699,7 +699,7 @@ void TConfigMenuTest::aSlotMayClickOn()
     tree.Grow();
     // An owner who wants the first screen of a row at once.
     connect(tree.top, &TConfigMenu::ShowSetupMenu, this,
-            [&tree](TConfigMenu* row, bool visible)
+            [](TConfigMenu* row, bool visible)
             {
                 if (visible)
                     row->OnNext();
@@ -1429,8 +1429,10 @@ void Live(TTree& tree)
     show("Display", false);
     for (int i = 0; i < 20; ++i)
     {
-        if (tree.top)
-            i < 10 ? tree.top->OnPrevious() : tree.top->OnNext();
+        if (tree.top && i < 10)
+            tree.top->OnPrevious();
+        else if (tree.top)
+            tree.top->OnNext();
     }
     show("Nozzles", false);
     if (tree.top)

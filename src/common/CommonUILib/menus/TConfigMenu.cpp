@@ -703,7 +703,8 @@ int TConfigMenu::GetMenuItemSpacing(int margin) const
         return 0;
     if (count * width <= available)
         return int(width * RoomySpacing);
-    return qMax(0, int(available / count * TightSpacing));
+    int const share = available / count;
+    return qMax(0, int(share * TightSpacing));
 }
 
 void TConfigMenu::ArrangeElements(int direction, int margin)
