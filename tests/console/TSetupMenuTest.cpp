@@ -5,6 +5,7 @@
 #include "TConfigMenu.h"
 #include "TConfigMenuElement.h"
 #include "TestCase.h"
+#include "TestSupport.h"
 #include "TMachinePage.h"
 #include "TMachineSetupWindow.h"
 #include "TSoundPage.h"
@@ -80,6 +81,23 @@ struct TMenuStage
     QWidget window;
     TSetupMenu* menu;
     QStringList screens;
+};
+
+/// What the whole program draws and is woken for, as long as it lives.
+class TEventCount : public QObject
+{
+public:
+    TEventCount() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        Q_UNUSED(watched)
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        timers += event->type() == QEvent::Timer ? 1 : 0;
+        return false;
+    }
+
+    int paints = 0;
+    int timers = 0;
 };
 
 /// What a layout that was kept holds of the setup.
@@ -209,29 +227,33 @@ private Q_SLOTS:
         QCOMPARE(stage.menu->LevelCount(), 3);
     }
 
-    void aMenuAtRestDrawsNothing()
+    void aRowMovesWithTheTimeAndNotWithTheFrames()
+    {
+        TMenuStage stage;
+        TManualClock clock;
+        stage.Element("field")->click();
+        stage.time.Pass(200); // frames without time
+        QCOMPARE(stage.Height("field"), TSetupMenu::RowHeight);
+        clock.Advance(80);
+        stage.time.Pass(20);
+        QCOMPARE(stage.Height("field"), TSetupMenu::RowHeight + LEVEL_SPACER / 2);
+        clock.Advance(100000);
+        stage.time.Pass(20);
+        QCOMPARE(stage.Height("field"), TSetupMenu::RowHeight + LEVEL_SPACER);
+    }
+
+    void aMenuAtRestDrawsNothingAndWakesNobody()
     {
         TMenuStage stage;
         stage.Click("field");
-        int paints = 0;
-        struct TCounter : QObject
-        {
-            explicit TCounter(int* count)
-                : paints(count)
-            {
-            }
-            bool eventFilter(QObject* watched, QEvent* event) override
-            {
-                Q_UNUSED(watched)
-                *paints += event->type() == QEvent::Paint ? 1 : 0;
-                return false;
-            }
-            int* paints;
-        } counter(&paints);
-        stage.Row("field")->installEventFilter(&counter);
-        stage.Row("")->installEventFilter(&counter);
         stage.time.Pass(1000);
-        QCOMPARE(paints, 0);
+        TEventCount count;
+        stage.time.Pass(1000);
+        QCOMPARE(count.paints, 0);
+        QCOMPARE(count.timers, 0);
+        stage.Element("about")->click();
+        stage.time.Pass(20);
+        QVERIFY(count.paints > 0 && count.timers > 0);
     }
 
     void aFingerSlidesToTheGroupItMeans()
@@ -271,12 +293,14 @@ private Q_SLOTS:
         QVERIFY(stage.menu->ShowScreen(Path("about")));
         QVERIFY(stage.menu->ShowScreen(Path("console/units")));
         QCOMPARE(stage.menu->LevelCount(), 1);
-        // Another screen brings its row.
+        // Another screen brings its row, and changes nothing else.
+        stage.screens.clear();
         stage.menu->SetScreenAvailable(Path("console/sound"), true);
         stage.time.Pass(2 * SlideTime);
         QCOMPARE(stage.menu->LevelCount(), 2);
         QCOMPARE(stage.menu->Screen(), Path("console/units"));
         QVERIFY(stage.Element("console/units")->IsSelected());
+        QVERIFY(stage.screens.isEmpty());
     }
 
     void aGroupWithoutScreensIsNotSeen()
@@ -457,10 +481,11 @@ private Q_SLOTS:
     {
         QTemporaryDir folder;
         TStage stage(folder.path());
+        QVERIFY(stage.OpenSetup(Path(SetupScreens::Units)));
         QVERIFY(stage.OpenSetup(Path(SetupScreens::Job)));
-        ConfigManager::Instance()->Write(CONFIG_SOUND_ENABLED, false, false);
-        QVERIFY(stage.OpenSetup(Path(SetupScreens::Sound)));
-        QVERIFY(!stage.Button(QStringLiteral("icon-plus-larger"))->isEnabled());
+        ConfigManager::Instance()->Write(CONFIG_UNIT_SYSTEM, 2, false);
+        QVERIFY(stage.OpenSetup(Path(SetupScreens::Units)));
+        QCOMPARE(stage.Button(QStringLiteral("setup-units"))->GetText(), QStringLiteral("US"));
     }
 };
 
