@@ -1,12 +1,17 @@
-// Threads that change menus as fast as they are told to, a display that shows them and an operator who
-// presses what it shows. Prints how far the display is behind, how long its thread waits for locks, and
-// whether the last state was lost.
+// Threads that change menus as fast as they are told to, a screen that shows them, a plain reader that keeps
+// up with every notice, and an operator who presses what is on the screen. Prints how far the display is
+// behind, how long its thread waits for locks, and whether the last state was lost.
 //
 // measure-menus [SECONDS [THREADS [CHANGES]]], CHANGES being those of each thread in a second.
 
 #include "LockProbe.h"
+#include "MainScreen.h"
+#include "TCanvasMenuDisplay.h"
+#include "TMenuCanvas.h"
 #include "TMenuManager.h"
 #include "TMenuState.h"
+#include "TPushButton.h"
+#include "TScreen.h"
 
 #include <QApplication>
 #include <QSet>
@@ -19,6 +24,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <iterator>
 #include <map>
 #include <memory>
 #include <numeric>
@@ -114,8 +120,6 @@ public:
                            [this](TMenuState const* menu) { return IsRight(*menu); });
     }
 
-    QList<int> const& OpenMenus() const { return m_Open; }
-
     std::int64_t shown = 0;
     std::vector<std::int64_t> lags;
 
@@ -154,6 +158,85 @@ private:
     TMenuManager& m_Manager;
     std::map<int, TPicture> m_Pictures;
     QList<int> m_Open;
+};
+
+/// The name by which an element's buttons are found.
+QString NameOf(int menu, int element)
+{
+    return QStringLiteral("%1.%2").arg(menu).arg(element);
+}
+
+/// The menus on a screen, as the console shows them.
+class TScreenDisplay
+{
+public:
+    explicit TScreenDisplay(TMenuManager& manager)
+        : m_Manager(manager)
+    {
+        MainScreen = &m_Screen;
+        m_Screen.Setup();
+        m_Canvas = std::make_unique<TMenuCanvas>(&m_Screen, manager);
+        m_Canvas->SetBackgroundColor(Qt::darkGray);
+        m_Screen.show();
+        m_Canvas->show();
+        m_Canvas->raise();
+        m_Canvas->GetMenuDisplay()->ToggleMenus();
+    }
+    ~TScreenDisplay()
+    {
+        m_Canvas.reset();
+        MainScreen = nullptr;
+    }
+    TScreenDisplay(TScreenDisplay const&) = delete;
+    TScreenDisplay& operator=(TScreenDisplay const&) = delete;
+
+    /// What may be pressed.
+    QList<TPushButton*> Buttons() const
+    {
+        QList<TPushButton*> seen;
+        QList<TPushButton*> const all = m_Canvas->findChildren<TPushButton*>();
+        std::copy_if(all.begin(), all.end(), std::back_inserter(seen),
+                     [](TPushButton const* button) {
+                         return button->isVisible() &&
+                                button->objectName() != QLatin1String(TCanvasMenuDisplay::FoldButtonName);
+                     });
+        return seen;
+    }
+
+    /// Whether each button that is seen shows its element as it is, and the open menus are those of the
+    /// manager.
+    bool IsRight() const
+    {
+        QList<int> shown = m_Canvas->GetMenuDisplay()->GetMenuShownOrder();
+        QList<int> open = m_Manager.GetMenuShownOrder();
+        std::sort(shown.begin(), shown.end());
+        std::sort(open.begin(), open.end());
+        QList<TPushButton*> const buttons = Buttons();
+        return shown == open && buttons.size() >= VisibleElements(Root) &&
+               std::all_of(buttons.begin(), buttons.end(),
+                           [this](TPushButton const* button) { return IsRight(*button); });
+    }
+
+private:
+    int VisibleElements(int menuID) const
+    {
+        std::vector<TElementState> const elements = m_Manager.GetElementsState(menuID);
+        return int(std::count_if(elements.begin(), elements.end(),
+                                 [](TElementState const& element) { return element.IsVisible(); }));
+    }
+    bool IsRight(TPushButton const& button) const
+    {
+        QStringList const ids = button.objectName().split(QLatin1Char('.'));
+        int const menu = ids.constFirst().toInt();
+        TElementState const element = m_Manager.GetMenu(menu)->GetElement(ids.constLast().toInt());
+        bool const isEnabled = element.IsEnabled() && m_Manager.IsMenuEnabled(menu);
+        return element.IsVisible() && button.GetToolTip() == element.GetName() &&
+               button.isEnabled() == isEnabled;
+    }
+
+    TMenuManager& m_Manager;
+    TScreen m_Screen;
+    std::unique_ptr<TMenuCanvas> m_Canvas;
 };
 
 /// A thread of a module. It changes any element of any menu, now and then there and back.
@@ -223,17 +306,16 @@ private:
     std::vector<std::unique_ptr<TMenuState>> const& m_Menus;
     std::mt19937 m_Random;
     int const m_Rate;
-    std::array<QString, 3> const m_Icons{QStringLiteral("SectionOn"), QStringLiteral("SectionOff"),
-                                         QStringLiteral("SectionBlocked")};
+    std::array<QString, 3> const m_Icons{QStringLiteral("icon-section-on"),
+                                         QStringLiteral("icon-section-off"), QStringLiteral("icon-warning")};
 };
 
-/// Presses elements of what is open.
+/// Presses what is on the screen.
 class TOperator : public QObject
 {
 public:
-    TOperator(TMenuManager& manager, TPlainDisplay const& display)
-        : m_Manager(manager)
-        , m_Display(display)
+    explicit TOperator(TScreenDisplay const& display)
+        : m_Display(display)
     {
         connect(&m_Timer, &QTimer::timeout, this, &TOperator::Press);
         m_Timer.start(PressTime);
@@ -246,14 +328,14 @@ public:
 private:
     void Press()
     {
-        QList<int> const& open = m_Display.OpenMenus();
-        int const menu = open.isEmpty() ? Root : open.at(int(m_Random() % unsigned(open.size())));
-        m_Manager.ElementActivated(menu, int(m_Random() % Elements));
+        QList<TPushButton*> const buttons = m_Display.Buttons();
+        if (buttons.isEmpty())
+            return;
+        buttons.at(int(m_Random() % unsigned(buttons.size())))->click();
         ++presses;
     }
 
-    TMenuManager& m_Manager;
-    TPlainDisplay const& m_Display;
+    TScreenDisplay const& m_Display;
     QTimer m_Timer;
     std::mt19937 m_Random{1};
 };
@@ -272,9 +354,9 @@ std::vector<std::unique_ptr<TMenuState>> MakeMenus(TMenuManager& manager)
                               : element == 6 ? ELEMENT_HIDE_ALL
                                              : ELEMENT_HIDE_NONE;
             menus.back()->AddElement(
-                TElementState(TMMIDef(QStringLiteral("menu%1").arg(id), QString::number(element), true),
+                TElementState(TMMIDef(NameOf(id, element), QString::number(element), true),
                               TActivationConfig(target, mode), QString::number(element),
-                              QStringLiteral("SectionOff"), element, true, true, element % 10 == 7));
+                              QStringLiteral("icon-section-off"), element, true, true, element % 10 == 7));
         }
         manager.AddMenu(menus.back().get());
     }
@@ -364,9 +446,9 @@ private:
 };
 
 // From the last change to the right display, in ms; -1 if it stays wrong.
-double LastLag(TPlainDisplay const& display, std::int64_t ended)
+double LastLag(TPlainDisplay const& reader, TScreenDisplay const& screen, std::int64_t ended)
 {
-    while (!display.IsRight())
+    while (!reader.IsRight() || !screen.IsRight())
     {
         if (Now() - ended > LongestLag)
             return -1.0;
@@ -402,7 +484,8 @@ int main(int argc, char** argv)
     TCountingManager manager;
     std::vector<std::unique_ptr<TMenuState>> const menus = MakeMenus(manager);
     TPlainDisplay display(manager);
-    TOperator finger(manager, display);
+    TScreenDisplay screen(manager);
+    TOperator finger(screen);
     QCoreApplication::processEvents();
     manager.NextRound();
     manager.largest = 0;
@@ -417,7 +500,7 @@ int main(int argc, char** argv)
     }
     finger.Stop();
     double const cpu = CpuSeconds() - start;
-    double const lag = LastLag(display, load.Ended());
+    double const lag = LastLag(display, screen, load.Ended());
 
     Print("changes.per.s", double(load.Changes()) / seconds);
     Print("presses", finger.presses);
