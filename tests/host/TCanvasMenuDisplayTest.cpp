@@ -393,6 +393,12 @@ private Q_SLOTS:
         QCOMPARE(shortcuts.height(), 2 * ButtonHeight);
         QCOMPARE(shortcuts.bottom(), stage.Strip().bottom());
         QCOMPARE(stage.OnCanvas(stage.Bar("menus")).bottom() + 1, shortcuts.top());
+        for (int i = 2; i <= 5; ++i)
+            stage.tank.RemoveElement(i);
+        stage.Settle();
+        QCOMPARE(stage.OnCanvas(stage.Bar("shortcuts")).height(), ButtonHeight);
+        QCOMPARE(stage.OnCanvas(stage.Bar("menus")).bottom() + 1,
+                 stage.OnCanvas(stage.Bar("shortcuts")).top());
     }
 
     void largerButtonsThatTheOperatorChoseAreTakenUp()
@@ -686,6 +692,8 @@ private Q_SLOTS:
         QVERIFY(stage.FollowToTheEnd());
         QVERIFY(stage.Bar("lines"));
         QCOMPARE(stage.receiver.TakeCalls(), QList<int>{3});
+        stage.Tick();
+        QCOMPARE(stage.Selected(), QStringLiteral("right"));
     }
 
     void aMacroPathGoesThroughMenusThatAreOpen()
@@ -703,6 +711,17 @@ private Q_SLOTS:
         QVERIFY(stage.Bar("lines"));
         QCOMPARE(stage.Selected(), QStringLiteral("left"));
         QCOMPARE(stage.receiver.TakeCalls(), QList<int>{2});
+    }
+
+    void aMacroPathThatEndsAtAnOpenMenuGoesIntoIt()
+    {
+        TMenuStage stage;
+        stage.Unfold();
+        stage.Open("menus", "field");
+        QVERIFY(stage.Display()->FollowPath(Path({"field"}), &stage.receiver, QStringLiteral("Arrived")));
+        QVERIFY(stage.FollowToTheEnd());
+        stage.Tick();
+        QCOMPARE(stage.Selected(), QStringLiteral("record"));
     }
 
     void aMacroPathLeavesTheMenuWhereTheWheelStands()
@@ -875,6 +894,21 @@ private Q_SLOTS:
         QCOMPARE(stage.Selected(), QStringLiteral("tank"));
         stage.Enter();
         QVERIFY(stage.manager.GetMenuDisplayState(stage.tank.GetMenuID()).isShown);
+        stage.Enter();
+        QVERIFY(!stage.manager.GetMenuDisplayState(stage.tank.GetMenuID()).isShown);
+    }
+
+    void theWheelClosesAMenuByItsOwnElement()
+    {
+        TMenuStage stage;
+        TMenuStage::AddOpener(stage.tank, "self", stage.tank);
+        stage.manager.OnToggleMenu(stage.tank.GetMenuID(), stage.tank.GetMenuID(), 1);
+        stage.Unfold();
+        auto* const self = stage.Canvas()->findChild<TPushButton*>(QStringLiteral("self"));
+        stage.navigator.PushWidget(self->parentWidget());
+        stage.navigator.OnWheelLeft();
+        stage.Tick();
+        QCOMPARE(stage.Selected(), QStringLiteral("self"));
         stage.Enter();
         QVERIFY(!stage.manager.GetMenuDisplayState(stage.tank.GetMenuID()).isShown);
     }

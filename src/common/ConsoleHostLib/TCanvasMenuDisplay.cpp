@@ -70,7 +70,6 @@ TCanvasMenuDisplay::TCanvasMenuDisplay(TMenuManager& manager, TCanvas* canvas)
     m_Pace->setInterval(PaceMs);
     connect(m_Pace, &QTimer::timeout, this, &TCanvasMenuDisplay::CatchUp);
     connect(canvas, &TCanvas::OnShow, this, &TCanvasMenuDisplay::OnCanvasShown);
-    connect(canvas, &TCanvas::OnHide, this, &TCanvasMenuDisplay::OnCanvasHidden);
     if (MainScreen)
         connect(MainScreen, &TScreen::SystemToolbarGeometryChanged, this, &TCanvasMenuDisplay::Arrange);
     UpdateAutoHideState();
@@ -128,9 +127,38 @@ bool TCanvasMenuDisplay::FollowPath(TMMIDef const& def, QObject* callback, QStri
     QPointer<TMenuBar> const start(BarOf(root));
     if (!m_AreMenusVisible)
         ToggleMenus();
-    if (start)
-        navigator->FollowPath(start, path, callback, method);
+    if (!start)
+        return false;
+    m_PathEnd = path.constLast();
+    m_PathCallback = callback;
+    m_PathMethod = method.toUtf8();
+    navigator->FollowPath(start, path, this, QStringLiteral("OnPathFollowed"));
     return true;
+}
+
+// The navigator presses what the path ends with, and leaves the selection where it was.
+void TCanvasMenuDisplay::OnPathFollowed(bool arrived)
+{
+    QPointer<QObject> const callback = m_PathCallback;
+    QByteArray const method = m_PathMethod;
+    TMMICapableWidgetNavigator* const navigator = MainScreen ? MainScreen->GetMMINavigator() : nullptr;
+    TMenuElementButton* const end = arrived && navigator ? EndOfPath() : nullptr;
+    if (end)
+        navigator->RefreshChildren(TMMICapableWeakRef(end));
+    if (callback)
+        QMetaObject::invokeMethod(callback, method.constData(), Q_ARG(bool, arrived));
+}
+
+// Null where the wheel has gone on into a menu.
+TMenuElementButton* TCanvasMenuDisplay::EndOfPath() const
+{
+    QList<TMenuElementButton*> const buttons = m_Canvas->findChildren<TMenuElementButton*>(m_PathEnd);
+    auto const end = std::find_if(buttons.begin(), buttons.end(),
+                                  [](TMenuElementButton const* button) {
+                                      return button->isVisible() && button->parentWidget()->objectName() !=
+                                                                        QLatin1String(ShortcutBarName);
+                                  });
+    return end == buttons.end() || (*end)->CanEnterOpenedBar() ? nullptr : *end;
 }
 
 void TCanvasMenuDisplay::HandleMenuAutoHideStateChanged()
@@ -203,11 +231,6 @@ void TCanvasMenuDisplay::OnCanvasShown()
     }
     m_AreMenusStale = true;
     CatchUp();
-}
-
-void TCanvasMenuDisplay::OnCanvasHidden()
-{
-    m_Press = NoPress;
 }
 
 // It moves at every frame of a slide.

@@ -4,8 +4,10 @@
 #include "TMenuDisplayManager.h"
 #include "TShortcutPool.h"
 
+#include <QByteArray>
 #include <QHash>
 #include <QPair>
+#include <QPointer>
 #include <QSet>
 
 #include <map>
@@ -59,9 +61,9 @@ public:
     QList<int> GetMenuShownOrder() override;
 
     /// Takes the operator where \a def leads by its first names, from the root menu through the menus on the
-    /// way: they unfold and open, and the last step is pressed. \a callback is told as by the navigator's
-    /// FollowPath(). False without a navigator, a root menu or steps, behind what locks the screen, and while
-    /// the canvas is hidden: nothing happens then.
+    /// way: they unfold and open, and the last step is pressed; the wheel stands on it then, if it is still
+    /// to be seen. \a callback is told as by the navigator's FollowPath(). False without a navigator, a root
+    /// menu or steps, behind what locks the screen, and while the canvas is hidden: nothing happens then.
     bool FollowPath(TMMIDef const& def, QObject* callback, QString const& method);
 
     /// Puts the bars where they belong; for the canvas.
@@ -78,6 +80,9 @@ public Q_SLOTS:
     void OnElementStateChanged(int menuID) override;
     void OnElementPressed(int menuID, int elementID) override;
 
+private Q_SLOTS:
+    void OnPathFollowed(bool arrived);
+
 private:
     using TBars = std::map<int, TMenuBar*>;
     using TElementKey = QPair<int, int>; // menu and element
@@ -92,7 +97,6 @@ private:
     static constexpr TPress NoPress{{-1, -1}, false, 0};
 
     void OnCanvasShown();
-    void OnCanvasHidden();
     void OnLeftLimitChanged();
     void OnPressed(int menuID, int elementID, bool isByWheel);
     bool IsOpenBehindTheFold(TElementKey const& opener) const;
@@ -100,6 +104,7 @@ private:
 
     void LookSoon();
     void CatchUp();
+    TMenuElementButton* EndOfPath() const;
     TMenuBar* FollowOpenMenus();
     QList<int> MenusToShow() const;
     TElementKey OpenerOf(int menuID) const;
@@ -136,4 +141,8 @@ private:
     QTimer* m_Pace;
     // What was pressed last, until it has opened a menu.
     TPress m_Press = NoPress;
+    // Of the macro path that is followed.
+    QString m_PathEnd;
+    QPointer<QObject> m_PathCallback;
+    QByteArray m_PathMethod;
 };

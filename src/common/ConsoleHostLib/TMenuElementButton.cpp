@@ -93,7 +93,6 @@ void TMenuElementButton::ShowSkin()
     SetBackgroundDisabled(skin.normal);
 }
 
-// Not one without anything to stand on, nor the one in which the wheel stands.
 bool TMenuElementButton::CanEnterOpenedBar() const
 {
     return m_OpenedBar && m_OpenedBar->isVisible() && m_OpenedBar->GetNumberOfVisibleButtons() > 0 &&

@@ -22,6 +22,9 @@ public:
     /// The bar of the menu that the element has open; null for none.
     void SetOpenedBar(TMenuBar* bar);
 
+    /// Whether the wheel goes into the bar of the open menu: it is in sight, has something to stand on, and is
+    /// not the one with this button.
+    bool CanEnterOpenedBar() const;
     /// Whether the wheel's enter key pressed it last; asked once for each press.
     bool TakeWheelPress();
 
@@ -31,7 +34,6 @@ public:
 private:
     void ShowFace(QString const& icon, QString const& name);
     void ShowSkin();
-    bool CanEnterOpenedBar() const;
 
     bool const m_IsShortcut;
     TElementState m_Element;
