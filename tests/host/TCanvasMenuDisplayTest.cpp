@@ -432,7 +432,8 @@ private Q_SLOTS:
         stage.Settle();
         QList<int> seen;
         int leftmost = stage.Canvas()->width();
-        for (auto const* const button : stage.Canvas()->findChildren<TPushButton*>())
+        QList<TPushButton*> const buttons = stage.Canvas()->findChildren<TPushButton*>();
+        for (auto const* const button : buttons)
         {
             bool isNumber = false;
             int const number = button->objectName().toInt(&isNumber);
@@ -451,7 +452,8 @@ private Q_SLOTS:
         stage.screen->GetObstructionManager()->RegisterObstruction(&mini, OBSTRUCTION_LEFT);
         mini.show();
         QVERIFY(stage.Canvas()->GetLeftLimit() > leftmost);
-        for (auto const* const bar : stage.Canvas()->findChildren<TTaskToolBar*>())
+        QList<TTaskToolBar*> const bars = stage.Canvas()->findChildren<TTaskToolBar*>();
+        for (auto const* const bar : bars)
             QVERIFY(!bar->isVisible() || stage.OnCanvas(bar).left() >= stage.Canvas()->GetLeftLimit());
     }
 
@@ -555,7 +557,8 @@ private Q_SLOTS:
             if (auto* const widget = qobject_cast<QWidget*>(child))
                 order << widget;
         }
-        for (auto* const bar : stage.Canvas()->findChildren<TTaskToolBar*>())
+        QList<TTaskToolBar*> const bars = stage.Canvas()->findChildren<TTaskToolBar*>();
+        for (auto* const bar : bars)
             QVERIFY(order.indexOf(bar) < order.indexOf(fade));
         stage.Canvas()->UpdateFullWindowGeometry();
         QObjectList const& children = stage.Canvas()->children();

@@ -123,7 +123,8 @@ public:
     }
     static void PassPace(TCanvasMenuDisplay* display)
     {
-        for (auto* const timer : display->findChildren<QTimer*>())
+        QList<QTimer*> const timers = display->findChildren<QTimer*>();
+        for (auto* const timer : timers)
         {
             if (!timer->isActive())
                 continue;
@@ -142,7 +143,8 @@ public:
     /// Null while there is none to be seen.
     TTaskToolBar* Bar(char const* name) const
     {
-        for (auto* const bar : Canvas()->findChildren<TTaskToolBar*>(QLatin1String(name)))
+        QList<TTaskToolBar*> const bars = Canvas()->findChildren<TTaskToolBar*>(QLatin1String(name));
+        for (auto* const bar : bars)
         {
             if (bar->isVisible())
                 return bar;
@@ -163,7 +165,8 @@ public:
         QMap<int, QString> names;
         if (TTaskToolBar const* const bar = Bar(name))
         {
-            for (auto const* const button : bar->findChildren<TPushButton*>())
+            QList<TPushButton*> const buttons = bar->findChildren<TPushButton*>();
+            for (auto const* const button : buttons)
             {
                 if (button->isVisible())
                     names.insert(button->y(), button->objectName());
