@@ -83,11 +83,26 @@ private Q_SLOTS:
     void aSlideOffAllButtonsClicksNone();
     void aSlideOntoADisabledButtonClicksNothing();
     void aSlideThatBeginsBesideTheButtonsClicks();
+    void aSlideOntoAnOverlappingButtonClicksThatAlone();
+    void aSlideOutOfTheOverlapAndBackClicksOnce();
+    void aButtonThatComesUnderARestingFingerIsNotClicked();
+    void aButtonThatMovesAwayFromARestingFingerClicksNothing();
+    void aButtonThatHidesItselfDoesNotClickTheOneBehindIt();
+    void aPressedButtonThatVanishesEndsTheSlide_data();
+    void aPressedButtonThatVanishesEndsTheSlide();
+    void aButtonThatDeletesItselfEndsTheTouch();
+    void aButtonThatIsHiddenInASlideIsLetGo();
+    void aPressAfterALostReleaseBeginsAnew();
     void inToolTipModeASlideToAButtonWithAToolTipShowsTheTipAndDoesNotClick();
+    void inToolTipModeASlideOffAButtonTakesItsToolTipAway();
+    void inToolTipModeAToolTipStaysWhenTheFingerLifts();
     void aFingerThatRestsShowsTheToolTip();
     void afterAReleaseAFingerHasToRestAnew();
     void aReleaseInTimeShowsNoToolTip();
+    void aFingerThatRestsBesideTheButtonsHasNothingToAsk();
     void disabledToolTipsStayAway();
+    void disablingToolTipsTakesTheOneOfARestingFingerAway();
+    void inToolTipModeAPressedButtonExplainsItselfInAnyCase();
     void aButtonThatRepeatsClicksWhileTheFingerStaysOnIt();
     void hiddenInASlideItLetsTheButtonGo();
     void hiddenWhileAFingerRestsItTakesTheToolTipAway();
@@ -185,8 +200,148 @@ void TButtonSurfaceTest::aSlideThatBeginsBesideTheButtonsClicks()
     QApplication::sendEvent(stage.surface, &press);
     QApplication::sendEvent(stage.surface, &move);
     QVERIFY(move.isAccepted());
+    QMouseEvent beside(QEvent::MouseMove, QPointF(3.5 * Side, 40), Qt::NoButton, Qt::LeftButton,
+                       Qt::NoModifier);
+    QApplication::sendEvent(stage.surface, &beside);
+    QVERIFY(!beside.isAccepted());
+    // It may lift elsewhere than it was heard of last.
     QApplication::sendEvent(stage.surface, &release);
     QCOMPARE(stage.clicks, QVector<int>{2});
+}
+
+void TButtonSurfaceTest::aSlideOntoAnOverlappingButtonClicksThatAlone()
+{
+    TSurfaceStage stage;
+    stage.buttons.at(1)->move(Side / 2, 0);
+    QPoint const overlap(100 + Side / 2 + 15, 100 + Side / 2);
+    stage.finger.Press(overlap - QPoint(30, 0));
+    stage.finger.Move({overlap, overlap + QPoint(2, 0), overlap + QPoint(4, 0)});
+    QVERIFY(!stage.buttons.at(0)->isDown());
+    QVERIFY(stage.buttons.at(1)->isDown());
+    stage.finger.Lift();
+    QCOMPARE(stage.clicks, QVector<int>{1});
+}
+
+void TButtonSurfaceTest::aSlideOutOfTheOverlapAndBackClicksOnce()
+{
+    TSurfaceStage stage;
+    stage.buttons.at(1)->move(Side / 2, 0);
+    QPoint const overlap(100 + Side / 2 + 15, 100 + Side / 2);
+    stage.finger.Press(overlap - QPoint(30, 0));
+    stage.finger.Move({overlap + QPoint(50, 0), overlap});
+    stage.finger.Lift();
+    QCOMPARE(stage.clicks, QVector<int>{1});
+}
+
+void TButtonSurfaceTest::aButtonThatComesUnderARestingFingerIsNotClicked()
+{
+    TSurfaceStage stage;
+    stage.finger.Press(stage.On(0));
+    stage.buttons.at(2)->move(0, 0);
+    stage.buttons.at(2)->raise();
+    stage.buttons.at(0)->move(Side * 2, 0);
+    stage.finger.Lift();
+    QCOMPARE(stage.clicks, QVector<int>());
+    // Nor when the whole surface moves beneath it.
+    stage.finger.Press(stage.On(1));
+    stage.surface->move(100 + Side, 100);
+    stage.finger.Lift();
+    QCOMPARE(stage.clicks, QVector<int>());
+}
+
+void TButtonSurfaceTest::aButtonThatMovesAwayFromARestingFingerClicksNothing()
+{
+    TSurfaceStage stage;
+    stage.finger.Press(stage.On(0));
+    stage.finger.Move(stage.On(1));
+    stage.buttons.at(1)->move(3 * Side, 0);
+    stage.buttons.at(2)->move(Side, 0);
+    stage.finger.Lift();
+    QCOMPARE(stage.clicks, QVector<int>());
+    QVERIFY(!stage.buttons.at(1)->isDown());
+}
+
+void TButtonSurfaceTest::aButtonThatHidesItselfDoesNotClickTheOneBehindIt()
+{
+    TSurfaceStage stage;
+    stage.buttons.at(1)->lower();
+    stage.buttons.at(1)->move(0, 0);
+    connect(stage.buttons.at(0), &TPushButton::Clicked, stage.buttons.at(0), &QWidget::hide);
+    stage.finger.Touch(stage.On(0));
+    QCOMPARE(stage.clicks, QVector<int>{0});
+    stage.finger.Touch(stage.On(0));
+    QCOMPARE(stage.clicks, (QVector<int>{0, 1}));
+}
+
+void TButtonSurfaceTest::aPressedButtonThatVanishesEndsTheSlide_data()
+{
+    QTest::addColumn<bool>("deleted");
+    QTest::newRow("hidden") << false;
+    QTest::newRow("deleted") << true;
+}
+
+void TButtonSurfaceTest::aPressedButtonThatVanishesEndsTheSlide()
+{
+    QFETCH(bool, deleted);
+    TSurfaceStage stage;
+    stage.buttons.at(2)->SetAutoRepeat(true, 1, 1);
+    stage.finger.Press(stage.On(0));
+    stage.finger.Move(stage.On(2));
+    QVERIFY(stage.buttons.at(2)->isDown());
+    if (deleted)
+        delete stage.buttons.at(0).data();
+    else
+        stage.buttons.at(0)->hide();
+    QVERIFY(!stage.buttons.at(2)->isDown());
+    int const clicks = stage.clicks.size();
+    QVERIFY(HasWaited());
+    QCOMPARE(stage.clicks.size(), clicks);
+    stage.finger.Lift();
+    // The next finger has to rest anew.
+    stage.finger.Press(stage.On(2));
+    stage.finger.Move(stage.On(1));
+    QVERIFY(stage.platform.shown.isEmpty());
+    stage.finger.Lift();
+    QCOMPARE(stage.clicks.last(), 1);
+}
+
+void TButtonSurfaceTest::aButtonThatDeletesItselfEndsTheTouch()
+{
+    TSurfaceStage stage;
+    connect(stage.buttons.at(0), &TPushButton::Clicked, stage.surface,
+            [&stage] { delete stage.buttons.at(0).data(); });
+    stage.finger.Touch(stage.On(0));
+    QVERIFY(!stage.buttons.at(0));
+    QVERIFY(HasWaited());
+    // Had it been left touched it would take this for a slide.
+    stage.finger.Move(stage.On(1));
+    QVERIFY(!stage.buttons.at(1)->isDown());
+    QVERIFY(stage.platform.shown.isEmpty());
+}
+
+void TButtonSurfaceTest::aButtonThatIsHiddenInASlideIsLetGo()
+{
+    TSurfaceStage stage;
+    stage.finger.Press(stage.On(0));
+    stage.finger.Move(stage.On(2));
+    stage.buttons.at(2)->hide();
+    stage.finger.Lift();
+    QVERIFY(!stage.buttons.at(2)->isDown());
+    QCOMPARE(stage.clicks, QVector<int>());
+}
+
+void TButtonSurfaceTest::aPressAfterALostReleaseBeginsAnew()
+{
+    TSurfaceStage stage;
+    QMouseEvent press(QEvent::MouseButtonPress, QPointF(3.5 * Side, 40), Qt::LeftButton, Qt::LeftButton,
+                      Qt::NoModifier);
+    QMouseEvent move(QEvent::MouseMove, QPointF(2.5 * Side, 40), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(stage.surface, &press);
+    QApplication::sendEvent(stage.surface, &move);
+    QVERIFY(stage.buttons.at(2)->isDown());
+    QApplication::sendEvent(stage.surface, &press);
+    QVERIFY(!stage.buttons.at(2)->isDown());
 }
 
 void TButtonSurfaceTest::inToolTipModeASlideToAButtonWithAToolTipShowsTheTipAndDoesNotClick()
@@ -203,6 +358,31 @@ void TButtonSurfaceTest::inToolTipModeASlideToAButtonWithAToolTipShowsTheTipAndD
     stage.finger.Move(stage.On(2));
     stage.finger.Lift();
     QCOMPARE(stage.clicks, QVector<int>{2});
+}
+
+void TButtonSurfaceTest::inToolTipModeASlideOffAButtonTakesItsToolTipAway()
+{
+    TSurfaceStage stage;
+    stage.platform.isMode = true;
+    stage.finger.Press(stage.On(0));
+    stage.finger.Move(stage.On(1));
+    QCOMPARE(stage.platform.shown.size(), 1);
+    int const hidden = stage.platform.m_HiddenToolTips;
+    stage.finger.Move(stage.On(3));
+    QVERIFY(stage.platform.m_HiddenToolTips > hidden);
+    stage.finger.Lift();
+    QCOMPARE(stage.clicks, QVector<int>());
+}
+
+void TButtonSurfaceTest::inToolTipModeAToolTipStaysWhenTheFingerLifts()
+{
+    TSurfaceStage stage;
+    stage.platform.isMode = true;
+    stage.finger.Press(stage.On(1));
+    QTRY_VERIFY(stage.platform.shown.size() > 1); // by the press, and as it rests
+    int const hidden = stage.platform.m_HiddenToolTips;
+    stage.finger.Lift();
+    QCOMPARE(stage.platform.m_HiddenToolTips, hidden);
 }
 
 void TButtonSurfaceTest::aFingerThatRestsShowsTheToolTip()
@@ -234,8 +414,21 @@ void TButtonSurfaceTest::aReleaseInTimeShowsNoToolTip()
 {
     TSurfaceStage stage;
     stage.finger.Touch(stage.On(1));
+    int const hidden = stage.platform.m_HiddenToolTips;
     QVERIFY(HasWaited());
     QVERIFY(stage.platform.shown.isEmpty());
+    // A time that ran on would take away the tip of somebody else.
+    QCOMPARE(stage.platform.m_HiddenToolTips, hidden);
+}
+
+void TButtonSurfaceTest::aFingerThatRestsBesideTheButtonsHasNothingToAsk()
+{
+    TSurfaceStage stage;
+    stage.finger.Press(stage.On(3));
+    QVERIFY(HasWaited());
+    stage.finger.Move(stage.On(1));
+    QVERIFY(stage.platform.shown.isEmpty());
+    stage.finger.Lift();
 }
 
 void TButtonSurfaceTest::disabledToolTipsStayAway()
@@ -243,12 +436,40 @@ void TButtonSurfaceTest::disabledToolTipsStayAway()
     TSurfaceStage stage;
     stage.surface->EnableToolTips(false);
     stage.finger.Press(stage.On(1));
-    QCoreApplication::processEvents();
-    QCoreApplication::processEvents();
+    QVERIFY(HasWaited());
     QVERIFY(stage.platform.shown.isEmpty());
-    stage.platform.isMode = true;
-    stage.finger.Move(stage.On(0));
     stage.finger.Lift();
+    stage.platform.isMode = true;
+    stage.finger.Press(stage.On(0));
+    stage.finger.Move(stage.On(1));
+    int const hidden = stage.platform.m_HiddenToolTips;
+    stage.finger.Move(stage.On(3));
+    QVERIFY(stage.platform.shown.isEmpty());
+    QCOMPARE(stage.platform.m_HiddenToolTips, hidden);
+}
+
+void TButtonSurfaceTest::disablingToolTipsTakesTheOneOfARestingFingerAway()
+{
+    TSurfaceStage stage;
+    stage.finger.Press(stage.On(1));
+    QTRY_COMPARE(stage.platform.shown.size(), 1);
+    int const hidden = stage.platform.m_HiddenToolTips;
+    stage.surface->EnableToolTips(false);
+    QCOMPARE(stage.platform.m_HiddenToolTips, hidden + 1);
+    stage.surface->EnableToolTips(true);
+    stage.finger.Move(stage.On(0));
+    stage.finger.Move(stage.On(1));
+    QCOMPARE(stage.platform.shown.size(), 1);
+}
+
+void TButtonSurfaceTest::inToolTipModeAPressedButtonExplainsItselfInAnyCase()
+{
+    TSurfaceStage stage;
+    stage.surface->EnableToolTips(false);
+    stage.platform.isMode = true;
+    stage.finger.Touch(stage.On(1));
+    QCOMPARE(stage.platform.shown, QStringList{QStringLiteral("middle")});
+    QCOMPARE(stage.clicks, QVector<int>());
 }
 
 void TButtonSurfaceTest::aButtonThatRepeatsClicksWhileTheFingerStaysOnIt()

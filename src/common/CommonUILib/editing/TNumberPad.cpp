@@ -26,7 +26,6 @@ constexpr QChar NonBreakingSpace(0x00A0);
 constexpr QChar ClearCharacter(7);
 
 // Milliseconds.
-constexpr int RestTime = 500;
 constexpr int RepeatDelay = 250;
 constexpr int BackspaceInterval = 50;
 constexpr int StepInterval = 100;
@@ -108,7 +107,7 @@ TNumberPad::TNumberPad(QWidget* parent, ENumberPadType type)
     : TWindow(parent)
     , m_Maximum(double(std::numeric_limits<float>::max()))
     , m_PadType(KnownType(type))
-    , m_Surface(new TButtonSurface(this, RestTime))
+    , m_Surface(new TButtonSurface(this, TButtonSurface::RestTime))
 {
     setAttribute(Qt::WA_ShowWithoutActivating);
     SetBackground(PixmapNames::ModalInputWindow);

@@ -5,6 +5,15 @@
 
 #include <QMouseEvent>
 
+namespace
+{
+void Release(QWidget* widget)
+{
+    if (auto* const button = qobject_cast<TPushButton*>(widget))
+        button->setDown(false);
+}
+} // namespace
+
 TButtonSurface::TButtonSurface(QWidget* parent, int intervalMs)
     : QWidget(parent)
 {
@@ -13,13 +22,17 @@ TButtonSurface::TButtonSurface(QWidget* parent, int intervalMs)
     connect(&m_Timer, &QTimer::timeout, this, &TButtonSurface::OnTimeout);
 }
 
-TButtonSurface::~TButtonSurface() = default;
+// The buttons die after this part of the surface.
+TButtonSurface::~TButtonSurface()
+{
+    Watch(nullptr);
+}
 
 void TButtonSurface::EnableToolTips(bool enable)
 {
-    m_ToolTipsEnabled = enable;
     if (!enable)
-        m_Timer.stop();
+        EndRest();
+    m_ToolTipsEnabled = enable;
 }
 
 TPushButton* TButtonSurface::GetButtonUnderMouse(QPoint const& position) const
@@ -29,17 +42,21 @@ TPushButton* TButtonSurface::GetButtonUnderMouse(QPoint const& position) const
 
 void TButtonSurface::mousePressEvent(QMouseEvent* event)
 {
+    TPushButton* const button = GetButtonUnderMouse(event->pos());
+    // Of a finger whose release never came. The button that is pressed now has taken the press already.
+    if (m_Last != button)
+        Release(m_Last);
+    ForgetFinger();
     m_IsTouched = true;
-    m_Current = GetButtonUnderMouse(event->pos());
-    m_First = m_Current;
-    m_Last = m_Current;
-    if (m_Current && m_ToolTipsEnabled)
+    m_Place = mapToGlobal(event->pos());
+    m_Current = button;
+    m_Last = button;
+    Watch(button);
+    if (button && m_ToolTipsEnabled)
         m_Timer.start();
     QWidget::mousePressEvent(event);
 }
 
-// The button that was pressed first is left to itself, but for being let go of: within its reach around it
-// would be clicked beside the one under the finger.
 void TButtonSurface::mouseMoveEvent(QMouseEvent* event)
 {
     if (!m_IsTouched)
@@ -47,52 +64,99 @@ void TButtonSurface::mouseMoveEvent(QMouseEvent* event)
         QWidget::mouseMoveEvent(event);
         return;
     }
-    m_Current = GetButtonUnderMouse(event->pos());
-    if (m_Last && m_Last != m_Current)
-        m_Last->setDown(false);
-    if (m_Current && m_Current->isEnabled() && m_Current != m_First)
-        m_Current->setDown(true);
+    m_Place = mapToGlobal(event->pos());
+    SlideTo(GetButtonUnderMouse(event->pos()));
     RefreshToolTip();
-    m_Last = m_Current;
     QWidget::mouseMoveEvent(event);
     if (m_Current)
         event->accept();
+}
+
+// The button that was pressed first is left to itself, but for being let go of by every move that is not on
+// it: within its reach around it, and where its neighbour lies on it, it presses itself again and would be
+// clicked beside the one under the finger.
+void TButtonSurface::SlideTo(TPushButton* button)
+{
+    m_Current = button;
+    for (QWidget* const left : {m_Last.data(), m_First.data()})
+    {
+        if (left != button)
+            Release(left);
+    }
+    if (button && button->isEnabled() && m_First != button)
+        button->setDown(true);
+    m_Last = m_Current;
 }
 
 void TButtonSurface::mouseReleaseEvent(QMouseEvent* event)
 {
     QPointer<TButtonSurface> const self(this);
     TPushButton* const button = m_IsTouched ? GetButtonUnderMouse(event->pos()) : nullptr;
-    if (button && button != m_First)
+    if (button && HasComeTo(button, mapToGlobal(event->pos())))
         ClickUnderFinger(button);
     if (!self)
         return;
-    ForgetFinger();
+    LoseFinger();
     QWidget::mouseReleaseEvent(event);
 }
 
-// A finger that is still down when the surface goes is not heard of again: the button beneath it would stay
-// down, and one that repeats would click for ever.
+bool TButtonSurface::HasComeTo(TPushButton const* button, QPoint const& place) const
+{
+    return m_First != button && (m_Last == button || m_Place != place);
+}
+
 void TButtonSurface::hideEvent(QHideEvent* event)
 {
-    for (TPushButton* const button : {m_Last.data(), m_Current.data()})
-    {
-        if (button)
-            button->setDown(false);
-    }
-    ForgetFinger();
+    LoseFinger();
     QWidget::hideEvent(event);
+}
+
+// Qt tells nothing more of a finger whose button is gone or cannot be seen.
+bool TButtonSurface::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Hide && m_First == watched)
+        LoseFinger();
+    return QWidget::eventFilter(watched, event);
+}
+
+// The button beneath it would stay down, and one that repeats would click for ever.
+void TButtonSurface::LoseFinger()
+{
+    Release(m_Last);
+    ForgetFinger();
 }
 
 void TButtonSurface::ForgetFinger()
 {
-    m_Timer.stop();
     m_IsTouched = false;
     m_Current = nullptr;
-    m_First = nullptr;
+    Watch(nullptr);
     m_Last = nullptr;
-    RefreshToolTip();
+    EndRest();
+}
+
+// In tool-tip mode a tip stays when the finger lifts.
+void TButtonSurface::EndRest()
+{
+    m_Timer.stop();
+    MorvanePlatformInterface* const platform = MorvanePlatformInterface::Instance();
+    if (m_HasRested && m_ToolTipsEnabled && platform && !platform->ToolTipVisible())
+        platform->HideToolTip();
     m_HasRested = false;
+}
+
+void TButtonSurface::Watch(QWidget* button)
+{
+    if (m_First)
+    {
+        m_First->removeEventFilter(this);
+        disconnect(m_First, &QObject::destroyed, this, &TButtonSurface::LoseFinger);
+    }
+    m_First = button;
+    if (!button)
+        return;
+    button->installEventFilter(this);
+    connect(button, &QObject::destroyed, this, &TButtonSurface::LoseFinger);
 }
 
 // One that shows its tool tip instead is not clicked.
@@ -111,14 +175,13 @@ void TButtonSurface::OnTimeout()
     RefreshToolTip();
 }
 
-// In tool-tip mode a tip stays when the finger lifts.
 void TButtonSurface::RefreshToolTip()
 {
     MorvanePlatformInterface* const platform = MorvanePlatformInterface::Instance();
-    if (!m_ToolTipsEnabled || !platform)
+    if (!m_ToolTipsEnabled || !platform || !(m_HasRested || platform->ToolTipVisible()))
         return;
-    if (m_Current && (m_HasRested || platform->ToolTipVisible()))
-        m_Current->ShowToolTip();
-    else if (m_HasRested && !platform->ToolTipVisible())
+    if (auto* const button = qobject_cast<TPushButton*>(m_Current))
+        button->ShowToolTip();
+    else
         platform->HideToolTip();
 }

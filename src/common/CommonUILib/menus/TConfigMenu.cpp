@@ -12,8 +12,6 @@
 
 namespace
 {
-// How long a finger rests before it asks what a button is.
-constexpr int RestTime = 500;
 // Elements overlap a little where there is room, and keep clear of the edge where there is none.
 constexpr double RoomySpacing = 0.93;
 constexpr double TightSpacing = 0.99;
