@@ -72,6 +72,7 @@ class TConfigMenuElementTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void anOpaqueSkinDoesNotHideWhatShinesThrough();
     void itIsAFifthWiderThanHigh();
     void itShowsItsTextInTheMiddleOfItsFlatBody();
     void aFingerMakesItLighterWhileItIsDown();
@@ -362,6 +363,22 @@ void TConfigMenuElementTest::diesWhileItIsPressed()
     wheel.element->OnMMIEnter();
     delete wheel.element.data();
     QCoreApplication::processEvents();
+}
+
+void TConfigMenuElementTest::anOpaqueSkinDoesNotHideWhatShinesThrough()
+{
+    TElementStage stage;
+    QSharedPointer<QPixmap> const opaque(new QPixmap(40, 40));
+    opaque->fill(Qt::blue);
+    stage.element->SetBackground(opaque);
+    QVERIFY(stage.element->testAttribute(Qt::WA_OpaquePaintEvent));
+    stage.SeenOnGround();
+    QVERIFY(!stage.element->testAttribute(Qt::WA_OpaquePaintEvent));
+    stage.element->SetBackgroundOpacity(1.0F);
+    stage.element->OnMMIHighlight();
+    QVERIFY(!stage.element->testAttribute(Qt::WA_OpaquePaintEvent));
+    stage.element->OnMMIUnHighlight();
+    QVERIFY(!stage.element->testAttribute(Qt::WA_OpaquePaintEvent));
 }
 
 COMMONUI_TEST(TConfigMenuElementTest)

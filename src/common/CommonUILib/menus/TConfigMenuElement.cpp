@@ -31,6 +31,7 @@ TConfigMenuElement::TConfigMenuElement(QWidget* parent, QString const& text, int
     connect(this, &QAbstractButton::released, this, &TConfigMenuElement::OnReleased);
     setFixedSize(WidthForHeight(height()), height());
     FitPictures();
+    LetGroundThrough();
 }
 
 int TConfigMenuElement::WidthForHeight(int height)
@@ -98,18 +99,21 @@ void TConfigMenuElement::OnMMIHighlight()
 {
     m_Highlighted = true;
     TPushButton::OnMMIHighlight();
+    LetGroundThrough();
 }
 
 void TConfigMenuElement::OnMMIUnHighlight()
 {
     m_Highlighted = false;
     TPushButton::OnMMIUnHighlight();
+    LetGroundThrough();
 }
 
 void TConfigMenuElement::ResizeContents()
 {
-    TPushButton::ResizeContents();
-    FitPictures();
+    TPushButton::ResizeContents(); // with the pictures, by SetIcon(), where there is an icon
+    if (m_IconName.isEmpty())
+        FitPictures();
 }
 
 void TConfigMenuElement::OnPressed()
@@ -152,6 +156,15 @@ int TConfigMenuElement::TextSize() const
     return qMax(STANDARD_FONT_SIZE, int(height() * TextShare));
 }
 
+// The base tells by its own background that nothing does. That need not be the body which is seen.
+void TConfigMenuElement::LetGroundThrough()
+{
+    if (!testAttribute(Qt::WA_OpaquePaintEvent))
+        return;
+    setAttribute(Qt::WA_OpaquePaintEvent, false);
+    update();
+}
+
 void TConfigMenuElement::FitPictures()
 {
     KVN::PixmapManager* const pixmaps = tscreenPixmapManager();
@@ -170,6 +183,7 @@ void TConfigMenuElement::FitPictures()
 void TConfigMenuElement::paintEvent(QPaintEvent* event)
 {
     Q_UNUSED(event)
+    LetGroundThrough();
     QPainter painter(this);
     painter.setOpacity(qreal(Opacity()));
     if (m_Bodies[Look()])

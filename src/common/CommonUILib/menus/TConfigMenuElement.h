@@ -61,6 +61,7 @@ private:
     int IconSide() const;
     QRect TextRect() const;
     int TextSize() const;
+    void LetGroundThrough();
     void FitPictures();
     void PaintIcon(QPainter& painter) const;
 
