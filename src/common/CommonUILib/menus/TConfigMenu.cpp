@@ -5,6 +5,7 @@
 
 #include <QPainter>
 #include <QPaintEvent>
+#include <QShowEvent>
 #include <QVector>
 
 #include <algorithm>
@@ -106,8 +107,10 @@ TConfigMenuElement* TConfigMenu::MakeElement(QString const& key, QString const& 
     element->SetObjectName(key, NAME_EXPLICIT);
     if (!iconName.isEmpty())
         element->SetIcon(iconName, QSize(-1, -1), true);
+    element->SetObjectName(text, NAME_FROM_TEXT);
     element->SetActive(m_Active);
-    FitElement(element);
+    if (minimumHeight() > 0 || maximumHeight() < QWIDGETSIZE_MAX)
+        FitElement(element);
     connect(element, &TPushButton::Clicked, this, &TConfigMenu::OnItemClicked);
     return element;
 }
@@ -136,8 +139,9 @@ void TConfigMenu::DeleteElement(int id)
     Remove(index);
     if (self)
         BringUpToDate();
-    if (self && wasSelected)
-        Q_EMIT SelectionChanged(m_SelectedIndex);
+    // A slot may have selected another one, which has been told.
+    if (self && wasSelected && m_SelectedIndex < 0)
+        Q_EMIT SelectionChanged(-1);
 }
 
 void TConfigMenu::Remove(int index)
@@ -314,17 +318,22 @@ QString TConfigMenu::GetSelectedScreen() const
     return details->m_SubMenu ? details->m_SubMenu->GetSelectedScreen() : details->m_ScreenPath;
 }
 
-// Whether the row that would open is to be skipped is not known to it before it does.
 QString TConfigMenu::GetNewScreen() const
 {
-    ElementDetails const* const details = DetailsAt(m_IsSingleItemMenu ? m_SingleItemIndex : m_PendingIndex);
+    return m_IsSingleItemMenu ? GetSelectedScreen() : PendingScreen();
+}
+
+// Whether the row that would open is to be skipped is not known to it before it does.
+QString TConfigMenu::PendingScreen() const
+{
+    ElementDetails const* const details = DetailsAt(m_PendingIndex);
     if (!details)
         return {};
     TConfigMenu const* const subMenu = details->m_SubMenu;
     if (!subMenu)
         return details->m_ScreenPath;
     ElementDetails const* const single = subMenu->DetailsAt(subMenu->SingleItem());
-    return single ? single->m_ScreenPath : subMenu->GetNewScreen();
+    return single ? single->m_ScreenPath : subMenu->PendingScreen();
 }
 
 bool TConfigMenu::OnNext()
@@ -358,10 +367,15 @@ bool TConfigMenu::Page(int step)
     return true;
 }
 
+// A row that is to come is paged when it has.
 bool TConfigMenu::PageSelected(int step)
 {
-    TConfigMenu* const subMenu = SubMenuAt(m_SelectedIndex);
-    return subMenu && !subMenu->m_IsSingleItemMenu && subMenu->Page(step);
+    QPointer<TConfigMenu> const subMenu(SubMenuAt(m_SelectedIndex));
+    if (!subMenu || subMenu->m_IsSingleItemMenu)
+        return false;
+    if (subMenu->IsSkipped() && subMenu->GetNumberOfVisibleElements() > 0)
+        OpenSelected(subMenu->ItemToOpen());
+    return subMenu && subMenu->Page(step);
 }
 
 int TConfigMenu::NextShown(int index, int step) const
@@ -378,13 +392,13 @@ int TConfigMenu::NextShown(int index, int step) const
 void TConfigMenu::StepOnto(int index, int step)
 {
     QPointer<TConfigMenu> const self(this);
-    if (TConfigMenu* const subMenu = SubMenuAt(m_SelectedIndex))
-        subMenu->OnHideMenu();
-    if (!self)
-        return;
     LookUnselected(m_SelectedIndex);
-    m_SelectedIndex = qMin(index, m_Elements.size() - 1);
-    if (step < 0)
+    // The step first: a slot may page on.
+    TConfigMenu* const subMenu =
+        SubMenuAt(std::exchange(m_SelectedIndex, qMin(index, m_Elements.size() - 1)));
+    if (subMenu)
+        subMenu->OnHideMenu();
+    if (self && step < 0)
         Q_EMIT SelectionChanged(GetElementIDByIndex(m_SelectedIndex));
 }
 
@@ -394,7 +408,20 @@ void TConfigMenu::OnItemClicked(int id)
     if (index < 0)
         return;
     m_PendingIndex = index;
+    ForgetClicksAbove();
     Q_EMIT ConfigMenuItemClicked(this);
+}
+
+// One that the owner turned down would be chosen in place of this.
+void TConfigMenu::ForgetClicksAbove()
+{
+    for (TConfigMenu* row = this; row->m_Owner; row = row->m_Owner)
+    {
+        TConfigMenu* const above = row->m_Owner;
+        bool const isOpen = above->SubMenuAt(above->m_SelectedIndex) == row;
+        if (isOpen && above->SubMenuAt(above->m_PendingIndex) != row)
+            above->m_PendingIndex = -1;
+    }
 }
 
 void TConfigMenu::CompleteSelection(bool repeat)
@@ -438,16 +465,24 @@ void TConfigMenu::CompleteAgain(bool repeat)
 {
     QPointer<TConfigMenu> const self(this);
     m_PendingIndex = -1;
-    TConfigMenu* const subMenu = SubMenuAt(m_SelectedIndex);
+    QPointer<TConfigMenu> const subMenu(SubMenuAt(m_SelectedIndex));
     bool const isLeaf = !subMenu || subMenu->m_IsSingleItemMenu;
+    // A row that did not come when it should have: the operator has no other way to it.
+    if (!isLeaf && subMenu->m_State != ROW_SHOWN && subMenu->GetNumberOfVisibleElements() > 0)
+        OpenSelected(subMenu->ItemToOpen());
     if (subMenu)
         subMenu->CompleteSelection(repeat);
     if (self && isLeaf && repeat)
         Q_EMIT ShowSetupScreen(GetSelectedScreen());
 }
 
+// Once: a slot that deletes the element finds it being left.
 void TConfigMenu::LeaveSelected()
 {
+    int const id = GetElementIDByIndex(m_SelectedIndex);
+    if (id < 0 || id == m_LeftElement)
+        return;
+    int const before = std::exchange(m_LeftElement, id);
     LookUnselected(m_SelectedIndex);
     QPointer<TConfigMenu> const self(this);
     QPointer<TConfigMenu> const subMenu(SubMenuAt(m_SelectedIndex));
@@ -455,6 +490,8 @@ void TConfigMenu::LeaveSelected()
         subMenu->OnHideMenu();
     if (self && subMenu)
         Q_EMIT ShowSetupMenu(subMenu, false);
+    if (self)
+        m_LeftElement = before;
 }
 
 void TConfigMenu::Enter(int index)
@@ -463,7 +500,10 @@ void TConfigMenu::Enter(int index)
     if (!details)
         return;
     QString path = details->m_ScreenPath;
-    if (!details->m_SubMenu || details->m_SubMenu->SetIsSingleItemMenu(path))
+    bool const isSkipped = details->m_SubMenu && details->m_SubMenu->SetIsSingleItemMenu(path);
+    if (isSkipped)
+        details->m_SubMenu->Skip();
+    if (isSkipped || !details->m_SubMenu)
         Q_EMIT ShowSetupScreen(path);
     else
         Expand(index);
@@ -479,22 +519,31 @@ void TConfigMenu::Expand(int index)
         Q_EMIT ShowSetupMenu(subMenu, true);
 }
 
+// With the element at the index, as a click on it.
+void TConfigMenu::OpenSelected(int item)
+{
+    QPointer<TConfigMenu> const subMenu(SubMenuAt(m_SelectedIndex));
+    int const id = subMenu->GetElementIDByIndex(item);
+    Expand(m_SelectedIndex);
+    if (subMenu)
+        subMenu->OnItemClicked(id);
+}
+
 // A slot may have deleted the element, or clicked another one that waits now.
 void TConfigMenu::FinishSelection(int id)
 {
     int const index = GetIndexByElementID(id);
-    if (index < 0)
-        return;
     LookUnselected(m_SelectedIndex);
-    if (TConfigMenuElement* const element = GetElementByIndex(index))
-    {
-        element->SetSelected(true);
-        element->raise(); // its neighbours overlap it
-    }
     m_SelectedIndex = index;
-    if (m_PendingIndex == index)
+    if (index >= 0 && m_PendingIndex == index)
         m_PendingIndex = -1;
-    Q_EMIT SelectionChanged(id);
+    if (TConfigMenuElement* const element = GetElementByIndex(index))
+        element->SetSelected(true);
+    StackElements();
+    QPointer<TConfigMenu> const self(this);
+    AskForExpansion();
+    if (self)
+        Q_EMIT SelectionChanged(index < 0 ? -1 : id);
 }
 
 void TConfigMenu::LookUnselected(int index)
@@ -520,7 +569,15 @@ void TConfigMenu::ClearLeafSelection()
 
 void TConfigMenu::OnShowMenu()
 {
+    QPointer<TConfigMenu> const self(this);
+    TConfigMenu const* const subMenu = SubMenuAt(m_SelectedIndex);
+    // Without a selection nobody would close it again.
+    if (subMenu && subMenu->m_State == ROW_SHOWN)
+        LeaveSelected();
+    if (!self)
+        return;
     ClearSelection();
+    m_State = ROW_SHOWN;
     if (!isVisible())
         Q_EMIT LevelTransition(this, true, m_Level);
 }
@@ -528,13 +585,26 @@ void TConfigMenu::OnShowMenu()
 void TConfigMenu::OnHideMenu()
 {
     QPointer<TConfigMenu> const self(this);
-    if (TConfigMenu* const subMenu = SubMenuAt(m_SelectedIndex))
-        subMenu->OnHideMenu();
-    if (!self)
-        return;
+    // The selection first: a slot of the rows below may hide this one.
+    TConfigMenu* const subMenu = SubMenuAt(m_SelectedIndex);
     ClearSelection();
     m_PendingIndex = -1; // what was clicked in a row that goes is not to be chosen when it comes back
-    Q_EMIT LevelTransition(this, false, m_Level - 1);
+    m_State = ROW_HIDDEN;
+    if (subMenu)
+        subMenu->OnHideMenu();
+    if (self)
+        Q_EMIT LevelTransition(this, false, m_Level - 1);
+}
+
+void TConfigMenu::Skip()
+{
+    m_State = ROW_SKIPPED;
+    m_SkippedElement = GetElementIDByIndex(m_SingleItemIndex);
+}
+
+bool TConfigMenu::IsSkipped() const
+{
+    return m_State == ROW_SKIPPED || m_State == ROW_EXPANDING;
 }
 
 bool TConfigMenu::GetIsSingleItemMenu(int& index) const
@@ -560,15 +630,26 @@ int TConfigMenu::SingleItem() const
     return isSingle ? first : -1;
 }
 
+// Meanwhile another one may be selected, or the row be skipped again. Where the element stands is asked anew:
+// others may have come or gone.
 void TConfigMenu::OnSingleItemMenuNeedsExpanding(int index)
 {
-    QPointer<TConfigMenu> const subMenu(SubMenuAt(m_SelectedIndex));
-    // Meanwhile another one may be selected, or the row be skipped again.
-    if (!isVisible() || !subMenu || subMenu->m_IsSingleItemMenu || subMenu->isVisible())
+    TConfigMenu* const subMenu = SubMenuAt(m_SelectedIndex);
+    if (!subMenu || subMenu->m_IsSingleItemMenu || subMenu->m_State == ROW_SHOWN)
         return;
-    Expand(m_SelectedIndex);
-    if (subMenu)
-        subMenu->OnItemClicked(subMenu->GetElementIDByIndex(index));
+    if (isVisible())
+        OpenSelected(subMenu->IsSkipped() ? subMenu->ItemToOpen() : index);
+    else if (subMenu->IsSkipped())
+        subMenu->m_State = ROW_SKIPPED;
+}
+
+// What was not expanded as long as the row was hidden.
+void TConfigMenu::showEvent(QShowEvent* event)
+{
+    QPointer<TConfigMenu> const self(this);
+    AskForExpansion();
+    if (self)
+        TButtonSurface::showEvent(event);
 }
 
 void TConfigMenu::ProcessDelayedUpdates(bool recursive, bool arrange, int position)
@@ -633,21 +714,28 @@ void TConfigMenu::UpdateSubMenus()
     }
 }
 
-// Only the selected one is seen, and its screen with it.
+// Only the selected one is seen, and its screen with it. One that is hidden although it is selected is being
+// left.
 void TConfigMenu::UpdateSubMenu(TConfigMenu* subMenu)
 {
-    bool const wasSingle = subMenu->m_IsSingleItemMenu;
     int const formerItem = subMenu->m_SingleItemIndex;
     QString path;
     bool const isSingle = subMenu->SetIsSingleItemMenu(path);
-    if (subMenu != SubMenuAt(m_SelectedIndex))
+    if (subMenu != SubMenuAt(m_SelectedIndex) || subMenu->m_State == ROW_HIDDEN)
         return;
-    if (isSingle && !wasSingle)
+    if (!isSingle)
+    {
+        AskForExpansion();
+        return;
+    }
+    if (subMenu->m_State == ROW_SHOWN)
+    {
         CloseSubMenu(subMenu, path);
-    else if (isSingle && subMenu->m_SingleItemIndex != formerItem)
+        return;
+    }
+    subMenu->Skip();
+    if (subMenu->m_SingleItemIndex != formerItem)
         Q_EMIT ShowSetupScreen(path);
-    else if (wasSingle && !isSingle && subMenu->GetNumberOfVisibleElements() > 0)
-        Q_EMIT SingleItemMenuNeedsExpanding(subMenu->ItemToOpen(formerItem));
 }
 
 // The row is skipped from now on.
@@ -656,16 +744,31 @@ void TConfigMenu::CloseSubMenu(TConfigMenu* subMenu, QString const& path)
     QPointer<TConfigMenu> const self(this);
     QPointer<TConfigMenu> const closed(subMenu);
     subMenu->OnHideMenu();
+    if (closed)
+        subMenu->Skip();
     if (self && closed)
         Q_EMIT ShowSetupMenu(subMenu, false);
     if (self)
         Q_EMIT ShowSetupScreen(path);
 }
 
-int TConfigMenu::ItemToOpen(int formerItem) const
+// Once: the answer is on its way then.
+void TConfigMenu::AskForExpansion()
 {
-    ElementDetails const* const former = DetailsAt(formerItem);
-    return former && former->IsShown() ? formerItem : NextShown(-1, 1);
+    TConfigMenu* const subMenu = SubMenuAt(m_SelectedIndex);
+    if (!subMenu || subMenu->m_State != ROW_SKIPPED || subMenu->m_IsSingleItemMenu ||
+        subMenu->GetNumberOfVisibleElements() == 0)
+        return;
+    subMenu->m_State = ROW_EXPANDING;
+    Q_EMIT SingleItemMenuNeedsExpanding(subMenu->ItemToOpen());
+}
+
+// The one whose screen is shown, or the first.
+int TConfigMenu::ItemToOpen() const
+{
+    int const index = GetIndexByElementID(m_SkippedElement);
+    ElementDetails const* const details = DetailsAt(index);
+    return details && details->IsShown() ? index : NextShown(-1, 1);
 }
 
 void TConfigMenu::SetActive(bool active)
@@ -725,6 +828,26 @@ void TConfigMenu::ArrangeElements(int direction, int margin)
             isFromRight ? (count - 1 - index) * spacing - margin : spacing * index + margin, 0);
         ++index;
     }
+    StackElements();
+}
+
+// They overlap: each lies on the one before it, and the selected one on its neighbours.
+void TConfigMenu::StackElements()
+{
+    QVector<TConfigMenuElement*> wanted;
+    for (ElementDetails const* const details : qAsConst(m_Elements))
+    {
+        if (details->IsShown() && details->m_Element != GetSelectedElement())
+            wanted.append(details->m_Element);
+    }
+    if (TConfigMenuElement* const selected = GetSelectedElement())
+        wanted.append(selected);
+    auto const isBelow = [this](TConfigMenuElement* a, TConfigMenuElement* b)
+    { return children().indexOf(a) < children().indexOf(b); };
+    if (std::is_sorted(wanted.cbegin(), wanted.cend(), isBelow))
+        return;
+    for (TConfigMenuElement* const element : qAsConst(wanted))
+        element->raise();
 }
 
 void TConfigMenu::UpdateMenu(int position)
@@ -789,18 +912,17 @@ void TConfigMenu::FitElements()
     Rearrange();
 }
 
-// As long as the row has no bound the elements keep their own.
+// Where the bounds leave them the choice they have the height with which they are made.
 void TConfigMenu::FitElement(TConfigMenuElement* element) const
 {
     int const before = element->height();
-    if (maximumHeight() < QWIDGETSIZE_MAX)
-        element->setMaximumHeight(maximumHeight());
-    if (minimumHeight() > 0)
-        element->setMinimumHeight(minimumHeight());
-    element->setMinimumHeight(qMin(element->minimumHeight(), maximumHeight()));
-    element->resize(element->width(), qBound(minimumHeight(), before, maximumHeight()));
-    if (element->height() != before)
-        element->setFixedWidth(TConfigMenuElement::WidthForHeight(element->height()));
+    int const least = qMin(minimumHeight(), maximumHeight());
+    int const height = qBound(least, STANDARD_BUTTON_HEIGHT, maximumHeight());
+    element->setMinimumHeight(least);
+    element->setMaximumHeight(maximumHeight());
+    element->resize(element->width(), height);
+    if (height != before)
+        element->setFixedWidth(TConfigMenuElement::WidthForHeight(height));
 }
 
 void TConfigMenu::paintEvent(QPaintEvent* event)
