@@ -188,6 +188,8 @@ private Q_SLOTS:
     void aClickThatWasTurnedDownDoesNotWinOverALaterOne();
     void aRowIsLaidOutBeforeItComes();
     void theOldElementHasLostItsLookWhenItsRowGoes();
+    void aRowThatIsBeingLeftShowsNoScreen();
+    void aClickInAClosedRowLeavesTheOneAbove();
     void aTouchedElementWaitsForTheOwner();
     void aScreenIsShownBeforeItsElementIsSelected();
     void anElementWithARowShowsThatRow();
@@ -225,6 +227,7 @@ private Q_SLOTS:
 
     // Paging with the wheel
     void aSlotMayPageOnAsARowGoes();
+    void theWheelDoesNotPageInAHiddenRowThatItStoppedOn();
     void anOwnerMayCompleteEachClickOfTheWheelLater();
     void aHiddenRowIsSteppedOver();
     void theWheelStepsBackOutOfAnOpenRow();
@@ -1804,9 +1807,18 @@ void TConfigMenuTest::anExpansionThatWasDroppedComesWhenTheRowIsShown()
     QVERIFY(tree.display->isHidden());
     tree.Said();
     tree.area.show();
-    QCoreApplication::processEvents();
+    QTRY_VERIFY(tree.display->isVisible());
     QCOMPARE(tree.Said(), QStringLiteral("expand 1, in display 1, show display, clicked display, "
                                          "screen /Language, selected Language"));
+    // The row may go as it comes to that.
+    tree.Show("Units", false);
+    tree.area.hide();
+    tree.Show("Units", true);
+    QCoreApplication::processEvents();
+    connect(tree.top, &TConfigMenu::SingleItemMenuNeedsExpanding, this, [&tree] { delete tree.top.data(); });
+    tree.area.show();
+    QVERIFY(tree.top);
+    QTRY_VERIFY(!tree.top);
 }
 
 void TConfigMenuTest::aClickOpensARowThatDidNotCome()
@@ -2048,6 +2060,7 @@ void TConfigMenuTest::boundsThatAreTakenBackHoldNoElement()
 {
     TTree tree;
     tree.Grow();
+    QCOMPARE(tree.Element("Sound")->maximumHeight(), STANDARD_BUTTON_HEIGHT);
     tree.top->setMinimumHeight(80);
     tree.top->setMinimumHeight(0);
     QCOMPARE(tree.Element("Sound")->minimumHeight(), 0);
@@ -2126,6 +2139,51 @@ void TConfigMenuTest::anElementOfAnyRowMayBeDeletedInTheSlotOfAnySignal()
             QVERIFY(count <= time || !tree.Element(name));
         }
     }
+}
+
+void TConfigMenuTest::theWheelDoesNotPageInAHiddenRowThatItStoppedOn()
+{
+    TTree tree;
+    tree.Grow();
+    tree.Show("Display", false);
+    tree.Click("Sound");
+    tree.completes = false;
+    tree.Said();
+    QVERIFY(tree.top->OnNext());
+    QCOMPARE(tree.Said(), QStringLiteral("clicked top, clicked machine, clicked boom"));
+    // The owner has turned that down.
+    QVERIFY(tree.top->OnNext());
+    QCOMPARE(tree.Said(), QStringLiteral("clicked top, clicked machine, clicked boom"));
+}
+
+void TConfigMenuTest::aRowThatIsBeingLeftShowsNoScreen()
+{
+    TTree tree;
+    tree.Grow();
+    tree.Click("Display");
+    tree.Click("Units");
+    connect(tree.display, &TConfigMenu::LevelTransition, this,
+            [&tree]
+            {
+                tree.Show("Units", false);
+                tree.Show("Colours", false);
+            });
+    tree.Said();
+    tree.Click("Sound");
+    QCOMPARE(tree.Said(), QStringLiteral("clicked top, out display 0, hide display, screen /Sound, "
+                                         "selected Sound"));
+}
+
+void TConfigMenuTest::aClickInAClosedRowLeavesTheOneAbove()
+{
+    TTree tree;
+    tree.Grow();
+    tree.completes = false;
+    tree.Click("Sound");
+    tree.Click("Tank");
+    tree.Said();
+    tree.top->CompleteSelection(false);
+    QCOMPARE(tree.Said(), QStringLiteral("screen /Sound, selected Sound"));
 }
 
 COMMONUI_TEST(TConfigMenuTest)

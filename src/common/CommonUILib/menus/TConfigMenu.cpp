@@ -371,7 +371,8 @@ bool TConfigMenu::Page(int step)
 bool TConfigMenu::PageSelected(int step)
 {
     QPointer<TConfigMenu> const subMenu(SubMenuAt(m_SelectedIndex));
-    if (!subMenu || subMenu->m_IsSingleItemMenu)
+    bool const isHidden = subMenu && subMenu->m_State == ROW_HIDDEN; // of an element stepped onto
+    if (!subMenu || subMenu->m_IsSingleItemMenu || isHidden)
         return false;
     if (subMenu->IsSkipped() && subMenu->GetNumberOfVisibleElements() > 0)
         OpenSelected(subMenu->ItemToOpen());
@@ -643,13 +644,12 @@ void TConfigMenu::OnSingleItemMenuNeedsExpanding(int index)
         subMenu->m_State = ROW_SKIPPED;
 }
 
-// What was not expanded as long as the row was hidden.
+// What was not expanded as long as the row was hidden. Later: a slot may delete the row, and Qt is
+// not done with showing it.
 void TConfigMenu::showEvent(QShowEvent* event)
 {
-    QPointer<TConfigMenu> const self(this);
-    AskForExpansion();
-    if (self)
-        TButtonSurface::showEvent(event);
+    TButtonSurface::showEvent(event);
+    QMetaObject::invokeMethod(this, &TConfigMenu::AskForExpansion, Qt::QueuedConnection);
 }
 
 void TConfigMenu::ProcessDelayedUpdates(bool recursive, bool arrange, int position)
