@@ -2,6 +2,7 @@
 
 #include "ConsoleStage.h"
 #include "EMenuControl.h"
+#include "Metrics.h"
 #include "TCanvasMenuDisplay.h"
 #include "TestCase.h"
 #include "TestSource.h"
@@ -24,6 +25,8 @@
 
 namespace
 {
+constexpr int DragSteps = 12;
+
 struct TFound
 {
     int menuID = -1;
@@ -89,6 +92,12 @@ struct TMenuStage : TStage
                 return button;
         }
         return nullptr;
+    }
+    void DragOffRight(KVN::MorvaneID const& id)
+    {
+        QPoint const from = finger.MiddleOf(NavigationButton(id));
+        finger.Drag(from, from + QPoint(2 * NAVBAR_WIDTH, 0), DragSteps);
+        time.Pass(SettleTime);
     }
     TMenuCanvas* Canvas() const
     {
@@ -339,6 +348,77 @@ private Q_SLOTS:
         stage.ShowFull(TGuidanceModule::Id());
         stage.Activate("position/fix-quality");
         QCOMPARE(stage.Manager()->GetFullViewId(), fix);
+    }
+
+    void theMapThatIsZoomedIsBroughtUp_data()
+    {
+        QTest::addColumn<QByteArray>("element");
+        for (char const* const element : {"zoom-in", "zoom-out", "far-view"})
+            QTest::newRow(element) << QByteArray("guidance/map/") + element;
+    }
+
+    void theMapThatIsZoomedIsBroughtUp()
+    {
+        QFETCH(QByteArray, element);
+        QTemporaryDir folder;
+        TMenuStage stage(folder.path());
+        auto const* const window = stage.console.Screen()->findChild<TGuidanceFullWindow*>();
+        int const before = window->ZoomLevel();
+        stage.ShowFull(TSprayerModule::Id());
+        stage.Activate(element.constData());
+        QCOMPARE(stage.Manager()->GetFullViewId(), stage.IdOf(TGuidanceModule::Id()));
+        QVERIFY(window->isVisible());
+        QVERIFY(window->ZoomLevel() != before);
+    }
+
+    void aQuestionIsAnsweredBeforeAnythingElse()
+    {
+        QTemporaryDir folder;
+        TMenuStage stage(folder.path());
+        stage.ShowFull(TSprayerModule::Id());
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("sprayer-drain"))));
+        stage.DragOffRight(TGuidanceModule::Id());
+        QCOMPARE(stage.Manager()->GetFullViewId(), stage.IdOf(TSprayerModule::Id()));
+        // Wherever the view comes from, it stands over it, and nothing asks twice.
+        stage.ShowFull(TGuidanceModule::Id());
+        stage.Activate("sprayer/tank/tank-drain");
+        QCOMPARE(stage.console.Screen()->findChildren<TMessageDialog*>().size(), 1);
+        QVERIFY(stage.Tap(stage.Button(QStringLiteral("Yes"))));
+        QCOMPARE(stage.Machine().TankLitres(), 0.0);
+        QVERIFY(stage.TapOnTop(QStringLiteral("icon-tick-larger"))); // the warning
+        stage.DragOffRight(TSprayerModule::Id());
+        QCOMPARE(stage.Manager()->GetFullViewId(), stage.IdOf(TSprayerModule::Id()));
+    }
+
+    void aCoveredMiniWindowComesUp()
+    {
+        QTemporaryDir folder;
+        TMenuStage stage(folder.path());
+        int const fix = stage.IdOf(TGnssModule::Id());
+        int const sprayer = stage.IdOf(TSprayerModule::Id());
+        int slot = 0;
+        while (!stage.Manager()->GetSlot(slot).contains(fix))
+            QVERIFY(++slot < TWindowManager::GetSlotCount());
+        stage.Manager()->OnHideMiniView(sprayer, true);
+        stage.time.Pass(SettleTime);
+        stage.Manager()->DisplayMiniView(slot, sprayer);
+        stage.time.Pass(SettleTime);
+        QVERIFY(stage.Manager()->IsMiniViewObscured(fix));
+        stage.Activate("position/satellites/fix-numbers");
+        QVERIFY(!stage.Manager()->IsMiniViewObscured(fix));
+        QCOMPARE(stage.Manager()->GetMiniViewState(fix), MINI_VIEW_SHOWN);
+    }
+
+    void aFullViewThatIsUpStaysAsItIs()
+    {
+        QTemporaryDir folder;
+        TMenuStage stage(folder.path());
+        for (char const* const element : {"position/fix-quality", "position/satellites/signals"})
+            stage.Activate(element);
+        QCOMPARE(stage.Manager()->GetFullViewId(), stage.IdOf(TGnssModule::Id()));
+        // The way back leads to where the operator came from.
+        stage.Manager()->OnRestoreLastView();
+        QCOMPARE(stage.Manager()->GetFullViewId(), stage.IdOf(TGuidanceModule::Id()));
     }
 
     // What the threads change

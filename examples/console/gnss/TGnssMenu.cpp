@@ -1,6 +1,7 @@
 #include "TGnssMenu.h"
 
 #include "MainScreen.h"
+#include "MenuViews.h"
 #include "TGnssModule.h"
 #include "TMachine.h"
 #include "TScreen.h"
@@ -62,16 +63,16 @@ void TGnssMenu::Look()
 
 void TGnssMenu::OnShowFullView()
 {
-    if (MainScreen)
-        MainScreen->GetWindowManager()->DisplayFullView(MainScreen->GetNavButtonID(TGnssModule::Id()), true);
+    MenuViews::ShowFullView(TGnssModule::Id());
 }
 
-// What is shown already would go or give way to the other one.
+// What is seen already would go or give way to the other one; what lies under another one comes up.
 void TGnssMenu::OnShowMiniWindow(int window)
 {
     if (!MainScreen)
         return;
+    TWindowManager* const views = MainScreen->GetWindowManager();
     int const id = MainScreen->GetNavButtonID(TGnssModule::Id()) + window;
-    if (MainScreen->GetWindowManager()->GetMiniViewState(id) == MINI_VIEW_HIDDEN)
-        MainScreen->GetWindowManager()->OnShowMiniView(id);
+    if (views->GetMiniViewState(id) == MINI_VIEW_HIDDEN || views->IsMiniViewObscured(id))
+        views->OnShowMiniView(id);
 }

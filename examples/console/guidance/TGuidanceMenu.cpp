@@ -1,6 +1,8 @@
 #include "TGuidanceMenu.h"
 
+#include "MenuViews.h"
 #include "TGuidanceFullWindow.h"
+#include "TGuidanceModule.h"
 #include "TMachine.h"
 
 namespace
@@ -113,15 +115,22 @@ void TGuidanceMenu::OnCentreLines()
 
 void TGuidanceMenu::OnZoomIn()
 {
-    m_Window->SetZoomLevel(m_Window->ZoomLevel() + 1);
+    ShowZoomLevel(m_Window->ZoomLevel() + 1);
 }
 
 void TGuidanceMenu::OnZoomOut()
 {
-    m_Window->SetZoomLevel(m_Window->ZoomLevel() - 1);
+    ShowZoomLevel(m_Window->ZoomLevel() - 1);
 }
 
 void TGuidanceMenu::OnShowFarView()
 {
-    m_Window->SetZoomLevel(FarthestZoom);
+    ShowZoomLevel(FarthestZoom);
+}
+
+// The menus stand on every canvas: what is done to the map is to be seen.
+void TGuidanceMenu::ShowZoomLevel(int level)
+{
+    MenuViews::ShowFullView(TGuidanceModule::Id());
+    m_Window->SetZoomLevel(level);
 }

@@ -37,6 +37,7 @@ private:
     TActivationConfig Call(char const* slot, EElementHideMode hideMode = ELEMENT_HIDE_NONE);
     TGuidanceState State() const;
     void Look();
+    void ShowZoomLevel(int level);
 
     TMachine* m_Machine;
     TGuidanceFullWindow* m_Window;
