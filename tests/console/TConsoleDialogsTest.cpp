@@ -8,6 +8,7 @@
 #include "TLegendLayer.h"
 #include "TMachinePage.h"
 #include "TMessageDialog.h"
+#include "TQuantity.h"
 #include "TScrollableWidget.h"
 #include "TSetupModule.h"
 #include "TSprayerModule.h"
@@ -182,6 +183,19 @@ private Q_SLOTS:
         }
         TStage stage(folder.path());
         QCOMPARE(ConfigManager::Instance()->Read(90006).toInt(), 1);
+    }
+
+    void theStepOfTheLightBarIsThereAgain()
+    {
+        QTemporaryDir folder;
+        {
+            TStage stage(folder.path());
+            QVERIFY(stage.OpenSetup(QLatin1String(SetupScreens::LightBar)));
+            QVERIFY(stage.Tap(stage.Button(Quantities::Offset.Text(LightBarScale::Steps[0]))));
+            QCOMPARE(stage.console.Machine().LightBarStep(), 0);
+        }
+        TStage stage(folder.path());
+        QCOMPARE(stage.console.Machine().LightBarStep(), 0);
     }
 };
 

@@ -3,6 +3,7 @@
 #include "ConsoleStage.h"
 #include "EMenuControl.h"
 #include "Metrics.h"
+#include "SetupScreens.h"
 #include "TCanvasMenuDisplay.h"
 #include "TestCase.h"
 #include "TestSource.h"
@@ -10,11 +11,13 @@
 #include "TGnssModule.h"
 #include "TGuidanceFullWindow.h"
 #include "TGuidanceModule.h"
+#include "TLightBar.h"
 #include "TMapView.h"
 #include "TMenuCanvas.h"
 #include "TMenuManager.h"
 #include "TMessageDialog.h"
 #include "TMMIDef.h"
+#include "TQuantity.h"
 #include "TSprayerMenu.h"
 #include "TSprayerModule.h"
 
@@ -57,6 +60,17 @@ QStringList Paths(TMenuManager const& manager)
             paths.append(element.GetMMIDef().ToPath(true, QLatin1Char('/')));
     }
     return paths;
+}
+
+bool HasYellow(QWidget* bar)
+{
+    QImage const picture = bar->grab().toImage();
+    for (int x = 0; x < picture.width(); ++x)
+    {
+        if (picture.pixelColor(x, picture.height() / 2) == QColor(245, 205, 60))
+            return true;
+    }
+    return false;
 }
 
 /// A console whose menus an operator presses.
@@ -439,6 +453,35 @@ private Q_SLOTS:
         QCOMPARE(stage.Control("record"), int(MENU_CONTROL_PLAIN));
         QCOMPARE(stage.Control("master"), int(MENU_CONTROL_BAD));
         QCOMPARE(stage.Control("guidance/lines"), int(MENU_CONTROL_BAD));
+    }
+
+    void theStepOfTheLightBarHoldsForBarAndMenuAtOnce()
+    {
+        QTemporaryDir folder;
+        TMenuStage stage(folder.path());
+        stage.Machine().ShiftLines(stage.Machine().OffLine() + 0.19);
+        stage.time.Pass(SettleTime);
+        auto* const bar = stage.console.Screen()->findChild<TLightBar*>();
+        QVERIFY(HasYellow(bar));
+        QCOMPARE(stage.Control("guidance/lines"), int(MENU_CONTROL_FAIR));
+        QVERIFY(stage.OpenSetup(QLatin1String(SetupScreens::LightBar)));
+        QVERIFY(stage.Tap(stage.Button(Quantities::Offset.Text(LightBarScale::Steps[2]))));
+        QCOMPARE(stage.Control("guidance/lines"), int(MENU_CONTROL_GOOD));
+        stage.ShowFull(TGuidanceModule::Id());
+        QVERIFY(!HasYellow(bar));
+    }
+
+    void linesAtTheirEndAreNotOfferedToGoOn()
+    {
+        QTemporaryDir folder;
+        TMenuStage stage(folder.path());
+        for (bool const isRight : {true, false})
+        {
+            stage.Machine().ShiftLines((isRight ? 2.0 : -2.0) * TMachine::LargestLineShift);
+            stage.time.Pass(0);
+            QCOMPARE(stage.Element("guidance/lines/line-shift-right").IsEnabled(), !isRight);
+            QCOMPARE(stage.Element("guidance/lines/line-shift-left").IsEnabled(), isRight);
+        }
     }
 
     // As shortcuts in the modules' own menus would make of it.

@@ -36,6 +36,7 @@ private Q_SLOTS:
         TStage stage;
         stage.config.Write(SETTING_TANK_SIZE, 4200.0, false);
         stage.config.Write(SETTING_NOZZLE_FLOW, 1.25, false);
+        stage.config.Write(SETTING_LIGHT_BAR_STEP, 2, false);
         stage.config.Write(SETTING_SECTION_WIDTH + 7, 2.5, false);
         stage.config.Write(SETTING_OPERATOR, QStringLiteral("Anna Huber"), false);
         stage.config.Write(SETTING_START_DAY, 2460000.0, false);
@@ -44,6 +45,7 @@ private Q_SLOTS:
         Load(&stage.machine, &stage.job);
         QCOMPARE(stage.machine.TankSize(), 4200.0);
         QCOMPARE(stage.machine.NozzleFlow(), 1.25);
+        QCOMPARE(stage.machine.LightBarStep(), 2);
         QCOMPARE(stage.machine.Boom().SectionWidth(7), 2.5);
         QCOMPARE(stage.machine.Boom().SectionWidth(6), TBoom::StandardSectionWidth);
         QCOMPARE(stage.job.Operator(), QStringLiteral("Anna Huber"));
@@ -79,9 +81,9 @@ private Q_SLOTS:
         QTest::addColumn<QVariant>("value");
         QVariant const values[] = {
             qQNaN(), -1.0, qInf(), 1e300, QStringLiteral("much"), QByteArray("\0\1", 2)};
-        for (int const setting :
-             {int(SETTING_TANK_SIZE), int(SETTING_NOZZLE_FLOW), int(SETTING_SECTION_WIDTH),
-              SETTING_SECTION_WIDTH + 7, int(SETTING_START_DAY), int(SETTING_START_TIME)})
+        for (int const setting : {int(SETTING_TANK_SIZE), int(SETTING_NOZZLE_FLOW),
+                                  int(SETTING_LIGHT_BAR_STEP), int(SETTING_SECTION_WIDTH),
+                                  SETTING_SECTION_WIDTH + 7, int(SETTING_START_DAY), int(SETTING_START_TIME)})
         {
             for (QVariant const& value : values)
                 QTest::addRow("%d %s", setting, qPrintable(value.toString())) << setting << value;
@@ -112,6 +114,7 @@ private Q_SLOTS:
         QVERIFY(entries.constFirst().size() < 200);
         QCOMPARE(stage.machine.TankSize(), TMachine::StandardTankSize);
         QCOMPARE(stage.machine.NozzleFlow(), TMachine::StandardNozzleFlow);
+        QCOMPARE(stage.machine.LightBarStep(), LightBarScale::StandardStep);
         QVERIFY(stage.machine.Boom() == TBoom());
         QCOMPARE(stage.job.Operator(), QString());
         QCOMPARE(stage.job.StartDay(), day);

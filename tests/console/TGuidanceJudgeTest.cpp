@@ -2,6 +2,7 @@
 
 #include "MenuBench.h"
 #include "TestCase.h"
+#include "TLightBar.h"
 #include "TMapView.h"
 
 namespace
@@ -18,6 +19,13 @@ enum EElement
     ZOOM_OUT,
     FAR_VIEW
 };
+
+QColor ColourOf(int control)
+{
+    if (control == MENU_CONTROL_GOOD)
+        return {90, 220, 100};
+    return control == MENU_CONTROL_FAIR ? QColor(245, 205, 60) : QColor(240, 70, 60);
+}
 
 struct TBench : TMenuBench
 {
@@ -42,6 +50,22 @@ struct TBench : TMenuBench
     TGuidanceState state;
     TGuidanceJudge judge;
 };
+
+// Of the lights at the left, which are lit from the middle on.
+QColor OutermostLight(TLightBar& bar)
+{
+    QImage const picture = bar.grab().toImage();
+    for (int x = 0; x < picture.width() / 2; ++x)
+    {
+        QColor const colour = picture.pixelColor(x, picture.height() / 2);
+        for (int const control : {MENU_CONTROL_GOOD, MENU_CONTROL_FAIR, MENU_CONTROL_BAD})
+        {
+            if (colour == ColourOf(control))
+                return colour;
+        }
+    }
+    return ColourOf(MENU_CONTROL_GOOD); // in the middle
+}
 } // namespace
 
 class TGuidanceJudgeTest : public QObject
@@ -69,17 +93,41 @@ private Q_SLOTS:
     {
         TBench bench;
         QCOMPARE(bench.LinesAt(0), int(MENU_CONTROL_GOOD));
-        QCOMPARE(bench.LinesAt(10), int(MENU_CONTROL_GOOD));
+        QCOMPARE(bench.LinesAt(12), int(MENU_CONTROL_GOOD));
+        QCOMPARE(bench.LinesAt(13), int(MENU_CONTROL_FAIR));
         QCOMPARE(bench.LinesAt(11), int(MENU_CONTROL_FAIR));
-        QCOMPARE(bench.LinesAt(9), int(MENU_CONTROL_FAIR));
-        QCOMPARE(bench.LinesAt(8), int(MENU_CONTROL_GOOD));
-        QCOMPARE(bench.LinesAt(9), int(MENU_CONTROL_GOOD));
-        QCOMPARE(bench.LinesAt(20), int(MENU_CONTROL_FAIR));
+        QCOMPARE(bench.LinesAt(10), int(MENU_CONTROL_GOOD));
+        QCOMPARE(bench.LinesAt(11), int(MENU_CONTROL_GOOD));
+        QCOMPARE(bench.LinesAt(22), int(MENU_CONTROL_FAIR));
+        QCOMPARE(bench.LinesAt(23), int(MENU_CONTROL_BAD));
         QCOMPARE(bench.LinesAt(21), int(MENU_CONTROL_BAD));
-        QCOMPARE(bench.LinesAt(19), int(MENU_CONTROL_BAD));
-        QCOMPARE(bench.LinesAt(18), int(MENU_CONTROL_FAIR));
+        QCOMPARE(bench.LinesAt(20), int(MENU_CONTROL_FAIR));
         QCOMPARE(bench.LinesAt(1200), int(MENU_CONTROL_BAD));
         QCOMPARE(bench.LinesAt(0), int(MENU_CONTROL_GOOD));
+    }
+
+    void theLinesHaveTheColourOfTheLightBar_data()
+    {
+        QTest::addColumn<int>("step");
+        for (int step = 0; step < LightBarScale::StepCount; ++step)
+            QTest::addRow("%d cm", LightBarScale::Centimetres(step)) << step;
+    }
+
+    void theLinesHaveTheColourOfTheLightBar()
+    {
+        QFETCH(int, step);
+        TLightBar bar(nullptr);
+        bar.resize(460, 44);
+        bar.SetStep(step);
+        for (int centimetres = 1; centimetres < 80; ++centimetres)
+        {
+            bar.SetOffset(-centimetres / 100.0, true);
+            TBench bench;
+            bench.state.lightBarStep = step;
+            QColor const outermost = OutermostLight(bar);
+            int const expected = bench.LinesAt(centimetres);
+            QVERIFY2(outermost == ColourOf(expected), qPrintable(QString::number(centimetres)));
+        }
     }
 
     void withoutAFixOrLinesNothingIsSaidOfThem_data()
@@ -99,8 +147,19 @@ private Q_SLOTS:
         bench.state.hasFix = hasFix;
         bench.state.hasLines = hasLines;
         QCOMPARE(bench.LinesAt(50), int(MENU_CONTROL_PLAIN));
-        QCOMPARE(bench.IsEnabled(SHIFT_LEFT), hasLines);
-        QCOMPARE(bench.IsEnabled(SHIFT_RIGHT), hasLines);
+    }
+
+    void linesAtTheirEndGoOnlyBack()
+    {
+        TBench bench;
+        for (bool const isAtTheLeft : {true, false})
+        {
+            bench.state.canShiftLeft = !isAtTheLeft;
+            bench.state.canShiftRight = isAtTheLeft;
+            bench.judge.Take(bench.state);
+            QCOMPARE(bench.IsEnabled(SHIFT_LEFT), !isAtTheLeft);
+            QCOMPARE(bench.IsEnabled(SHIFT_RIGHT), isAtTheLeft);
+        }
     }
 
     void linesThatStandInTheCentreNeedNoWayBack()

@@ -247,9 +247,54 @@ private Q_SLOTS:
         QCOMPARE(drive.machine->LineShift(), -TMachine::LargestLineShift);
     }
 
+    void atTheEndLinesShiftOnlyBack_data()
+    {
+        QTest::addColumn<double>("heading");
+        QTest::addColumn<double>("way");
+        for (double const heading : {0.0, 180.0})
+        {
+            for (double const way : {-1.0, 1.0})
+                QTest::addRow("driven to %g, shifted by %g", heading, way) << heading << way;
+        }
+    }
+
+    void atTheEndLinesShiftOnlyBack()
+    {
+        QFETCH(double, heading);
+        QFETCH(double, way);
+        TField field;
+        field.hasLines = true;
+        TDrive drive(field);
+        drive.source->Say({0.0, 0.0}, heading);
+        double const step = way * TMachine::LineShiftStep;
+        QVERIFY(drive.machine->CanShiftLines(step));
+        QVERIFY(drive.machine->CanShiftLines(-step));
+        drive.machine->ShiftLines(way * TMachine::LargestLineShift);
+        QVERIFY(!drive.machine->CanShiftLines(step));
+        QVERIFY(drive.machine->CanShiftLines(-step));
+        // Turned round, left is right.
+        drive.source->Say({0.0, 0.0}, heading + 180.0);
+        QVERIFY(drive.machine->CanShiftLines(step));
+        QVERIFY(!drive.machine->CanShiftLines(-step));
+    }
+
+    void theStepOfTheLightBarKeepsToItsRange()
+    {
+        TDrive drive;
+        QSignalSpy const switched(drive.machine.get(), &TMachine::SwitchesChanged);
+        drive.machine->SetLightBarStep(LightBarScale::StandardStep);
+        QCOMPARE(switched.count(), 0);
+        drive.machine->SetLightBarStep(1000);
+        QCOMPARE(drive.machine->LightBarStep(), LightBarScale::StepCount - 1);
+        drive.machine->SetLightBarStep(-1000);
+        QCOMPARE(drive.machine->LightBarStep(), 0);
+        QCOMPARE(switched.count(), 2);
+    }
+
     void withoutLinesThereIsNothingToShift()
     {
         TDrive drive;
+        QVERIFY(!drive.machine->CanShiftLines(TMachine::LineShiftStep));
         drive.machine->ShiftLines(1.0);
         QCOMPARE(drive.machine->LineShift(), 0.0);
     }

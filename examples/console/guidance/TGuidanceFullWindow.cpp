@@ -76,6 +76,7 @@ void TGuidanceFullWindow::Refresh()
 {
     m_Canvas->Follow();
     bool const hasFix = m_Machine.Fix().IsValid();
+    m_LightBar->SetStep(m_Machine.LightBarStep());
     m_LightBar->SetOffset(m_Machine.OffLine(), hasFix && m_Machine.Field().hasLines);
     m_Area->SetValue(Quantities::Area, m_Machine.AreaDone());
     if (hasFix)

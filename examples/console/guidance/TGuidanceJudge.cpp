@@ -11,11 +11,12 @@ QString Translate(char const* text)
     return QCoreApplication::translate("TGuidanceJudge", text);
 }
 
-int ControlAt(int centimetres)
+int ControlAt(int centimetres, int step)
 {
-    if (centimetres <= TGuidanceJudge::GoodCentimetres)
+    int const lights = LightBarScale::LitLights(centimetres, LightBarScale::Centimetres(step));
+    if (lights <= LightBarScale::GreenLights)
         return MENU_CONTROL_GOOD;
-    return centimetres <= TGuidanceJudge::FairCentimetres ? MENU_CONTROL_FAIR : MENU_CONTROL_BAD;
+    return lights <= LightBarScale::YellowLights ? MENU_CONTROL_FAIR : MENU_CONTROL_BAD;
 }
 
 static_assert(MENU_CONTROL_GOOD < MENU_CONTROL_FAIR && MENU_CONTROL_FAIR < MENU_CONTROL_BAD);
@@ -24,8 +25,9 @@ static_assert(MENU_CONTROL_GOOD < MENU_CONTROL_FAIR && MENU_CONTROL_FAIR < MENU_
 bool TGuidanceState::operator==(TGuidanceState const& other) const
 {
     return isRecording == other.isRecording && hasLines == other.hasLines && hasFix == other.hasFix &&
-           areLinesShifted == other.areLinesShifted && centimetresOffLine == other.centimetresOffLine &&
-           zoomLevel == other.zoomLevel;
+           areLinesShifted == other.areLinesShifted && canShiftLeft == other.canShiftLeft &&
+           canShiftRight == other.canShiftRight && centimetresOffLine == other.centimetresOffLine &&
+           lightBarStep == other.lightBarStep && zoomLevel == other.zoomLevel;
 }
 
 void TGuidanceJudge::Take(TGuidanceState const& state)
@@ -36,8 +38,8 @@ void TGuidanceJudge::Take(TGuidanceState const& state)
     m_Elements.record.Show(record);
     m_Elements.recordShortcut.Show(record);
     m_Elements.lines.Show({ControlOfLines(state)});
-    m_Elements.shiftLeft.Show({MENU_CONTROL_PLAIN, state.hasLines});
-    m_Elements.shiftRight.Show({MENU_CONTROL_PLAIN, state.hasLines});
+    m_Elements.shiftLeft.Show({MENU_CONTROL_PLAIN, state.canShiftLeft});
+    m_Elements.shiftRight.Show({MENU_CONTROL_PLAIN, state.canShiftRight});
     m_Elements.centre.Show({MENU_CONTROL_PLAIN, state.areLinesShifted});
     m_Elements.zoomIn.Show({MENU_CONTROL_PLAIN, state.zoomLevel < TMapView::ZoomLevelCount - 1});
     m_Elements.zoomOut.Show({MENU_CONTROL_PLAIN, state.zoomLevel > 0});
@@ -49,7 +51,7 @@ int TGuidanceJudge::ControlOfLines(TGuidanceState const& state)
 {
     if (!state.hasLines || !state.hasFix)
         return MENU_CONTROL_PLAIN;
-    m_LinesControl = qBound(ControlAt(state.centimetresOffLine), m_LinesControl,
-                            ControlAt(state.centimetresOffLine + Slack));
+    m_LinesControl = qBound(ControlAt(state.centimetresOffLine, state.lightBarStep), m_LinesControl,
+                            ControlAt(state.centimetresOffLine + Slack, state.lightBarStep));
     return m_LinesControl;
 }

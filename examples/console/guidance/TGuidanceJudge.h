@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LightBarScale.h"
 #include "TMenuElement.h"
 
 /// What the guidance's menus have to know of machine and map, at one moment.
@@ -9,7 +10,10 @@ struct TGuidanceState
     bool hasLines = false;
     bool hasFix = false;
     bool areLinesShifted = false;
+    bool canShiftLeft = false;
+    bool canShiftRight = false;
     int centimetresOffLine = 0; ///< to either side
+    int lightBarStep = LightBarScale::StandardStep;
     int zoomLevel = 0;
 
     bool operator==(TGuidanceState const& other) const;
@@ -30,14 +34,12 @@ struct TGuidanceElements
     TMenuElement farView;
 };
 
-/// Decides how they look. For one thread.
+/// Decides how they look: the lines have the colour of the light bar. For one thread.
 class TGuidanceJudge
 {
 public:
-    static constexpr int GoodCentimetres = 10; ///< green up to here, as on the light bar
-    static constexpr int FairCentimetres = 20; ///< yellow up to here
-    /// How much nearer than that the line has to be for a better colour to come back: one that changes with
-    /// every breath tells nothing.
+    /// How much nearer than where the light bar changes its colour the line has to be for a better colour to
+    /// come back: one that changes with every breath tells nothing.
     static constexpr int Slack = 2;
 
     void SetElements(TGuidanceElements const& elements) { m_Elements = elements; }

@@ -78,6 +78,9 @@ TGuidanceState TGuidanceMenu::State() const
     state.hasLines = m_Machine->Field().hasLines;
     state.hasFix = m_Machine->Fix().IsValid();
     state.areLinesShifted = m_Machine->LineShift() != 0.0;
+    state.canShiftLeft = m_Machine->CanShiftLines(-TMachine::LineShiftStep);
+    state.canShiftRight = m_Machine->CanShiftLines(TMachine::LineShiftStep);
+    state.lightBarStep = m_Machine->LightBarStep();
     state.centimetresOffLine = qRound(qAbs(m_Machine->OffLine()) * CentimetresPerMetre);
     state.zoomLevel = m_Window->ZoomLevel();
     return state;

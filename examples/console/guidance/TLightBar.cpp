@@ -9,11 +9,7 @@
 
 namespace
 {
-constexpr int LightsPerSide = 7;
-constexpr int CentimetresPerLight = 5;
 constexpr double CentimetresPerMetre = 100.0;
-constexpr int GreenLights = 2;
-constexpr int YellowLights = 4;
 constexpr int NumberWidth = 106;
 constexpr int NumberSize = 26;
 constexpr int Gap = 3;
@@ -23,9 +19,9 @@ QColor const DarkLight(58, 62, 68);
 
 QColor LightColor(int distance)
 {
-    if (distance <= GreenLights)
+    if (distance <= LightBarScale::GreenLights)
         return {90, 220, 100};
-    return distance <= YellowLights ? QColor(245, 205, 60) : QColor(240, 70, 60);
+    return distance <= LightBarScale::YellowLights ? QColor(245, 205, 60) : QColor(240, 70, 60);
 }
 } // namespace
 
@@ -46,6 +42,15 @@ void TLightBar::SetOffset(double metres, bool isKnown)
     update();
 }
 
+void TLightBar::SetStep(int step)
+{
+    int const centimetres = LightBarScale::Centimetres(step);
+    if (centimetres == m_CentimetresPerLight)
+        return;
+    m_CentimetresPerLight = centimetres;
+    update();
+}
+
 QString TLightBar::Text() const
 {
     return m_IsKnown ? Quantities::Offset.Text(qAbs(m_Centimetres) / CentimetresPerMetre)
@@ -60,10 +65,9 @@ void TLightBar::paintEvent(QPaintEvent* event)
     QRect const number((width() - NumberWidth) / 2, 0, NumberWidth, height());
     ConsoleText::Draw(&painter, number, Qt::AlignCenter, Text(), NumberSize, regularTextColor);
 
-    int const lightWidth = (number.left() - Margin) / LightsPerSide;
-    int const lit =
-        qMin(LightsPerSide, (qAbs(m_Centimetres) + CentimetresPerLight / 2) / CentimetresPerLight);
-    for (int light = 1; light <= LightsPerSide; ++light)
+    int const lightWidth = (number.left() - Margin) / LightBarScale::LightsPerSide;
+    int const lit = LightBarScale::LitLights(m_Centimetres, m_CentimetresPerLight);
+    for (int light = 1; light <= LightBarScale::LightsPerSide; ++light)
     {
         bool const isLit = light <= lit;
         QRect const left(number.left() - light * lightWidth, Margin, lightWidth - Gap, height() - 2 * Margin);

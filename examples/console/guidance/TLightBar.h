@@ -1,5 +1,7 @@
 #pragma once
 
+#include "LightBarScale.h"
+
 #include <QWidget>
 
 /// How far the machine is beside its line, as a row of lights and as a number. The lights tell which way to
@@ -13,6 +15,8 @@ public:
 
     /// Metres to the right of the line; with \a isKnown false the bar is dark.
     void SetOffset(double metres, bool isKnown);
+    /// What one light stands for, an index into LightBarScale::Steps.
+    void SetStep(int step);
     /// The number as the operator sees it.
     QString Text() const;
 
@@ -21,5 +25,6 @@ protected:
 
 private:
     int m_Centimetres = 0;
+    int m_CentimetresPerLight = LightBarScale::Centimetres(LightBarScale::StandardStep);
     bool m_IsKnown = false;
 };

@@ -183,8 +183,21 @@ int TMachine::NearestLine() const
 
 void TMachine::ShiftLines(double metres)
 {
-    if (m_Field.hasLines && !std::isnan(metres))
-        SetLineShift(m_LineShift + (IsDrivenTheOtherWay() ? -metres : metres));
+    if (CanShiftLines(metres))
+        SetLineShift(LineShiftAfter(metres));
+}
+
+bool TMachine::CanShiftLines(double metres) const
+{
+    return m_Field.hasLines && !std::isnan(metres) && LineShiftAfter(metres) != m_LineShift;
+}
+
+// In whole millimetres: steps to and fro end where they began.
+double TMachine::LineShiftAfter(double metres) const
+{
+    double const wanted = m_LineShift + (IsDrivenTheOtherWay() ? -metres : metres);
+    double const held = qBound(-LargestLineShift, wanted, LargestLineShift);
+    return std::round(held * MillimetresPerMetre) / MillimetresPerMetre;
 }
 
 void TMachine::CentreLines()
@@ -192,14 +205,20 @@ void TMachine::CentreLines()
     SetLineShift(0.0);
 }
 
-// In whole millimetres: steps to and fro end where they began.
 void TMachine::SetLineShift(double metres)
 {
-    double const held = qBound(-LargestLineShift, metres, LargestLineShift);
-    double const shift = std::round(held * MillimetresPerMetre) / MillimetresPerMetre;
-    if (shift == m_LineShift)
+    if (metres == m_LineShift)
         return;
-    m_LineShift = shift;
+    m_LineShift = metres;
+    Q_EMIT SwitchesChanged();
+}
+
+void TMachine::SetLightBarStep(int step)
+{
+    int const held = qBound(0, step, LightBarScale::StepCount - 1);
+    if (held == m_LightBarStep)
+        return;
+    m_LightBarStep = held;
     Q_EMIT SwitchesChanged();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "IPositionSource.h"
+#include "LightBarScale.h"
 #include "TBoom.h"
 #include "TCoverageMap.h"
 
@@ -62,8 +63,14 @@ public:
     /// By \a metres to the right, seen along the drive, and no farther away than LargestLineShift. Nothing
     /// without lines, and for what is no number.
     void ShiftLines(double metres);
+    /// Whether ShiftLines() would move them at all.
+    bool CanShiftLines(double metres) const;
     /// Back to where the field has them.
     void CentreLines();
+    /// Metres that one light of the light bar stands for, as an index into LightBarScale::Steps.
+    int LightBarStep() const { return m_LightBarStep; }
+    /// Held to the range.
+    void SetLightBarStep(int step);
 
     /// Whether what is sprayed is also noted in Coverage() and AreaDone(). True at first.
     bool IsRecording() const { return m_IsRecording; }
@@ -113,7 +120,8 @@ Q_SIGNALS:
     void Moved();
     /// \a ground was covered just now, and recorded, before Moved().
     void Covered(QPolygonF const& ground);
-    /// A switch, the rate, the tank, the nozzles, the boom or the lines were changed by hand.
+    /// A switch, the rate, the tank, the nozzles, the boom, the lines or the light bar were changed by
+    /// hand.
     void SwitchesChanged();
     /// The tank has become nearly empty. Once for each filling.
     void TankBecameLow();
@@ -128,6 +136,7 @@ private:
     QPointF AcrossLines() const;
     double SignedDistance(int* line) const;
     bool IsDrivenTheOtherWay() const;
+    double LineShiftAfter(double metres) const;
     void SetLineShift(double metres);
     void StopFlow();
     void SetTank(double litres);
@@ -144,6 +153,7 @@ private:
     TCoverageMap m_Coverage;
     double m_AreaDone = 0.0;
     double m_LineShift = 0.0;
+    int m_LightBarStep = LightBarScale::StandardStep;
     bool m_IsRecording = true;
     bool m_IsMasterOn = true;
     std::array<bool, TBoom::SectionCount> m_IsSectionOn;

@@ -61,6 +61,8 @@ void LoadMachine(TMachine* machine)
     if (auto const flow =
             Number(SETTING_NOZZLE_FLOW, {TMachine::SmallestNozzleFlow, TMachine::LargestNozzleFlow}))
         machine->SetNozzleFlow(*flow);
+    if (auto const step = Number(SETTING_LIGHT_BAR_STEP, {0.0, LightBarScale::StepCount - 1.0}))
+        machine->SetLightBarStep(qRound(*step));
     for (int section = 0; section < TBoom::SectionCount; ++section)
     {
         if (auto const width = Number(SETTING_SECTION_WIDTH + section,

@@ -12,13 +12,14 @@ namespace ConsoleSettings
 /// The numbers of the settings. Sections count on from theirs.
 enum ESetting
 {
-    SETTING_TANK_SIZE = 90020,     ///< double, litres
-    SETTING_NOZZLE_FLOW = 90021,   ///< double, litres per minute
-    SETTING_SECTION_WIDTH = 90030, ///< double, metres, of the first section
-    SETTING_OPERATOR = 90040,      ///< QString
-    SETTING_START_DAY = 90041,     ///< double, Julian day number
-    SETTING_START_TIME = 90042,    ///< double, hours
-    SETTING_SERVER = 90043         ///< QString, an IP address
+    SETTING_LIGHT_BAR_STEP = 90010, ///< int, an index into LightBarScale::Steps
+    SETTING_TANK_SIZE = 90020,      ///< double, litres
+    SETTING_NOZZLE_FLOW = 90021,    ///< double, litres per minute
+    SETTING_SECTION_WIDTH = 90030,  ///< double, metres, of the first section
+    SETTING_OPERATOR = 90040,       ///< QString
+    SETTING_START_DAY = 90041,      ///< double, Julian day number
+    SETTING_START_TIME = 90042,     ///< double, hours
+    SETTING_SERVER = 90043          ///< QString, an IP address
 };
 
 /// Hands what is stored to \a machine and \a job, notes when a job begins of which nothing is stored, and

@@ -1,8 +1,10 @@
 #include "TMachinePage.h"
 
 #include "ConfigManager.h"
+#include "ConsoleSettings.h"
 #include "SetupScreens.h"
 #include "TChoiceRow.h"
+#include "TMachine.h"
 #include "TQuantity.h"
 #include "TUnitSettings.h"
 
@@ -13,7 +15,7 @@ namespace
 constexpr int MostChoices = 4;
 } // namespace
 
-/// A thing that the machine has in one of a few ways. Its choice is kept as a number, the first at first.
+/// A thing that the machine has in one of a few ways. Its choice is kept as a number.
 struct TMachinePage::TEquipment
 {
     char const* screen; ///< on which it stands
@@ -23,6 +25,9 @@ struct TMachinePage::TEquipment
     char const* choices[MostChoices]; ///< none where they are lengths
     double lengths[MostChoices] = {}; ///< metres
     int lengthCount = 0;
+    int standard = 0; ///< the choice where nothing is stored
+    /// Who else has to know of a choice.
+    void (TMachine::*takeUp)(int choice) = nullptr;
 };
 
 namespace
@@ -86,12 +91,14 @@ constexpr TEquipment Equipment[] = {
      {QT_TRANSLATE_NOOP("TMachinePage", "Satellites"), QT_TRANSLATE_NOOP("TMachinePage", "Wheel"),
       QT_TRANSLATE_NOOP("TMachinePage", "Radar"), nullptr}},
     {SetupScreens::LightBar,
-     90010,
+     ConsoleSettings::SETTING_LIGHT_BAR_STEP,
      QT_TRANSLATE_NOOP("TMachinePage", "Light bar step"),
      QT_TRANSLATE_NOOP("TMachinePage", "How far off track one light stands for"),
      {},
-     {0.02, 0.05, 0.1},
-     3},
+     {LightBarScale::Steps[0], LightBarScale::Steps[1], LightBarScale::Steps[2]},
+     LightBarScale::StepCount,
+     LightBarScale::StandardStep,
+     &TMachine::SetLightBarStep},
 };
 
 QString Text(char const* text)
@@ -113,8 +120,9 @@ QStringList ChoicesOf(TEquipment const& equipment)
 }
 } // namespace
 
-TMachinePage::TMachinePage(QWidget* parent, QString const& screen)
+TMachinePage::TMachinePage(QWidget* parent, QString const& screen, TMachine* machine)
     : TSetupPage(parent)
+    , m_Machine(machine)
 {
     for (TEquipment const& equipment : Equipment)
     {
@@ -130,9 +138,11 @@ void TMachinePage::AddEquipment(TEquipment const& equipment)
     auto* const row =
         new TChoiceRow(Content(), Text(equipment.caption), Text(equipment.toolTip), ChoicesOf(equipment));
     connect(row, &TChoiceRow::Chosen, this,
-            [row, setting = equipment.setting](int choice)
+            [this, row, &equipment](int choice)
             {
-                ConfigManager::Instance()->Write(setting, choice, true);
+                ConfigManager::Instance()->Write(equipment.setting, choice, true);
+                if (equipment.takeUp)
+                    (m_Machine->*equipment.takeUp)(choice);
                 row->SetChoice(choice);
             });
     m_Rows.append({row, &equipment});
@@ -148,5 +158,8 @@ void TMachinePage::ShowUnitsAnew()
 void TMachinePage::Sync()
 {
     for (TRow const& row : qAsConst(m_Rows))
-        row.choices->SetChoice(ConfigManager::Instance()->Read(row.equipment->setting).toInt());
+    {
+        QVariant const stored = ConfigManager::Instance()->Read(row.equipment->setting);
+        row.choices->SetChoice(stored.isValid() ? stored.toInt() : row.equipment->standard);
+    }
 }

@@ -3,6 +3,7 @@
 #include "TSetupPage.h"
 
 class TChoiceRow;
+class TMachine;
 
 /// What the machine is fitted with, row by row, as far as it belongs on one of the screens. Every choice
 /// takes effect at once and stays.
@@ -13,8 +14,8 @@ class TMachinePage : public TSetupPage
 public:
     struct TEquipment;
 
-    /// \a screen is one of SetupScreens.
-    TMachinePage(QWidget* parent, QString const& screen);
+    /// \a screen is one of SetupScreens. \a machine has to live longer.
+    TMachinePage(QWidget* parent, QString const& screen, TMachine* machine);
 
     void Sync() override;
 
@@ -28,5 +29,6 @@ private:
     void AddEquipment(TEquipment const& equipment);
     void ShowUnitsAnew();
 
+    TMachine* m_Machine;
     QVector<TRow> m_Rows;
 };

@@ -55,7 +55,7 @@ void TMachineSetupWindow::MakePages()
     QWidget* const content = GetWindowContent();
     for (char const* const screen :
          {SetupScreens::Steering, SetupScreens::Receiver, SetupScreens::Equipment, SetupScreens::LightBar})
-        AddPage(screen, new TMachinePage(content, QLatin1String(screen)));
+        AddPage(screen, new TMachinePage(content, QLatin1String(screen), m_Machine));
     AddPage(SetupScreens::Tank, new TTankPage(content, m_Machine));
     AddPage(SetupScreens::Sections, new TSectionsPage(content, m_Machine));
     AddPage(SetupScreens::Nozzles, new TNozzlesPage(content, m_Machine));
