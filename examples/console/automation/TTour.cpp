@@ -18,6 +18,7 @@
 #include "TSetupModule.h"
 #include "TSprayerModule.h"
 #include "TSystemSettingsProxy.h"
+#include "TTaskToolBar.h"
 #include "TVirtualTime.h"
 #include "TWindowManager.h"
 
@@ -377,7 +378,12 @@ void TTour::ShowSetup()
 // Every one that this console has, and a row on its way.
 void TTour::ShowSetupScreens()
 {
-    auto* const menu = m_Console->Screen()->findChild<TSetupMenu*>();
+    auto const* const menu = m_Console->Screen()->findChild<TSetupMenu*>();
+    if (!menu)
+    {
+        Fail(QStringLiteral("the setup has no menu"));
+        return;
+    }
     auto const screens = menu->AvailableScreens();
     for (QString const& screen : screens)
     {
@@ -394,6 +400,11 @@ void TTour::ShowSetupScreens()
 void TTour::OpenSetup(QString const& screen)
 {
     auto const* const menu = m_Console->Screen()->findChild<TSetupMenu*>();
+    if (!menu)
+    {
+        Fail(QStringLiteral("there is no setup to show %1").arg(screen));
+        return;
+    }
     int end = 0;
     do
     {
@@ -636,8 +647,8 @@ void TTour::PressInMenu(QString const& objectName)
     auto const buttons = m_Console->Screen()->findChildren<TPushButton*>(objectName);
     for (TPushButton* const button : buttons)
     {
-        bool const isInMenu = button->parent() && button->parent()->inherits("TMenuBar");
-        if (isInMenu && button->isVisible() && m_Operator.Tap(static_cast<QWidget*>(button)))
+        bool const isInBar = qobject_cast<TTaskToolBar*>(button->parentWidget());
+        if (isInBar && button->isVisible() && m_Operator.Tap(static_cast<QWidget*>(button)))
             return;
     }
     Fail(QStringLiteral("no element %1 can be pressed before picture %2").arg(objectName).arg(m_Number + 1));
