@@ -20,7 +20,9 @@
 #include "TQuantity.h"
 #include "TSprayerMenu.h"
 #include "TSprayerModule.h"
+#include "TTaskToolBar.h"
 
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <atomic>
@@ -102,7 +104,7 @@ struct TMenuStage : TStage
         auto const buttons = console.Screen()->findChildren<TPushButton*>(QLatin1String(name));
         for (TPushButton* const button : buttons)
         {
-            if (button->isVisible() && button->parent()->inherits("TMenuBar"))
+            if (button->isVisible() && qobject_cast<TTaskToolBar*>(button->parentWidget()))
                 return button;
         }
         return nullptr;
@@ -275,7 +277,8 @@ private Q_SLOTS:
         QVERIFY(stage.Tap(stage.MenuButton("sections")));
         QVERIFY(stage.Tap(stage.MenuButton("section-4")));
         QVERIFY(!stage.Machine().IsSectionOn(3));
-        QCOMPARE(stage.Control("sprayer/sections/section-4"), int(MENU_CONTROL_PLAIN));
+        QCOMPARE(stage.Control("sprayer/sections/section-4"), int(MENU_CONTROL_BAD));
+        QCOMPARE(stage.Element("sprayer/sections/section-4").GetName(), QStringLiteral("Section 4"));
         QVERIFY(stage.IsOpen("sprayer/sections"));
         QVERIFY(stage.Tap(stage.MenuButton("all-sections")));
         QVERIFY(stage.Machine().IsSectionOn(3));
@@ -318,14 +321,20 @@ private Q_SLOTS:
     {
         QTemporaryDir folder;
         TMenuStage stage(folder.path());
-        auto* const window = stage.console.Screen()->findChild<TGuidanceFullWindow*>();
-        QVERIFY(window);
-        window->SetZoomLevel(TMapView::ZoomLevelCount);
+        QWidget* const in = stage.Button(QStringLiteral("icon-zoom-in"));
+        QWidget* const out = stage.Button(QStringLiteral("icon-zoom-out"));
+        // Whatever moves must not bring the menu up to date by the way.
+        QObject::disconnect(&stage.Machine(), &TMachine::Moved, nullptr, nullptr);
+        QVERIFY(stage.finger.Tap(in));
         stage.time.Pass(0);
         QVERIFY(!stage.Element("guidance/map/zoom-in").IsEnabled());
-        window->SetZoomLevel(0);
-        stage.time.Pass(0);
-        QVERIFY(stage.Element("guidance/map/zoom-in").IsEnabled());
+        for (int level = TMapView::ZoomLevelCount - 1; level > 0; --level)
+        {
+            QVERIFY(stage.Element("guidance/map/zoom-out").IsEnabled());
+            QVERIFY(stage.finger.Tap(out));
+            stage.time.Pass(0);
+            QVERIFY(stage.Element("guidance/map/zoom-in").IsEnabled());
+        }
         QVERIFY(!stage.Element("guidance/map/zoom-out").IsEnabled());
     }
 
@@ -448,7 +457,7 @@ private Q_SLOTS:
         stage.Machine().SetMasterOn(false);
         stage.Machine().ShiftLines(1.0);
         stage.time.Pass(0);
-        QCOMPARE(stage.Control("sprayer/sections/section-1"), int(MENU_CONTROL_PLAIN));
+        QCOMPARE(stage.Control("sprayer/sections/section-1"), int(MENU_CONTROL_BAD));
         QCOMPARE(stage.Control("sprayer/sections"), int(MENU_CONTROL_FAIR));
         QCOMPARE(stage.Control("record"), int(MENU_CONTROL_PLAIN));
         QCOMPARE(stage.Control("master"), int(MENU_CONTROL_BAD));
@@ -588,6 +597,21 @@ private Q_SLOTS:
         QCoreApplication::processEvents();
         bench.machine.SetMasterOn(false);
         bench.console.WaitForWorkers();
+    }
+
+    void aModuleThatReturnsStandsBeforeTheShortcuts()
+    {
+        TBench bench;
+        TMenuSet other(&bench.console);
+        other.AddToRoot({QStringLiteral("other"), QStringLiteral("Other"), {}}, true);
+        other.AddShortcut({QStringLiteral("switch"), QStringLiteral("Switch"), {}}, TActivationConfig());
+        for (int i = 0; i < 3; ++i)
+        {
+            TSprayerMenu const sprayer(&bench.machine, &bench.console);
+            QStringList const root =
+                Paths(bench.manager).filter(QRegularExpression(QStringLiteral("^[^/]*$")));
+            QCOMPARE(root, QStringList({"other", "sprayer", "switch", "master"}));
+        }
     }
 
     void aThreadThatLooksAtTheMenusMeetsNoneThatIsGoing()

@@ -1,5 +1,6 @@
 #include "TGnssJudge.h"
 
+#include "FixRows.h"
 #include "MenuBench.h"
 #include "TestCase.h"
 
@@ -44,7 +45,7 @@ private Q_SLOTS:
         QTest::newRow("none") << FIX_NONE << int(MENU_CONTROL_BAD) << "no fix";
         QTest::newRow("estimated") << FIX_ESTIMATED << int(MENU_CONTROL_BAD) << "estimated";
         QTest::newRow("plain") << FIX_GNSS << int(MENU_CONTROL_BAD) << "GNSS";
-        QTest::newRow("differential") << FIX_DIFFERENTIAL << int(MENU_CONTROL_FAIR) << "differential";
+        QTest::newRow("differential") << FIX_DIFFERENTIAL << int(MENU_CONTROL_FAIR) << "DGNSS";
         QTest::newRow("float") << FIX_RTK_FLOAT << int(MENU_CONTROL_FAIR) << "RTK float";
         QTest::newRow("fixed") << FIX_RTK << int(MENU_CONTROL_GOOD) << "RTK fixed";
     }
@@ -57,7 +58,7 @@ private Q_SLOTS:
         QTEST(bench.Position(), "control");
         QTEST(bench.Quality(), "control");
         QTEST(bench.Name(1), "name");
-        QCOMPARE(bench.Name(0), QStringLiteral("Position: ") + bench.Name(1));
+        QCOMPARE(bench.Name(0), QStringLiteral("Position: ") + QualityText(quality));
     }
 
     void strayFixesChangeNothing()

@@ -20,6 +20,14 @@ struct TBench
     std::unique_ptr<TMenuWorker> worker =
         std::make_unique<TMenuWorker>(&console, QStringLiteral("test worker"));
 };
+
+QThread* ThreadOf(TMenuWorker* worker)
+{
+    QThread* thread = nullptr;
+    worker->Post([&thread] { thread = QThread::currentThread(); });
+    worker->Wait();
+    return thread;
+}
 } // namespace
 
 class TMenuWorkerTest : public QObject
@@ -64,13 +72,39 @@ private Q_SLOTS:
 
     void whereNothingWasPostedNobodyWaits()
     {
+        constexpr int Patience = 5000; // ms, for the worker's thread only
         TBench bench;
+        QThread* const thread = ThreadOf(bench.worker.get());
+        QObject place;
+        place.moveToThread(thread);
+        QSemaphore begun;
+        QSemaphore mayEnd;
+        bool wasReleased = false;
+        QMetaObject::invokeMethod(
+            &place,
+            [&]
+            {
+                begun.release();
+                wasReleased = mayEnd.tryAcquire(1, Patience);
+            },
+            Qt::QueuedConnection);
+        begun.acquire();
         bench.worker->Wait();
+        mayEnd.release();
+        bench.worker.reset();
+        QVERIFY(wasReleased);
+    }
+
+    void whereNoThreadRunsNobodyWaits()
+    {
+        TBench bench;
+        QThread* const thread = ThreadOf(bench.worker.get());
+        thread->quit();
+        QVERIFY(thread->wait());
         bool isDone = false;
         bench.worker->Post([&isDone] { isDone = true; });
         bench.worker->Wait();
-        bench.worker->Wait();
-        QVERIFY(isDone);
+        QVERIFY(!isDone);
     }
 
     void theEndWaitsForWorkThatHasBegun()

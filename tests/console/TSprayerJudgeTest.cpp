@@ -67,8 +67,8 @@ private Q_SLOTS:
         bench.state.isFlowing[2] = true;
         bench.Take();
         QCOMPARE(bench.Control(SECTION_1), int(MENU_CONTROL_GOOD));
-        QCOMPARE(bench.Control(SECTION_1 + 1), int(MENU_CONTROL_ON));
-        QCOMPARE(bench.Control(SECTION_1 + 2), int(MENU_CONTROL_PLAIN));
+        QCOMPARE(bench.Control(SECTION_1 + 1), int(MENU_CONTROL_FAIR));
+        QCOMPARE(bench.Control(SECTION_1 + 2), int(MENU_CONTROL_BAD));
         QCOMPARE(bench.Name(SECTION_1), QStringLiteral("before"));
     }
 

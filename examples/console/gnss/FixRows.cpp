@@ -60,6 +60,11 @@ QString QualityText(EFixQuality quality)
     return Translate("no fix");
 }
 
+QString ShortQualityText(EFixQuality quality)
+{
+    return quality == FIX_DIFFERENTIAL ? Translate("DGNSS") : QualityText(quality);
+}
+
 QVector<TTableRow> FixRows(TMachine const& machine)
 {
     TFix const& fix = machine.Fix();

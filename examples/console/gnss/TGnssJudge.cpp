@@ -37,7 +37,7 @@ void TGnssJudge::Take(TGnssState const& state)
     EFixQuality const quality = Judged();
     int const control = ControlOf(quality);
     m_Elements.position.Show({control, true, Translate("Position: %1").arg(QualityText(quality))});
-    m_Elements.quality.Show({control, true, QualityText(quality)});
+    m_Elements.quality.Show({control, true, ShortQualityText(quality)});
     m_Elements.satellites.Show({MENU_CONTROL_PLAIN, true,
                                 Translate("Satellites: %1").arg(isFix ? qMax(0, state.satellitesUsed) : 0)});
 }

@@ -3,6 +3,16 @@
 #include "TMenuManager.h"
 #include "TMenuWorker.h"
 
+#include <algorithm>
+
+namespace
+{
+bool IsOpener(TElementState const& element)
+{
+    return element.GetActivationConfig().GetMenuToToggle() != TActivationConfig::NoMenu;
+}
+} // namespace
+
 TConsoleMenu::TConsoleMenu(TMenuManager* manager)
     : m_Manager(manager)
     , m_Root(tr("Menus"))
@@ -23,7 +33,9 @@ void TConsoleMenu::RegisterViews(TScreen* screen)
 
 int TConsoleMenu::AddOpener(TElementState const& element)
 {
-    return m_Root.InsertElement(m_OpenerCount++, element);
+    std::vector<TElementState> const elements = m_Root.GetElementsState();
+    auto const end = std::find_if_not(elements.begin(), elements.end(), IsOpener);
+    return m_Root.InsertElement(static_cast<int>(std::distance(elements.begin(), end)), element);
 }
 
 int TConsoleMenu::AddShortcut(TElementState const& element)

@@ -46,6 +46,5 @@ private:
     TMenuManager* m_Manager;
     TMenuState m_Root;
     int m_RootID;
-    int m_OpenerCount = 0;
     QVector<TMenuWorker*> m_Workers;
 };

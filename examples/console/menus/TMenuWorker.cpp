@@ -20,7 +20,7 @@ TMenuWorker::~TMenuWorker()
 
 void TMenuWorker::Wait()
 {
-    if (!m_IsBusy)
+    if (!m_IsBusy || !m_Thread.isRunning())
         return;
     m_IsBusy = false;
     QMetaObject::invokeMethod(

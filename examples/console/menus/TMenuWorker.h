@@ -20,14 +20,15 @@ public:
     TMenuWorker(TMenuWorker const&) = delete;
     TMenuWorker& operator=(TMenuWorker const&) = delete;
 
-    /// Has \a work called in the thread, soon. It takes copies along of what it needs of the GUI thread.
+    /// Has \a work called in the thread, soon. It takes copies along of what it needs of the GUI thread, and
+    /// must not wait for that: the GUI thread may be waiting for the work.
     template<typename TWork>
     void Post(TWork work)
     {
         m_IsBusy = true;
         QMetaObject::invokeMethod(&m_Place, std::move(work), Qt::QueuedConnection);
     }
-    /// Comes back when all that was posted has been done.
+    /// Comes back when all that was posted has been done; at once where the thread does not run.
     void Wait();
 
 private:

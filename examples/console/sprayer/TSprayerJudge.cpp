@@ -11,12 +11,12 @@ QString Translate(char const* text)
     return QCoreApplication::translate("TSprayerJudge", text);
 }
 
-// The switch counts at once; what flows is known with the next fix.
+// In the colours of map and window. The switch counts at once; what flows is known with the next fix.
 int ControlOfSection(bool isOn, bool isFlowing)
 {
     if (!isOn)
-        return MENU_CONTROL_PLAIN;
-    return isFlowing ? MENU_CONTROL_GOOD : MENU_CONTROL_ON;
+        return MENU_CONTROL_BAD;
+    return isFlowing ? MENU_CONTROL_GOOD : MENU_CONTROL_FAIR;
 }
 } // namespace
 

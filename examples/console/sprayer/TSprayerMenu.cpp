@@ -41,7 +41,7 @@ void TSprayerMenu::BuildSections(TMenuSet::TPlace const& sections, TSprayerEleme
     {
         QString const number = QString::number(section + 1);
         elements->section[static_cast<size_t>(section)] =
-            m_Menus.Add(sections, {QStringLiteral("section-") + number, number, {}},
+            m_Menus.Add(sections, {QStringLiteral("section-") + number, tr("Section %1").arg(number), {}},
                         Call("OnToggleSection", ELEMENT_HIDE_NONE, section));
     }
 }
