@@ -20,7 +20,7 @@ struct TBench : TMenuBench
         elements.satellites = Add();
         judge.SetElements(elements);
     }
-    void Take(EFixQuality quality, int times = 1, int satellites = 12)
+    void Take(int quality, int times = 1, int satellites = 12)
     {
         for (int i = 0; i < times; ++i)
             judge.Take({quality, satellites});
@@ -108,7 +108,7 @@ private Q_SLOTS:
         QFETCH(int, quality);
         TBench bench;
         bench.Take(FIX_RTK);
-        bench.Take(static_cast<EFixQuality>(quality));
+        bench.Take(quality);
         QCOMPARE(bench.Quality(), int(MENU_CONTROL_BAD));
         QCOMPARE(bench.Name(1), QStringLiteral("no fix"));
     }

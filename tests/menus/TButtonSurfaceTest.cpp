@@ -54,10 +54,10 @@ public:
 
     TTestScreen screen;
     TTipPlatform platform;
-    TFinger finger;
+    QVector<int> clicks;
+    TFinger finger; // lifts before the clicks go
     QPointer<TButtonSurface> surface;
     QList<QPointer<TPushButton>> buttons;
-    QVector<int> clicks;
 };
 
 /// Leaves time for what must not happen.

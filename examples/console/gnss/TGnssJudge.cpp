@@ -31,7 +31,7 @@ void TGnssJudge::Take(TGnssState const& state)
     if (!isFix)
         m_Fixes.clear();
     else
-        m_Fixes.push_back(state.quality);
+        m_Fixes.push_back(static_cast<EFixQuality>(state.quality));
     if (m_Fixes.size() > Window)
         m_Fixes.pop_front();
     EFixQuality const quality = Judged();

@@ -8,7 +8,7 @@
 /// What the menus of the position have to know of one fix.
 struct TGnssState
 {
-    EFixQuality quality = FIX_NONE;
+    int quality = FIX_NONE; ///< an EFixQuality; anything else counts as none
     int satellitesUsed = 0;
 
     bool operator==(TGnssState const& other) const
@@ -36,7 +36,7 @@ public:
     static constexpr int StrayPerTen = 2; ///< so many of ten may be worse
 
     void SetElements(TGnssElements const& elements) { m_Elements = elements; }
-    /// One fix after another. A quality that is unknown counts as none.
+    /// One fix after another.
     void Take(TGnssState const& state);
 
 private:

@@ -27,7 +27,7 @@ struct TMachinePage::TEquipment
     int lengthCount = 0;
     int standard = 0; ///< the choice where nothing is stored
     /// Who else has to know of a choice.
-    void (TMachine::*takeUp)(int choice) = nullptr;
+    void (*takeUp)(TMachine& machine, int choice) = nullptr;
 };
 
 namespace
@@ -98,7 +98,7 @@ constexpr TEquipment Equipment[] = {
      {LightBarScale::Steps[0], LightBarScale::Steps[1], LightBarScale::Steps[2]},
      LightBarScale::StepCount,
      LightBarScale::StandardStep,
-     &TMachine::SetLightBarStep},
+     [](TMachine& machine, int choice) { machine.SetLightBarStep(choice); }},
 };
 
 QString Text(char const* text)
@@ -138,11 +138,11 @@ void TMachinePage::AddEquipment(TEquipment const& equipment)
     auto* const row =
         new TChoiceRow(Content(), Text(equipment.caption), Text(equipment.toolTip), ChoicesOf(equipment));
     connect(row, &TChoiceRow::Chosen, this,
-            [this, row, &equipment](int choice)
+            [this, row, what = &equipment](int choice)
             {
-                ConfigManager::Instance()->Write(equipment.setting, choice, true);
-                if (equipment.takeUp)
-                    (m_Machine->*equipment.takeUp)(choice);
+                ConfigManager::Instance()->Write(what->setting, choice, true);
+                if (what->takeUp)
+                    what->takeUp(*m_Machine, choice);
                 row->SetChoice(choice);
             });
     m_Rows.append({row, &equipment});
