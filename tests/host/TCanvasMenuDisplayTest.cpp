@@ -486,7 +486,7 @@ private Q_SLOTS:
         }
         // The pace's timer does not run within sendPostedEvents().
         QVERIFY2(drawn.size() <= 2, qPrintable(QString::number(drawn.size())));
-        QTRY_COMPARE_WITH_TIMEOUT(button->GetText(), QStringLiteral("999"), 100);
+        QTRY_COMPARE(button->GetText(), QStringLiteral("999"));
     }
 
     void whatChangesBehindAnotherViewIsThereWhenItComesBack()
