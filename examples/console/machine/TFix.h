@@ -3,7 +3,7 @@
 #include <QMetaType>
 
 /// How good a position is; the better the later.
-enum EFixQuality
+enum EFixQuality : int // so that any number is defined, if none of these
 {
     FIX_NONE,
     FIX_ESTIMATED,
