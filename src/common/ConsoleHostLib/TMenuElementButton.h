@@ -22,8 +22,8 @@ public:
     /// The bar of the menu that the element has open; null for none.
     void SetOpenedBar(TMenuBar* bar);
 
-    /// Whether the wheel goes into the bar of the open menu: it is in sight, has something to stand on, and is
-    /// not the one with this button.
+    /// Whether the wheel goes into the bar of the open menu: it is in sight, has something to stand on, and
+    /// is not the one with this button.
     bool CanEnterOpenedBar() const;
     /// Whether the wheel's enter key pressed it last; asked once for each press.
     bool TakeWheelPress();
