@@ -43,12 +43,6 @@ std::vector<TMenuBar::TItem> Items(int menuID, std::vector<TElementState>&& elem
         items.push_back({menuID, std::move(element), isMenuEnabled});
     return items;
 }
-
-bool IsAnyDirty(std::vector<TElementState> const& elements)
-{
-    return std::any_of(elements.begin(), elements.end(),
-                       [](TElementState const& element) { return element.IsDirty(); });
-}
 } // namespace
 
 TCanvasMenuDisplay::TCanvasMenuDisplay(TMenuManager& manager, TCanvas* canvas)
@@ -90,19 +84,14 @@ TCanvasMenuDisplay::~TCanvasMenuDisplay()
 
 void TCanvasMenuDisplay::ToggleMenus()
 {
-    SetMenusVisible(!m_AreMenusVisible);
-    Q_EMIT MenuVisibilityChanged();
-}
-
-void TCanvasMenuDisplay::SetMenusVisible(bool visible)
-{
-    m_AreMenusVisible = visible;
+    m_AreMenusVisible = !m_AreMenusVisible;
     // They were not drawn behind the fold.
     for (int const menuID : qAsConst(m_Order))
         m_StaleMenus.insert(menuID);
     ShowStaleMenus();
     Arrange();
     tscreenRefreshMMIWidgets(m_Canvas);
+    Q_EMIT MenuVisibilityChanged();
 }
 
 bool TCanvasMenuDisplay::AreMenusVisible() const
@@ -154,10 +143,8 @@ TMenuElementButton* TCanvasMenuDisplay::EndOfPath() const
 {
     QList<TMenuElementButton*> const buttons = m_Canvas->findChildren<TMenuElementButton*>(m_PathEnd);
     auto const end = std::find_if(buttons.begin(), buttons.end(),
-                                  [](TMenuElementButton const* button) {
-                                      return button->isVisible() && button->parentWidget()->objectName() !=
-                                                                        QLatin1String(ShortcutBarName);
-                                  });
+                                  [this](TMenuElementButton const* button)
+                                  { return button->isVisible() && button->parentWidget() != m_ShortcutBar; });
     return end == buttons.end() || (*end)->CanEnterOpenedBar() ? nullptr : *end;
 }
 
@@ -332,6 +319,13 @@ TMenuBar* TCanvasMenuDisplay::BarOf(int menuID) const
 {
     auto const found = m_Bars.find(menuID);
     return found == m_Bars.end() ? nullptr : found->second;
+}
+
+// In the bar of its own menu; null while that has never been open.
+TMenuElementButton* TCanvasMenuDisplay::ButtonOf(TElementKey const& element) const
+{
+    TMenuBar const* const bar = BarOf(element.first);
+    return bar ? bar->ButtonOf(element.first, element.second) : nullptr;
 }
 
 TMenuBar* TCanvasMenuDisplay::OpenBar(int menuID)
@@ -515,9 +509,8 @@ void TCanvasMenuDisplay::ArrangeColumns()
         left -= WINDOW_TOOLBAR_BUTTON_WIDTH;
         bar->SetRoom(strip.height());
         TElementKey const opener = m_OpenedFrom.value(menuID, NoElement);
-        TMenuBar const* const parent = placed.contains(opener.first) ? BarOf(opener.first) : nullptr;
-        bar->move(left, TopBeside(parent ? parent->ButtonOf(opener.first, opener.second) : nullptr,
-                                  strip.top(), strip.top() + strip.height() - bar->height()));
+        bar->move(left, TopBeside(placed.contains(opener.first) ? ButtonOf(opener) : nullptr, strip.top(),
+                                  strip.top() + strip.height() - bar->height()));
         placed.insert(menuID);
     }
 }
@@ -537,15 +530,14 @@ void TCanvasMenuDisplay::TellWhatIsOpen()
     {
         TMenuBar* const bar = BarOf(menuID);
         TElementKey const opener = m_OpenedFrom.value(menuID, NoElement);
-        TMenuBar const* const parent = BarOf(opener.first);
-        TMenuElementButton const* const button =
-            parent ? parent->ButtonOf(opener.first, opener.second) : nullptr;
+        TMenuElementButton const* const button = ButtonOf(opener);
         if (menuID == root)
+        {
             bar->setObjectName(QLatin1String(RootBarName));
-        else
-            bar->setObjectName(button ? button->objectName() : QString());
-        if (menuID != root)
-            opened.insert(opener, bar);
+            continue;
+        }
+        bar->setObjectName(button ? button->objectName() : QString());
+        opened.insert(opener, bar);
     }
     for (auto const& bar : m_Bars)
         bar.second->SetOpenedBars(opened);

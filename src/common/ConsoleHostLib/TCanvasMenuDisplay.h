@@ -100,7 +100,6 @@ private:
     void OnLeftLimitChanged();
     void OnPressed(int menuID, int elementID, bool isByWheel);
     bool IsOpenBehindTheFold(TElementKey const& opener) const;
-    void SetMenusVisible(bool visible);
 
     void LookSoon();
     void CatchUp();
@@ -109,6 +108,7 @@ private:
     QList<int> MenusToShow() const;
     TElementKey OpenerOf(int menuID) const;
     TMenuBar* BarOf(int menuID) const;
+    TMenuElementButton* ButtonOf(TElementKey const& element) const;
     TMenuBar* OpenBar(int menuID);
     void CloseBar(int menuID);
     void RemoveForgottenBars();

@@ -79,7 +79,7 @@ int TMenuBar::TakeButtonFor(TItem const& item, std::vector<TSlot>& former)
     if (found != former.end())
         former.erase(found);
     m_Slots.push_back(slot);
-    auto* button = static_cast<TMenuElementButton*>(GetButton(slot.buttonID));
+    TMenuElementButton* button = ButtonAt(slot);
     if (!button)
     {
         button = new TMenuElementButton(this, slot.buttonID, m_IsShortcuts);
@@ -96,7 +96,7 @@ void TMenuBar::OnClicked(int buttonID)
                                    [buttonID](TSlot const& other) { return other.buttonID == buttonID; });
     if (slot == m_Slots.end())
         return;
-    bool const isByWheel = ButtonOf(slot->menuID, slot->elementID)->TakeWheelPress();
+    bool const isByWheel = ButtonAt(*slot)->TakeWheelPress();
     Q_EMIT ElementPressed(slot->menuID, slot->elementID, isByWheel);
 }
 
@@ -119,16 +119,22 @@ TMenuElementButton* TMenuBar::ButtonOf(int menuID, int elementID) const
     for (TSlot const& slot : m_Slots)
     {
         if (slot.menuID == menuID && slot.elementID == elementID)
-            return static_cast<TMenuElementButton*>(m_Buttons.value(slot.buttonID).button.data());
+            return ButtonAt(slot);
     }
     return nullptr;
+}
+
+// All buttons of the bar are its own making.
+TMenuElementButton* TMenuBar::ButtonAt(TSlot const& slot) const
+{
+    return static_cast<TMenuElementButton*>(m_Buttons.value(slot.buttonID).button.data());
 }
 
 void TMenuBar::SetOpenedBars(QHash<QPair<int, int>, TMenuBar*> const& opened)
 {
     for (TSlot const& slot : m_Slots)
     {
-        if (TMenuElementButton* const button = ButtonOf(slot.menuID, slot.elementID))
+        if (TMenuElementButton* const button = ButtonAt(slot))
             button->SetOpenedBar(opened.value({slot.menuID, slot.elementID}));
     }
 }

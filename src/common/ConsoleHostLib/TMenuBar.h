@@ -65,6 +65,7 @@ private:
         int elementID;
     };
 
+    TMenuElementButton* ButtonAt(TSlot const& slot) const;
     int TakeButtonFor(TItem const& item, std::vector<TSlot>& former);
     void OnClicked(int buttonID);
     bool FollowUserSize();

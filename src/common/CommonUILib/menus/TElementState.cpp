@@ -1,5 +1,7 @@
 #include "TElementState.h"
 
+#include <algorithm>
+
 TElementState::TShared::TShared(TMMIDef const& leadsTo, TActivationConfig const& does, QString const& text,
                                 QString const& icon)
     : config(does)
@@ -97,4 +99,10 @@ void TElementState::SetCurrent(TElementState const& other)
     own.config.SetCurrent(other.m_Shared->config);
     own.name.current = other.m_Shared->name.current;
     own.iconName.current = other.m_Shared->iconName.current;
+}
+
+bool IsAnyDirty(std::vector<TElementState> const& elements)
+{
+    return std::any_of(elements.begin(), elements.end(),
+                       [](TElementState const& element) { return element.IsDirty(); });
 }

@@ -8,6 +8,8 @@
 #include <QSharedDataPointer>
 #include <QString>
 
+#include <vector>
+
 /// The state of one element of a menu: what it shows, what it does, where it leads. Each value stands beside
 /// the one last reported, so that a change is noticed once; see TMenuState, which holds the elements.
 ///
@@ -88,3 +90,6 @@ private:
     TCleanValue<int> m_ControlID;
     int m_ID = NoID;
 };
+
+/// Whether a value of one of them has changed since its last Clean().
+COMMONUILIB_EXPORT bool IsAnyDirty(std::vector<TElementState> const& elements);

@@ -36,12 +36,6 @@ bool SetEnabled(TMenuState* menu, bool enabled)
     return menu->SetEnabledInternal(enabled);
 }
 
-bool IsDirty(std::vector<TElementState> const& elements)
-{
-    return std::any_of(elements.begin(), elements.end(),
-                       [](TElementState const& element) { return element.IsDirty(); });
-}
-
 // Menus whose state was switched, to be told when the manager's lock is free.
 struct TSwitched
 {
@@ -260,7 +254,7 @@ bool TMenuManager::Start(int menuID, TMenuState* menu)
     Connect(menuID, menu);
     HandleMenuAdded(menuID);
     // What threads changed before they were listened to.
-    if (IsDirty(menu->GetElementsState()))
+    if (IsAnyDirty(menu->GetElementsState()))
         Looker(menuID)();
     return true;
 }
