@@ -8,6 +8,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <iterator>
 
 namespace
 {
@@ -95,8 +96,7 @@ void TSetupMenu::AddScreen(QString const& path, QString const& text, QString con
 {
     if (RowOf(path) < 0 || m_Ids.contains(path))
         return;
-    m_Screens.insert(path, false);
-    m_Order.append(path);
+    m_Screens.append(path);
     AddElement(path, text, toolTip, nullptr);
 }
 
@@ -122,15 +122,14 @@ void TSetupMenu::SetScreenAvailable(QString const& path, bool available)
     if (!m_Screens.contains(path))
         return;
     QPointer<TSetupMenu> const self(this);
-    m_Screens.insert(path, available);
     QString group = GroupOf(path);
     ShowElement(path, available);
     for (; self && !group.isEmpty(); group = GroupOf(group))
     {
         QString const below = group + Slash;
-        ShowElement(group, std::any_of(m_Order.cbegin(), m_Order.cend(),
+        ShowElement(group, std::any_of(m_Screens.cbegin(), m_Screens.cend(),
                                        [&](QString const& screen)
-                                       { return screen.startsWith(below) && m_Screens.value(screen); }));
+                                       { return screen.startsWith(below) && IsAvailable(screen); }));
     }
 }
 
@@ -142,18 +141,20 @@ void TSetupMenu::ShowElement(QString const& path, bool visible)
 QStringList TSetupMenu::AvailableScreens() const
 {
     QStringList screens;
-    for (QString const& screen : m_Order)
-    {
-        if (m_Screens.value(screen))
-            screens.append(screen);
-    }
+    std::copy_if(m_Screens.cbegin(), m_Screens.cend(), std::back_inserter(screens),
+                 [this](QString const& screen) { return IsAvailable(screen); });
     return screens;
+}
+
+bool TSetupMenu::IsAvailable(QString const& screen) const
+{
+    return m_Rows[RowOf(screen)].menu->GetElementVisibility(m_Ids.value(screen));
 }
 
 // Group by group; one of a single screen shows that by itself.
 bool TSetupMenu::ShowScreen(QString const& path)
 {
-    if (!m_Screens.value(path))
+    if (!m_Screens.contains(path) || !IsAvailable(path))
         return false;
     // Slots hear of the screen before this is done.
     QString const screen = path;

@@ -79,6 +79,7 @@ private:
     int RowOf(QString const& path) const;
     void AddElement(QString const& path, QString const& text, QString const& toolTip, TConfigMenu* subMenu);
     void ShowElement(QString const& path, bool visible);
+    bool IsAvailable(QString const& screen) const;
     void Choose(QString const& path);
     void Page(bool forward);
 
@@ -93,10 +94,9 @@ private:
     void UpdateHeight();
 
     QVector<TRow> m_Rows;
-    QHash<QString, int> m_Ids;      // of the elements, by path
-    QHash<QString, int> m_Groups;   // the rows that they open, by path
-    QHash<QString, bool> m_Screens; // whether they are available, by path
-    QStringList m_Order;
+    QHash<QString, int> m_Ids;    // of the elements, by path
+    QHash<QString, int> m_Groups; // the rows that they open, by path
+    QStringList m_Screens;        // in the order in which the wheel comes to them
     QString m_Screen;
     bool m_IsPaging = false;
     int m_LevelCount = 1;
