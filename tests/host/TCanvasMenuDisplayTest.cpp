@@ -325,19 +325,14 @@ private Q_SLOTS:
     void aLongMenuIsCutAndDragged()
     {
         TMenuStage stage;
-        for (int i = 0; i < 25; ++i)
-            stage.Add(stage.tank, "more");
+        stage.AddMore(stage.tank, 25);
         stage.Unfold();
         stage.Open("menus", "tank");
         TTaskToolBar* const bar = stage.Bar("tank");
         QCOMPARE(stage.OnCanvas(bar).top(), stage.Strip().top());
         QCOMPARE(bar->height(), stage.Strip().height());
         int const before = stage.Button("tank", "drain")->y();
-        TFinger finger(stage.screen.get());
-        QPoint const place = bar->mapTo(stage.screen.get(), bar->rect().center());
-        finger.Press(place);
-        finger.Move({place - QPoint(0, 60), place - QPoint(0, 120)});
-        finger.Lift();
+        stage.DragUp(bar, 120);
         stage.Settle();
         QVERIFY(stage.Button("tank", "drain")->y() < before);
         QCOMPARE(stage.receiver.TakeCalls(), QList<int>());
@@ -346,15 +341,10 @@ private Q_SLOTS:
     void whatIsScrolledStaysWhereItIsWhenAnElementComes()
     {
         TMenuStage stage;
-        for (int i = 0; i < 25; ++i)
-            stage.Add(stage.tank, "more");
+        stage.AddMore(stage.tank, 25);
         stage.Unfold();
         stage.Open("menus", "tank");
-        TFinger finger(stage.screen.get());
-        QPoint const place = stage.screen->mapFromGlobal(stage.Bar("tank")->mapToGlobal(QPoint(36, 300)));
-        finger.Press(place);
-        finger.Move({place - QPoint(0, 60), place - QPoint(0, 120)});
-        finger.Lift();
+        stage.DragUp(stage.Bar("tank"), 120);
         stage.Settle();
         int const scrolled = stage.Button("tank", "drain")->y();
         QVERIFY(scrolled < 0);
@@ -368,8 +358,7 @@ private Q_SLOTS:
     void aLongMenuStaysCutWhenTheButtonsGrow()
     {
         TMenuStage stage;
-        for (int i = 0; i < 25; ++i)
-            stage.Add(stage.tank, "more");
+        stage.AddMore(stage.tank, 25);
         stage.Unfold();
         stage.Open("menus", "tank");
         constexpr int HalfLarger = 2;
@@ -382,8 +371,7 @@ private Q_SLOTS:
     void aLongRootMenuLeavesShortcutsInSight()
     {
         TMenuStage stage;
-        for (int i = 0; i < 25; ++i)
-            stage.Add(stage.root, "more");
+        stage.AddMore(stage.root, 25);
         for (int i = 0; i < 5; ++i)
             stage.Add(stage.tank, "quick", true);
         stage.manager.ShowMenu(stage.tank.GetMenuID());
@@ -674,8 +662,7 @@ private Q_SLOTS:
     void theWheelBringsTheLastElementOfALongMenuIn()
     {
         TMenuStage stage;
-        for (int i = 0; i < 24; ++i)
-            stage.Add(stage.tank, "more");
+        stage.AddMore(stage.tank, 24);
         stage.Add(stage.tank, "last");
         stage.Unfold();
         stage.Open("menus", "tank");
@@ -777,16 +764,11 @@ private Q_SLOTS:
     void aMenuFollowsItsOpenerWhenThatIsDragged()
     {
         TMenuStage stage;
-        for (int i = 0; i < 25; ++i)
-            stage.Add(stage.root, "more");
+        stage.AddMore(stage.root, 25);
         stage.Unfold();
         stage.Open("menus", "tank");
         int const before = stage.OnCanvas(stage.Bar("tank")).top();
-        TFinger finger(stage.screen.get());
-        QPoint const place = stage.screen->mapFromGlobal(stage.Bar("menus")->mapToGlobal(QPoint(36, 300)));
-        finger.Press(place);
-        finger.Move({place - QPoint(0, 40), place - QPoint(0, 80)});
-        finger.Lift();
+        stage.DragUp(stage.Bar("menus"), 80);
         int const after = stage.OnCanvas(stage.Bar("tank")).top();
         QVERIFY(after < before);
         QCOMPARE(after, stage.OnCanvas(stage.Button("menus", "tank")).top());
@@ -795,16 +777,14 @@ private Q_SLOTS:
     void aScrolledMenuThatShrinksHasNoGap()
     {
         TMenuStage stage;
-        QList<int> more;
-        for (int i = 0; i < 25; ++i)
-            more << stage.Add(stage.tank, "more");
+        QList<int> const more = stage.AddMore(stage.tank, 25);
         stage.Unfold();
         stage.Open("menus", "tank");
         stage.navigator.PushWidget(stage.Bar("tank"));
         stage.navigator.OnWheelLeft();
         stage.Tick();
         QVERIFY(stage.Button("tank", "drain")->y() < 0);
-        for (int const id : qAsConst(more))
+        for (int const id : more)
         {
             TElementState element = stage.tank.GetElement(id);
             element.SetVisible(false);

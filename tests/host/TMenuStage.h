@@ -188,6 +188,15 @@ public:
         TFinger(screen.get()).Touch(widget);
         Settle();
     }
+    /// A finger draws the strip of the bar up by \a distance pixels.
+    void DragUp(QWidget* bar, int distance)
+    {
+        TFinger finger(screen.get());
+        QPoint const place = bar->mapTo(screen.get(), bar->rect().center());
+        finger.Press(place);
+        finger.Move({place - QPoint(0, distance / 2), place - QPoint(0, distance)});
+        finger.Lift();
+    }
     void Unfold()
     {
         if (!Display()->AreMenusVisible())
@@ -200,6 +209,14 @@ public:
     {
         return menu.AddElement(
             Element(name, TActivationConfig(&receiver, "Note", hideMode, m_NextArgument++), shortcut));
+    }
+    /// Elements that make a menu long; answers their ids.
+    QList<int> AddMore(TMenuState& menu, int count)
+    {
+        QList<int> ids;
+        for (int i = 0; i < count; ++i)
+            ids << Add(menu, "more");
+        return ids;
     }
     static int AddOpener(TMenuState& menu, char const* name, TMenuState const& target)
     {

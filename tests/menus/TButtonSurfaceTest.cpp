@@ -60,6 +60,14 @@ public:
     QList<QPointer<TPushButton>> buttons;
 };
 
+/// What the surface itself gets of a finger, \a place being counted in buttons from its left edge.
+QMouseEvent FingerAt(double place, QEvent::Type type)
+{
+    return QMouseEvent(type, QPointF(place * Side, 40),
+                       type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                       type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+}
+
 /// Leaves time for what must not happen.
 bool HasWaited()
 {
@@ -191,17 +199,13 @@ void TButtonSurfaceTest::aSlideOntoADisabledButtonClicksNothing()
 void TButtonSurfaceTest::aSlideThatBeginsBesideTheButtonsClicks()
 {
     TSurfaceStage stage;
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(3.5 * Side, 40), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QMouseEvent move(QEvent::MouseMove, QPointF(2.5 * Side, 40), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QMouseEvent release(QEvent::MouseButtonRelease, QPointF(2.5 * Side, 40), Qt::LeftButton, Qt::NoButton,
-                        Qt::NoModifier);
+    QMouseEvent press = FingerAt(3.5, QEvent::MouseButtonPress);
+    QMouseEvent move = FingerAt(2.5, QEvent::MouseMove);
+    QMouseEvent release = FingerAt(2.5, QEvent::MouseButtonRelease);
     QApplication::sendEvent(stage.surface, &press);
     QApplication::sendEvent(stage.surface, &move);
     QVERIFY(move.isAccepted());
-    QMouseEvent beside(QEvent::MouseMove, QPointF(3.5 * Side, 40), Qt::NoButton, Qt::LeftButton,
-                       Qt::NoModifier);
+    QMouseEvent beside = FingerAt(3.5, QEvent::MouseMove);
     QApplication::sendEvent(stage.surface, &beside);
     QVERIFY(!beside.isAccepted());
     // It may lift elsewhere than it was heard of last.
@@ -333,10 +337,8 @@ void TButtonSurfaceTest::aButtonThatIsHiddenInASlideIsLetGo()
 void TButtonSurfaceTest::aPressAfterALostReleaseBeginsAnew()
 {
     TSurfaceStage stage;
-    QMouseEvent press(QEvent::MouseButtonPress, QPointF(3.5 * Side, 40), Qt::LeftButton, Qt::LeftButton,
-                      Qt::NoModifier);
-    QMouseEvent move(QEvent::MouseMove, QPointF(2.5 * Side, 40), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
+    QMouseEvent press = FingerAt(3.5, QEvent::MouseButtonPress);
+    QMouseEvent move = FingerAt(2.5, QEvent::MouseMove);
     QApplication::sendEvent(stage.surface, &press);
     QApplication::sendEvent(stage.surface, &move);
     QVERIFY(stage.buttons.at(2)->isDown());
